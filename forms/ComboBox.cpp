@@ -1,0 +1,32 @@
+#include "forms/ComboBox.h"
+
+#include "platform/RuntimeError.h"
+
+namespace nv::forms {
+
+void ComboBox::clear() {
+  entries_.clear();
+  listIndex_ = none;
+  changed(Aspect::rows);
+  setText({});
+}
+
+void ComboBox::add(std::wstring entry) {
+  entries_.push_back(std::move(entry));
+  changed(Aspect::rows);
+}
+
+void ComboBox::setListIndex(int index) {
+  if (index < none || index >= listCount()) throw RuntimeError(ErrorNumber::invalidCall);
+  const bool differs = index != listIndex_;
+  listIndex_ = index;
+  changed(Aspect::row);
+  if (index == none) {
+    setText({});
+    return;
+  }
+  setText(entries_[static_cast<std::size_t>(index)]);
+  if (differs) click.raise();
+}
+
+}  // namespace nv::forms

@@ -1,0 +1,77 @@
+#include "forms/Control.h"
+
+#include "forms/Form.h"
+#include "forms/Frame.h"
+
+namespace nv::forms {
+
+Parent::Parent(Frame& frame) : form(frame.form()), frame(&frame) {}
+
+Control::Control(Parent parent, Kind kind, Name name) : parent_(parent), kind_(kind), name_(name) {
+  parent.form.add(*this);
+}
+
+std::wstring Control::fullName() const {
+  std::wstring name(name_.text);
+  if (name_.index != Name::noIndex) name += L"(" + std::to_wstring(name_.index) + L")";
+  return name;
+}
+
+void Control::setPlace(const Place& place) {
+  if (place == place_) return;
+  place_ = place;
+  changed(Aspect::place);
+}
+
+Twips Control::topInForm() const {
+  Twips top = place_.top;
+  for (const Frame* around = frame(); around != nullptr; around = around->frame()) top += around->place().top;
+  return top;
+}
+
+void Control::setVisible(bool visible) {
+  if (visible == visible_) return;
+  visible_ = visible;
+  changed(Aspect::visible);
+  form().leaveUnreachable();
+}
+
+void Control::setEnabled(bool enabled) {
+  if (enabled == enabled_) return;
+  enabled_ = enabled;
+  changed(Aspect::enabled);
+  form().leaveUnreachable();
+}
+
+bool Control::reachable() const {
+  const Control* control = this;
+  while (control != nullptr && control->available()) control = control->frame();
+  return control == nullptr;
+}
+
+void Control::setBackColor(Colour colour) {
+  if (colour == backColor_) return;
+  backColor_ = colour;
+  changed(Aspect::look);
+}
+
+void Control::setFont(Font font) {
+  if (font == font_) return;
+  font_ = std::move(font);
+  changed(Aspect::look);
+}
+
+bool Control::hasFocus() const {
+  return form().activeControl() == this;
+}
+
+void Control::setFocus() {
+  form().focus(*this);
+}
+
+const std::wstring& Control::noCaption() {
+  static const std::wstring none;
+  return none;
+}
+
+}  // namespace nv::forms

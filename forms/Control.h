@@ -1,0 +1,163 @@
+// What all controls have in common: name, place, flags, look, focus and keys. A control holds its own state and tells
+// the attached window, if there is one, what changed.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "forms/Event.h"
+#include "forms/Geometry.h"
+#include "forms/Keys.h"
+#include "forms/Look.h"
+#include "forms/Widgetset.h"
+
+namespace nv::forms {
+
+class Form;
+class Frame;
+
+/// The kinds that a widgetset realises and that restyling tells apart.
+enum class Kind {
+  label,
+  textBox,
+  frame,
+  checkBox,
+  optionButton,
+  comboBox,
+  dropDownList,
+  commandButton,
+  styledButton,
+  hyperlink,
+  image,
+  picture,
+};
+
+/// Where a control is put: on a form itself or in a frame of it.
+struct Parent {
+  Parent(Form& form) : form(form) {}  // NOLINT(google-explicit-constructor): a form is a parent
+  Parent(Frame& frame);               // NOLINT(google-explicit-constructor): and so is a frame
+  Form& form;
+  Frame* frame = nullptr;
+};
+
+/// A control's name; `index` is its place in a control array, or `noIndex`.
+struct Name {
+  static constexpr int noIndex = -1;
+  Name(const wchar_t* text, int index = noIndex)  // NOLINT(google-explicit-constructor): names are written as literals
+      : text(text), index(index) {}
+  std::wstring_view text;  // must outlive the control: a literal
+  int index;
+};
+
+class Control {
+ public:
+  Control(Parent parent, Kind kind, Name name);
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  Kind kind() const { return kind_; }
+  std::wstring_view name() const { return name_.text; }
+  int index() const { return name_.index; }
+  /// "lblAsterisk(2)" for a member of a control array, else the plain name.
+  std::wstring fullName() const;
+
+  Form& form() const { return parent_.form; }
+  /// The frame that the control stands in, or nullptr when it stands on the form itself.
+  Frame* frame() const { return parent_.frame; }
+
+  const Place& place() const { return place_; }
+  void setPlace(const Place& place);
+  void move(Twips left, Twips top) { setPlace({left, top, place_.width, place_.height}); }
+  /// Distance from the top of the form, whatever frames lie between.
+  Twips topInForm() const;
+
+  /// The control's own flags, whatever its frame's are.
+  bool visible() const { return visible_; }
+  bool enabled() const { return enabled_; }
+  void setVisible(bool visible);
+  void setEnabled(bool enabled);
+
+  /// Visible and enabled by its own flags: what handlers ask before they move the focus.
+  bool available() const { return visible_ && enabled_; }
+  /// Available, and so is every frame around it.
+  bool reachable() const;
+
+  Colour backColor() const { return backColor_; }
+  void setBackColor(Colour colour);
+  const Font& font() const { return font_; }
+  void setFont(Font font);
+
+  /// Free text of the form's author, for example to exempt the control from restyling.
+  const std::wstring& tag() const { return tag_; }
+  void setTag(std::wstring tag) { tag_ = std::move(tag); }
+
+  /// The text that a user sees on the control.
+  virtual const std::wstring& caption() const { return noCaption(); }
+  /// Whether "&" in the caption marks a mnemonic.
+  virtual bool usesMnemonic() const { return true; }
+
+  /// Whether the control can have the keyboard focus at all.
+  virtual bool takesFocus() const { return false; }
+  /// Whether Tab stops here (asked of reachable controls that take the focus).
+  virtual bool tabStop() const { return true; }
+  bool hasFocus() const;
+  /// Asks for the focus. Does nothing when the control does not take it, is not reachable, or its form is not shown.
+  void setFocus();
+
+  Event<> gotFocus;
+  Event<> lostFocus;
+  Event<KeyDown&> keyDown;
+  Event<wchar_t&> keyPress;  // a handler changes the character, or discards it by setting 0
+  Event<const MouseDown&> mouseDown;
+  Event<> click;
+
+  /// For the form: what the control does of itself with a key that no navigation rule took; true when it used the key.
+  virtual bool useKey(const KeyDown&) { return false; }
+  /// For the form: the focus came by Tab or a mnemonic, or is the form's first.
+  virtual void enteredByKeyboard() {}
+  /// For the form: what the control's mnemonic does once the control has the focus.
+  virtual void useMnemonic() {}
+
+  /// For the widgetset: connects or (nullptr) disconnects the control's window.
+  void attach(ControlPeer* peer) { peer_ = peer; }
+  ControlPeer* peer() const { return peer_; }
+
+ protected:
+  void changed(Aspect aspect) {
+    if (peer_ != nullptr) peer_->update(aspect);
+  }
+
+ private:
+  static const std::wstring& noCaption();
+
+  Parent parent_;
+  Kind kind_;
+  Name name_;
+  Place place_;
+  bool visible_ = true;
+  bool enabled_ = true;
+  Colour backColor_ = colours::buttonFace;
+  Font font_;
+  std::wstring tag_;
+  ControlPeer* peer_ = nullptr;
+};
+
+/// A control whose caption is its own text.
+class CaptionedControl : public Control {
+ public:
+  CaptionedControl(Parent parent, Kind kind, Name name, std::wstring caption)
+      : Control(parent, kind, name), caption_(std::move(caption)) {}
+
+  const std::wstring& caption() const override { return caption_; }
+  void setCaption(std::wstring caption) {
+    if (caption == caption_) return;
+    caption_ = std::move(caption);
+    changed(Aspect::text);
+  }
+
+ private:
+  std::wstring caption_;
+};
+
+}  // namespace nv::forms

@@ -1,0 +1,248 @@
+#include "forms/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/Button.h"
+#include "forms/FormList.h"
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+
+namespace nv::forms {
+
+namespace {
+
+/// The character behind the first single "&" of a caption, or 0; "&&" stands for the character itself.
+wchar_t mnemonicOf(const Control& control) {
+  if (!control.usesMnemonic()) return 0;
+  const std::wstring& caption = control.caption();
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != L'&') continue;
+    if (caption[i + 1] != L'&') return asciiUpper(caption[i + 1]);
+    ++i;
+  }
+  return 0;
+}
+
+bool isButton(const Control& control) {
+  return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
+}
+
+/// Keeps a flag raised.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Raised() { flag_ = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, std::wstring_view windowName,
+           Border border)
+    : widgetset_(widgetset), loadedForms_(loadedForms), name_(name), windowName_(windowName), border_(border) {}
+
+void Form::setCaption(std::wstring caption) {
+  if (caption == caption_) return;
+  caption_ = std::move(caption);
+  if (peer_) peer_->update(Aspect::text);
+}
+
+void Form::setSize(Twips width, Twips height) {
+  place_.width = width;
+  place_.height = height;
+  if (peer_) peer_->update(Aspect::place);
+}
+
+void Form::move(Twips left, Twips top) {
+  place_.left = left;
+  place_.top = top;
+  if (peer_) peer_->update(Aspect::place);
+}
+
+void Form::setBackColor(Colour colour) {
+  if (colour == backColor_) return;
+  backColor_ = colour;
+  if (peer_) peer_->update(Aspect::look);
+}
+
+void Form::load() {
+  if (loaded()) return;
+  if (life_ == Life::gone) throw RuntimeError(ErrorNumber::invalidCall);
+  const auto keep = shared_from_this();
+  life_ = Life::loaded;
+  loadedForms_.add(keep);
+  try {
+    Form_Load();
+    // The windows come last: they are made once, in the state that Form_Load arranged.
+    if (loaded()) peer_ = widgetset_.realise(*this);
+  } catch (...) {
+    detach();
+    throw;
+  }
+}
+
+void Form::show() {
+  const auto keep = shared_from_this();
+  load();
+  if (!loaded()) return;
+  shown_ = true;
+  peer_->show(false);
+  activated();
+}
+
+void Form::showModal() {
+  const auto keep = shared_from_this();
+  load();
+  if (!loaded()) return;
+  if (shown_) throw RuntimeError(ErrorNumber::invalidCall);  // a form that is up already cannot become modal
+  try {
+    shown_ = true;
+    peer_->show(true);
+    activated();
+    if (loaded()) peer_->runModal();
+  } catch (...) {
+    detach();
+    throw;
+  }
+}
+
+void Form::unload(UnloadMode mode) {
+  if (!loaded()) return;
+  const auto keep = shared_from_this();
+  bool cancel = false;
+  if (mode == UnloadMode::code) {
+    Form_QueryUnload(cancel, mode);
+  } else {
+    // The user may press the close box again while the handler lets events run.
+    if (askedToUnload_) return;
+    const Raised asked(askedToUnload_);
+    Form_QueryUnload(cancel, mode);
+  }
+  if (!cancel) detach();
+}
+
+void Form::windowGone() {
+  const auto keep = shared_from_this();
+  detach();
+}
+
+void Form::detach() {
+  if (!loaded()) return;
+  life_ = Life::gone;
+  shown_ = false;
+  active_ = nullptr;
+  entered_ = nullptr;
+  for (Control* control : controls_) control->attach(nullptr);
+  if (peer_) peer_->close();
+  loadedForms_.remove(*this);
+}
+
+bool Form::active() const {
+  return loadedForms_.active() == this;
+}
+
+void Form::activated() {
+  if (!shown_ || active()) return;
+  loadedForms_.setActive(this);
+  Form_Activate();
+  if (shown_ && active_ == nullptr) tab(false);
+}
+
+void Form::focus(Control& control) {
+  if (!focusable(control)) return;
+  if (active_ == &control) {
+    if (control.peer() != nullptr) control.peer()->takeFocus();
+  } else {
+    makeActive(&control);
+  }
+}
+
+void Form::makeActive(Control* control) {
+  active_ = control;
+  if (control != nullptr && control->peer() != nullptr) control->peer()->takeFocus();
+  if (Control* const left = std::exchange(entered_, nullptr)) left->lostFocus.raise();
+  if (control == nullptr || active_ != control || entered_ == control) return;
+  entered_ = control;
+  control->gotFocus.raise();
+}
+
+void Form::leaveUnreachable() {
+  if (active_ == nullptr || active_->reachable()) return;
+  tab(false);
+  if (active_ != nullptr && !active_->reachable()) makeActive(nullptr);
+}
+
+void Form::tab(bool backward) {
+  const auto count = controls_.size();
+  const auto own = active_ == nullptr
+                       ? (backward ? 0 : count - 1)
+                       : static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
+  for (std::size_t step = 1; step <= count; ++step) {
+    Control& next = *controls_[(own + (backward ? count - step : step)) % count];
+    if (!focusable(next) || !next.tabStop()) continue;
+    focusByKeyboard(next);
+    return;
+  }
+}
+
+void Form::focusByKeyboard(Control& control) {
+  control.enteredByKeyboard();
+  focus(control);
+}
+
+void Form::sendKey(wchar_t key) {
+  if (peer_) peer_->sendKey(key);
+}
+
+bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
+  const auto keep = shared_from_this();
+  if (pressed.code == keys::tab && (pressed.shift & ~shiftKey) == 0) {
+    tab((pressed.shift & shiftKey) != 0);
+    return true;
+  }
+  if (pressed.code == keys::escape && pressed.shift == 0) {
+    for (Control* other : controls_) {
+      if (!isButton(*other) || !other->reachable() || !static_cast<Button*>(other)->cancels()) continue;
+      static_cast<Button*>(other)->press();
+      return true;
+    }
+  }
+  if (control.useKey(pressed)) return true;
+  KeyDown key = pressed;
+  control.keyDown.raise(key);
+  return key.code == 0 || !loaded();
+}
+
+wchar_t Form::characterTyped(Control& control, wchar_t character) {
+  const auto keep = shared_from_this();
+  Form_KeyPress(character);
+  if (character != 0 && loaded()) control.keyPress.raise(character);
+  return loaded() ? character : L'\0';
+}
+
+bool Form::mnemonicTyped(wchar_t character) {
+  const auto keep = shared_from_this();
+  const auto count = controls_.size();
+  const auto own = static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
+  for (std::size_t step = 1; step <= count; ++step) {
+    const std::size_t at = (own + step) % count;
+    const Control& owner = *controls_[at];
+    if (!owner.reachable() || mnemonicOf(owner) != asciiUpper(character)) continue;
+    // A control that cannot have the focus itself, a label or a frame, hands the mnemonic to the next one that can.
+    for (std::size_t next = at; next < count; ++next) {
+      Control& target = *controls_[next];
+      if (!focusable(target)) continue;
+      focusByKeyboard(target);
+      if (next == at && active_ == &target) target.useMnemonic();
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace nv::forms

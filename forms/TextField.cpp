@@ -1,0 +1,64 @@
+#include "forms/TextField.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nv::forms {
+
+namespace {
+
+/// Marks the time in which the handlers of the user's own text run.
+class Arriving {
+ public:
+  explicit Arriving(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
+  ~Arriving() { flag_ = outer_; }
+  Arriving(const Arriving&) = delete;
+  Arriving& operator=(const Arriving&) = delete;
+
+ private:
+  bool& flag_;
+  bool outer_;
+};
+
+}  // namespace
+
+void TextField::setText(std::wstring text) {
+  if (text == text_) return;
+  int caret = 0;
+  if (arriving_) {
+    const int behindCaret = static_cast<int>(text_.size()) - selection_.start - selection_.length;
+    caret = std::max(0, static_cast<int>(text.size()) - behindCaret);
+  }
+  text_ = std::move(text);
+  selection_ = {caret, 0};
+  changed(Aspect::text);
+  report(false);
+}
+
+void TextField::setMaxLength(int length) {
+  if (length == maxLength_) return;
+  maxLength_ = length;
+  changed(Aspect::limit);
+}
+
+void TextField::select(int start, int length) {
+  const int end = static_cast<int>(text_.size());
+  selection_.start = std::clamp(start, 0, end);
+  selection_.length = std::clamp(length, 0, end - selection_.start);
+  changed(Aspect::selection);
+}
+
+void TextField::arrive(std::wstring text, Selection selection) {
+  selection_ = selection;
+  if (text == text_) return;
+  text_ = std::move(text);
+  const Arriving arriving(arriving_);
+  report(true);
+}
+
+void TextField::report(bool byUser) {
+  textChanged(byUser);
+  change.raise();
+}
+
+}  // namespace nv::forms

@@ -1,0 +1,72 @@
+// Fields that the user types into: text boxes here; combo boxes and drop-down lists build on the same base.
+#pragma once
+
+#include "forms/Control.h"
+
+namespace nv::forms {
+
+/// Text with a selection and a caret. It changes in one way only: the user's text arrives (after the key events let it
+/// through) or code sets it; either way `change` is raised when the text differs.
+class TextField : public Control {
+ public:
+  const std::wstring& text() const { return text_; }
+
+  /// Sets the text, at any length. Inside a handler of the user's own typing the caret keeps its distance from the end,
+  /// so that a handler may cleanse or re-case what is typed in the middle; otherwise it goes to the start.
+  void setText(std::wstring text);
+
+  /// Bounds typing and pasting, in characters; 0 is no bound. Texts set by code keep their length.
+  int maxLength() const { return maxLength_; }
+  void setMaxLength(int length);
+
+  Selection selection() const { return peer() != nullptr ? peer()->selection() : selection_; }
+  /// Selects a part of the text; what lies beyond its end is cut off.
+  void select(int start, int length);
+  void selectAll() { select(0, static_cast<int>(text_.size())); }
+
+  bool takesFocus() const override { return true; }
+  /// The whole text is selected then, so that typing replaces it.
+  void enteredByKeyboard() override { selectAll(); }
+
+  Event<> change;
+
+  /// For the widgetset: the user's text has arrived. `selection` is where the caret stands now.
+  void arrive(std::wstring text, Selection selection);
+
+  /// For the widgetset and code that draws: the selection last set by code or arrived with a text.
+  Selection lastSelection() const { return selection_; }
+
+ protected:
+  TextField(Parent parent, Kind kind, Name name) : Control(parent, kind, name) {
+    setBackColor(colours::windowBackground);
+  }
+
+  /// Called after the text has changed, before `change`: lists join or part text and row here.
+  virtual void textChanged(bool /*byUser*/) {}
+
+ private:
+  void report(bool byUser);
+
+  std::wstring text_;
+  Selection selection_;
+  int maxLength_ = 0;
+  bool arriving_ = false;
+};
+
+class TextBox : public TextField {
+ public:
+  TextBox(Parent parent, Name name) : TextField(parent, Kind::textBox, name) {}
+
+  /// The character shown in place of every character of the text, or 0. What is read is never masked.
+  wchar_t passwordChar() const { return passwordChar_; }
+  void setPasswordChar(wchar_t character) {
+    if (character == passwordChar_) return;
+    passwordChar_ = character;
+    changed(Aspect::mask);
+  }
+
+ private:
+  wchar_t passwordChar_ = 0;
+};
+
+}  // namespace nv::forms

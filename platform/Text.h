@@ -1,0 +1,25 @@
+// Text rules that depend on no locale: they compare code units.
+#pragma once
+
+#include <string_view>
+
+namespace nv {
+
+/// Upper case of the letters a to z; every other character as it is.
+constexpr wchar_t asciiUpper(wchar_t c) {
+  return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+}
+
+/// Whether the character is one of the digits 0 to 9.
+constexpr bool isDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
+
+/// The text without the blanks (code 32, no other) at its ends.
+constexpr std::wstring_view trimmed(std::wstring_view text) {
+  const auto first = text.find_first_not_of(L' ');
+  if (first == std::wstring_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(L' ') - first + 1);
+}
+
+}  // namespace nv
