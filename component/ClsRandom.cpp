@@ -1,0 +1,176 @@
+#include "component/ClsRandom.h"
+
+#include "component/Trace.h"
+#include "dialogs/biller/frmRandomInfo.h"
+
+namespace nv {
+
+namespace {
+
+/// How an address that is a post-office box begins, as one text.
+constexpr std::wstring_view postOfficeBoxWords =
+    L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
+    L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
+
+std::vector<std::wstring> split(std::wstring_view text, wchar_t separator) {
+  std::vector<std::wstring> parts;
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t end = std::min(text.find(separator, start), text.size());
+    parts.emplace_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return parts;
+}
+
+/// Keeps the import flag set while the dialog is shown for an import.
+class Importing {
+ public:
+  explicit Importing(Store& store) : store_(store) { store_.importFlag = flagTrue; }
+  ~Importing() { store_.importFlag = flagFalse; }
+  Importing(const Importing&) = delete;
+  Importing& operator=(const Importing&) = delete;
+
+ private:
+  Store& store_;
+};
+
+}  // namespace
+
+ClsRandom::ClsRandom(Component& component, ClsRandomEvents& events) : component_(component), events_(events) {
+  entered(component_, L"ClsRandom - Class_Initialize");
+  Store& store = component_.store;
+  store.verifyBusinessNumberFlag = flagFalse;
+  store.importFlag = flagFalse;
+  store.IPCurrencyList = StringArray({{0, 0}, {0, 0}});
+  store.postOfficeBoxWords = split(postOfficeBoxWords, L'|');
+  store.WhatKindOfBiller = L" ";
+  store.CurrencyCodeFromMain = L"CAD";
+  store.CountryListAll = L"Y";
+}
+
+ClsRandom::~ClsRandom() {
+  disconnect();
+  if (connected_) connected_->unload();
+}
+
+// Properties
+
+#define NV_TRACE_LET_Traced(Label) entered(component_, L"ClsRandom - Let " #Label)
+#define NV_TRACE_LET_GetTraced(Label) static_cast<void>(0)
+#define NV_TRACE_LET_Untraced(Label) static_cast<void>(0)
+#define NV_TRACE_GET_Traced(Label) entered(component_, L"ClsRandom - Get " #Label)
+#define NV_TRACE_GET_GetTraced(Label) NV_TRACE_GET_Traced(Label)
+#define NV_TRACE_GET_Untraced(Label) static_cast<void>(0)
+
+#define NV_DEFINE_Let(Name, Type, Tracing, Label)             \
+  void ClsRandom::let##Name(property::Type::Argument value) { \
+    NV_TRACE_LET_##Tracing(Label);                            \
+    property::Type::assign(component_.store.Name, value);     \
+  }
+#define NV_DEFINE_LetGet(Name, Type, Tracing, Label)                                        \
+  NV_DEFINE_Let(Name, Type, Tracing, Label) property::Type::Stored ClsRandom::get##Name() { \
+    NV_TRACE_GET_##Tracing(Label);                                                          \
+    return component_.store.Name;                                                           \
+  }
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)
+#define NV_METHOD(id, Name, Result)
+#include "component/properties.def"
+
+// Showing the dialog
+
+std::int32_t ClsRandom::ShowForm() {
+  entered(component_, L"ClsRandom - ShowForm");
+  component_.store.closeResult = 0;
+  component_.store.importFlag = flagFalse;
+  const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
+  try {
+    form->showModal();
+    return component_.store.closeResult;
+  } catch (...) {
+    return RuntimeError::current().number();
+  }
+}
+
+std::int32_t ClsRandom::ShowForm_Remote() {
+  entered(component_, L"ClsRandom - ShowForm_Remote");
+  component_.store.importFlag = flagFalse;
+  const auto form = connectedForm();
+  form->show();
+  form->move(0, 0);
+  return 0;
+}
+
+std::int32_t ClsRandom::ShowForm_Import() {
+  entered(component_, L"ClsRandom - ShowForm_Import");
+  const Importing importing(component_.store);
+  const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
+  form->load();
+  form->showReadOnly();
+  form->showModal();
+  return 0;
+}
+
+std::int32_t ClsRandom::Get_hWnd() {
+  entered(component_, L"ClsRandom - Get_hWnd");
+  return static_cast<std::int32_t>(connectedForm()->handle());
+}
+
+std::int32_t ClsRandom::Get_Height() {
+  entered(component_, L"ClsRandom - Get_Height");
+  return connectedForm()->place().height;
+}
+
+std::int32_t ClsRandom::Get_Width() {
+  entered(component_, L"ClsRandom - Get_Width");
+  return connectedForm()->place().width;
+}
+
+void ClsRandom::Unload_From_Remote() {
+  entered(component_, L"ClsRandom - Unload_From_Remote");
+  component_.forms.unloadAll(frmRandomInfo::formName);
+}
+
+std::shared_ptr<frmRandomInfo> ClsRandom::connectedForm() {
+  if (connected_ && connected_->loaded()) return connected_;
+  disconnect();
+  connected_ = std::make_shared<frmRandomInfo>(component_, forms::Border::embedded);
+  connected_->CSBOK = [this] { frmRandomInfo_CSBOK(); };
+  connected_->CurrentFieldTop = [this](std::int16_t top) { frmRandomInfo_CurrentFieldTop(top); };
+  connected_->Cancel = [this] { frmRandomInfo_Cancel(); };
+  connected_->ViewSampleCheque = [this] { frmRandomInfo_ViewSampleCheque(); };
+  auto form = connected_;  // loading may let the host run
+  form->load();
+  return form;
+}
+
+void ClsRandom::disconnect() {
+  if (!connected_) return;
+  connected_->CSBOK = nullptr;
+  connected_->CurrentFieldTop = nullptr;
+  connected_->Cancel = nullptr;
+  connected_->ViewSampleCheque = nullptr;
+}
+
+// Relays
+
+void ClsRandom::frmRandomInfo_CSBOK() {
+  entered(component_, L"ClsRandom - frmRandomInfo_CSBOK");
+  events_.CSBOK();
+}
+
+void ClsRandom::frmRandomInfo_CurrentFieldTop(std::int16_t top) {
+  entered(component_, L"ClsRandom - frmRandomInfo_CurrentFieldTop");
+  events_.CurrentFieldTop(top);
+}
+
+void ClsRandom::frmRandomInfo_Cancel() {
+  entered(component_, L"ClsRandom - frmRandomInfo_Cancel");
+  events_.Cancel();
+}
+
+void ClsRandom::frmRandomInfo_ViewSampleCheque() {
+  entered(component_, L"ClsRandom - frmRandomInfo_ViewSampleCheque");
+  events_.ViewSampleCheque();
+}
+
+}  // namespace nv

@@ -1,0 +1,89 @@
+// The types of properties.def: for each, what the host hands in, what the store keeps, and how the one becomes the
+// other.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "component/StringArray.h"
+
+namespace nv {
+
+/// A value that the host hands in as a variant. It is converted when a property procedure asks for it, not before; a
+/// value that cannot be converted fails with "Type mismatch", Null with "Invalid use of Null".
+class HostValue {
+ public:
+  virtual ~HostValue() = default;
+  virtual std::wstring text() const = 0;
+  virtual bool truth() const = 0;
+  virtual StringArray array() const = 0;
+};
+
+/// 16-bit truth values: 0 is false, everything else true. Where the component sets one, true is all bits set.
+using Flag16 = std::int16_t;
+inline constexpr Flag16 flagFalse = 0;
+inline constexpr Flag16 flagTrue = -1;
+constexpr Flag16 flag(bool truth) {
+  return truth ? flagTrue : flagFalse;
+}
+
+/// A province code and its area codes.
+struct ProvinceRow {
+  std::wstring code;
+  std::wstring areaCodes;
+};
+
+namespace property {
+
+struct Integer {
+  using Stored = std::int16_t;
+  using Argument = std::int16_t;
+  static void assign(Stored& stored, Argument value) { stored = value; }
+};
+
+/// A truth value that keeps the host's number: its 1 stays 1.
+using Flag = Integer;
+
+struct String {
+  using Stored = std::wstring;
+  using Argument = std::wstring_view;
+  static void assign(Stored& stored, Argument value) { stored = value; }
+};
+
+struct StringList {
+  using Stored = StringArray;
+  using Argument = const StringArray&;
+  static void assign(Stored& stored, Argument value) { stored = value; }
+};
+
+struct VariantText {
+  using Stored = std::wstring;
+  using Argument = const HostValue&;
+  static void assign(Stored& stored, Argument value) { stored = value.text(); }
+};
+
+struct VariantTruth {
+  using Stored = Flag16;
+  using Argument = const HostValue&;
+  static void assign(Stored& stored, Argument value) { stored = flag(value.truth()); }
+};
+
+struct VariantArray {
+  using Stored = StringArray;
+  using Argument = const HostValue&;
+  static void assign(Stored& stored, Argument value) { stored = value.array(); }
+};
+
+struct ProvinceTable {
+  using Stored = std::array<ProvinceRow, 21>;
+  using Argument = const HostValue&;
+  /// Copies column i of a two-row array into row i, from 0 to the last but one: the last column of the array is not
+  /// copied. Fails with "Subscript out of range" at the first column beyond the table; what was copied stays.
+  static void assign(Stored& stored, Argument value);
+};
+
+}  // namespace property
+
+}  // namespace nv

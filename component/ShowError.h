@@ -1,0 +1,42 @@
+// The error reporter: one message box and one line in the error log, and the trap that leads to it.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+#include "component/Trace.h"
+#include "platform/RuntimeError.h"
+
+namespace nv {
+
+/// Reports a run-time error: traces it, tells the user (unless `silent`) and appends a line to "error.log" in the
+/// installation root, or in the current directory when the root is not known. Never fails and changes nothing else.
+/// @param procName name of the procedure that failed, as the user and the log see it.
+/// @param title caption of the message box; blank for the application's title.
+void ShowError(Component& component, std::int32_t errNumber, std::wstring_view description, std::wstring_view procName,
+               Flag16 silent, std::wstring_view title) noexcept;
+
+/// Runs `body` under a reported trap: a run-time error in it is reported under `procName`, and `atFailure` is the
+/// result.
+template <class Result, class Body>
+Result reportedTrap(Component& component, std::wstring_view procName, Result atFailure, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (...) {
+    const RuntimeError error = RuntimeError::current();
+    ShowError(component, error.number(), error.description(), procName, flagFalse, {});
+    return atFailure;
+  }
+}
+
+/// The same for procedures without a result.
+template <class Body>
+void reportedTrap(Component& component, std::wstring_view procName, Body&& body) {
+  reportedTrap(component, procName, 0, [&body] {
+    body();
+    return 0;
+  });
+}
+
+}  // namespace nv

@@ -1,0 +1,41 @@
+// The component-wide values: the biller record, the context that the host gives, and the few values that the class and
+// the dialogs keep between them. One store per thread; every instance of the class and every dialog works on it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "component/PropertyTypes.h"
+
+namespace nv {
+
+struct Store {
+  // One member per property, named like it.
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
+#define NV_METHOD(id, Name, Result)
+#include "component/properties.def"
+
+  /// What a closing dialog leaves for ShowForm to return: 0, or `cancelledResult`.
+  std::int32_t closeResult = 0;
+  static constexpr std::int32_t cancelledResult = 50000;
+
+  /// True while the dialog is shown by ShowForm_Import, for reading only.
+  Flag16 importFlag = flagFalse;
+
+  /// The flag that account checks are called with; false from the creation of an instance on.
+  Flag16 verifyBusinessNumberFlag = flagFalse;
+
+  /// How a post-office box begins, in the order in which an address is compared with them.
+  std::vector<std::wstring> postOfficeBoxWords;
+
+  /// The Windows and the system directory, each with a trailing backslash; empty until asked for.
+  std::wstring windowsDirectory;
+  std::wstring systemDirectory;
+
+  /// The root of the host installation: DLLPath up to and including the backslash before its first "NORVIK", compared
+  /// to the letter; empty when there is none.
+  std::wstring gstrInstallRoot() const;
+};
+
+}  // namespace nv

@@ -1,0 +1,78 @@
+// What tests of the component share: a component on a machine in memory, and a host that writes down the events it
+// gets.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "component/ClsRandom.h"
+#include "component/Component.h"
+#include "tests/support/Expect.h"
+#include "tests/support/FakeInstallation.h"
+#include "tests/support/FakeServices.h"
+#include "tests/support/User.h"
+#include "tests/support/Windowless.h"
+
+namespace nv::test {
+
+/// The host's side of the events.
+class Host : public ClsRandomEvents {
+ public:
+  Texts events;  // in order; "CurrentFieldTop(1200)"
+  std::function<void()> whenTold;
+
+  void CSBOK() override { told(L"CSBOK"); }
+  void CurrentFieldTop(std::int16_t top) override { told(L"CurrentFieldTop(" + std::to_wstring(top) + L")"); }
+  void Cancel() override { told(L"Cancel"); }
+  void ViewSampleCheque() override { told(L"ViewSampleCheque"); }
+
+ private:
+  void told(std::wstring event) {
+    events.push_back(std::move(event));
+    if (whenTold) whenTold();
+  }
+};
+
+class ComponentTest : public testing::Test {
+ protected:
+  ~ComponentTest() override { EXPECT_TRUE(component.forms.empty()) << "a form outlived whoever showed it"; }
+
+  static constexpr const wchar_t* dllPath = L"C:\\Apps\\NORVIK\\Bin";
+  static constexpr const wchar_t* traceFile = L"C:\\Apps\\Norvik\\PBP.txt";
+  static constexpr const wchar_t* errorLog = L"C:\\Apps\\error.log";
+
+  /// An installation with the trace switched on.
+  void startTrace() {
+    files.makeFolder(dllPath);
+    component.store.DLLPath = dllPath;
+    component.store.PlayByPlayEnabled = flagTrue;
+  }
+  /// The labels traced since the last call, in order.
+  Texts traced() {
+    const std::wstring begin = machine.clock + L" NVRANDOM - ";
+    Texts labels;
+    const std::wstring trace = files.text(traceFile);
+    for (std::size_t at = 0; at < trace.size();) {
+      const std::size_t end = trace.find(L"\r\n", at);
+      const std::wstring line = trace.substr(at, end - at);
+      labels.push_back(line.starts_with(begin) ? line.substr(begin.size()) : line);
+      at = end == std::wstring::npos ? trace.size() : end + 2;
+    }
+    files.put(traceFile, {});
+    return labels;
+  }
+
+  FakeMessageBoxes messages;
+  FakeFiles files;
+  FakeMachine machine;
+  FakeShell shell;
+  FakeInstallation installation;
+  const platform::Services services{messages, files, machine, shell, installation};
+  WindowlessWidgetset widgetset;
+  Component component{services, widgetset};
+  Host host;
+};
+
+}  // namespace nv::test

@@ -1,0 +1,116 @@
+#include "tests/support/FakeServices.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/Text.h"
+
+namespace nv::test {
+
+FakeMessageBoxes::~FakeMessageBoxes() {
+  for (const ExpectedBox& box : expected_) ADD_FAILURE() << "this message box never came: " << box.text;
+}
+
+platform::MessageBoxes::Answer FakeMessageBoxes::show(std::wstring_view text, std::wstring_view caption, Icon icon,
+                                                      Buttons buttons) {
+  if (expected_.empty()) {
+    ADD_FAILURE() << "unexpected message box: " << std::wstring(text) << " (" << std::wstring(caption) << ")";
+    return buttons == Buttons::ok ? Answer::ok : Answer::no;
+  }
+  const ExpectedBox box = std::move(expected_.front());
+  expected_.pop_front();
+  EXPECT_EQ(std::wstring(text), box.text);
+  EXPECT_EQ(std::wstring(caption), box.caption) << box.text;
+  EXPECT_EQ(icon, box.icon) << box.text;
+  EXPECT_EQ(buttons, box.buttons) << box.text;
+  if (box.whileOpen) box.whileOpen();
+  return box.answer;
+}
+
+void FakeFiles::write(const std::wstring& path, std::wstring_view text, Opening opening) {
+  const std::wstring file = key(path);
+  const auto folderEnd = file.rfind(L'\\');
+  if (folderEnd != std::wstring::npos && !folders_.contains(file.substr(0, folderEnd))) {
+    throw RuntimeError(ErrorNumber::pathNotFound);
+  }
+  check(file);
+  written_.push_back(path);
+  std::wstring& contents = contents_[file];
+  if (opening == Opening::truncate) contents.clear();
+  contents.append(text);
+}
+
+std::uint64_t FakeFiles::length(const std::wstring& path) {
+  const std::wstring file = key(path);
+  check(file);
+  if (folders_.contains(file)) throw RuntimeError(ErrorNumber::pathAccess);
+  const auto found = contents_.find(file);
+  if (found == contents_.end()) throw RuntimeError(ErrorNumber::fileNotFound);
+  return found->second.size();
+}
+
+std::wstring FakeFiles::read(const std::wstring& path) {
+  length(path);
+  return text(path);
+}
+
+void FakeFiles::remove(const std::wstring& path) {
+  length(path);
+  contents_.erase(key(path));
+}
+
+void FakeFiles::copy(const std::wstring& from, const std::wstring& to) {
+  write(to, read(from), Opening::truncate);
+}
+
+void FakeFiles::makeFolder(std::wstring_view path) {
+  for (std::wstring folder = key(path); !folder.empty();) {
+    folders_.insert(folder);
+    const auto above = folder.rfind(L'\\');
+    folder.resize(above == std::wstring::npos ? 0 : above);
+  }
+}
+
+std::wstring FakeFiles::text(std::wstring_view path) const {
+  const auto found = contents_.find(key(path));
+  return found == contents_.end() ? std::wstring() : found->second;
+}
+
+std::wstring FakeFiles::key(std::wstring_view path) {
+  std::wstring key;
+  for (const wchar_t c : path) {
+    if (c != L'\\' || !key.ends_with(L'\\')) key += asciiUpper(c);
+  }
+  return key;
+}
+
+void FakeFiles::check(const std::wstring& key) const {
+  if (const auto failure = failures_.find(key); failure != failures_.end()) throw RuntimeError(failure->second);
+}
+
+namespace {
+
+/// Moves each letter of one case of Latin-1 to the other; the cases lie 32 apart.
+std::wstring shifted(std::wstring_view text, wchar_t a, wchar_t graveA, int distance) {
+  std::wstring result(text);
+  for (wchar_t& c : result) {
+    const bool ascii = c >= a && c < a + 26;
+    const bool accented =
+        c >= graveA && c < graveA + 31 && c != graveA + 23;  // but for the signs of times and division
+    if (ascii || accented) c = static_cast<wchar_t>(c + distance);
+  }
+  return result;
+}
+
+}  // namespace
+
+std::wstring FakeMachine::upperCase(std::wstring_view text) {
+  return shifted(text, L'a', L'\u00e0', -32);
+}
+
+std::wstring FakeMachine::lowerCase(std::wstring_view text) {
+  return shifted(text, L'A', L'\u00c0', 32);
+}
+
+}  // namespace nv::test

@@ -1,0 +1,130 @@
+// The services of a machine that is all in memory: what the component asks of it can be scripted, made to fail, and
+// read back. For tests only.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/RuntimeError.h"
+#include "platform/Services.h"
+
+namespace nv::test {
+
+/// A message box that the test expects, and what its user does.
+struct ExpectedBox {
+  std::wstring text{};
+  std::wstring caption = L"NVRandom";
+  platform::MessageBoxes::Icon icon = platform::MessageBoxes::Icon::information;
+  platform::MessageBoxes::Buttons buttons = platform::MessageBoxes::Buttons::ok;
+  platform::MessageBoxes::Answer answer = platform::MessageBoxes::Answer::ok;
+  std::function<void()> whileOpen{};  // what happens elsewhere meanwhile; what it throws, showing the box fails with
+};
+
+/// Message boxes. One that differs from the next expected one, that nobody expects, or that does not come by the end
+/// fails the test.
+class FakeMessageBoxes : public platform::MessageBoxes {
+ public:
+  ~FakeMessageBoxes() override;
+  void expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
+  Answer show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) override;
+
+ private:
+  std::deque<ExpectedBox> expected_;
+};
+
+/// Files in memory. Paths are compared as the file system does: whatever the case, a doubled separator counting as one.
+/// A path without a folder lies in the current directory.
+class FakeFiles : public platform::Files {
+ public:
+  void write(const std::wstring& path, std::wstring_view text, Opening opening) override;
+  std::uint64_t length(const std::wstring& path) override;
+  std::wstring read(const std::wstring& path) override;
+  void remove(const std::wstring& path) override;
+  void copy(const std::wstring& from, const std::wstring& to) override;
+
+  /// Makes the folder and those above it.
+  void makeFolder(std::wstring_view path);
+  void put(std::wstring_view path, std::wstring text) { contents_[key(path)] = std::move(text); }
+  /// From now on every use of the file fails so: locked, read-only, disk full.
+  void fail(std::wstring_view path, ErrorNumber error) { failures_[key(path)] = error; }
+
+  bool exists(std::wstring_view path) const { return contents_.contains(key(path)); }
+  /// What the file holds; empty for a missing one.
+  std::wstring text(std::wstring_view path) const;
+  /// The paths written to so far, to the letter, one entry for each time a file was opened.
+  const std::vector<std::wstring>& written() const { return written_; }
+
+ private:
+  static std::wstring key(std::wstring_view path);
+  void check(const std::wstring& key) const;
+
+  std::map<std::wstring, std::wstring> contents_;
+  std::map<std::wstring, ErrorNumber> failures_;
+  std::set<std::wstring> folders_;
+  std::vector<std::wstring> written_;
+};
+
+/// A machine whose clock stands still.
+class FakeMachine : public platform::Machine {
+ public:
+  std::wstring clock = L"15/11/2026 1:58:04 PM";
+  std::wstring windows = L"C:\\WINDOWS";
+  std::wstring system = L"C:\\WINDOWS\\system32";
+  /// Runs before the clock or a directory is told; what it throws, the question fails with.
+  std::function<void()> whenAsked;
+
+  std::wstring now() override { return answer(clock); }
+  std::wstring windowsDirectory() override { return answer(windows); }
+  std::wstring systemDirectory() override { return answer(system); }
+  /// The letters of Latin-1.
+  std::wstring upperCase(std::wstring_view text) override;
+  std::wstring lowerCase(std::wstring_view text) override;
+  int addFont(const std::wstring& path) override {
+    addedFonts.push_back(path);
+    return fontsInFile;
+  }
+  void emptyClipboard() override { clipboard.clear(); }
+
+  int fontsInFile = 1;
+  std::vector<std::wstring> addedFonts;
+  std::wstring clipboard;
+
+ private:
+  const std::wstring& answer(const std::wstring& fact) const {
+    if (whenAsked) whenAsked();
+    return fact;
+  }
+};
+
+/// A shell that writes down what it is asked to open.
+class FakeShell : public platform::Shell {
+ public:
+  struct Help {
+    std::wstring file;
+    std::uint32_t topic;
+    std::intptr_t window;
+    friend bool operator==(const Help&, const Help&) = default;
+  };
+
+  int result = 42;
+  std::function<void()> whenAsked;  // what it throws, opening fails with
+  std::vector<std::wstring> opened;
+  std::vector<Help> helps;
+
+  int open(const std::wstring& address) override {
+    if (whenAsked) whenAsked();
+    opened.push_back(address);
+    return result;
+  }
+  void showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) override {
+    helps.push_back({file, topic, window});
+  }
+};
+
+}  // namespace nv::test
