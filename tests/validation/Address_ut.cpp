@@ -1,0 +1,95 @@
+// The address rules of module Random.
+#include "tests/support/ComponentTest.h"
+#include "validation/Random.h"
+
+namespace nv::test {
+namespace {
+
+using AddressTest = ComponentTest;
+
+TEST_F(AddressTest, ProvincesAndPostalLettersComeFromTheHost) {
+  EXPECT_EQ(Random::lookupProvince(component, L"ON"), flagFalse) << "nothing is known before the host says it";
+  EXPECT_EQ(Random::LookupPostcode(component, L"ONM"), flagFalse);
+
+  component.store.Provpostalstr = L"ABTBCVMBRONKONLONMQCHSKS";
+  struct Case {
+    const wchar_t* code;
+    Flag16 known;
+  };
+  for (const Case& c : {Case{L"AB", -1},
+                        {L"ON", -1},
+                        {L"SK", -1},
+                        {L"on", 0},
+                        {L"NO", 0},
+                        {L"BC", -1},
+                        {L"TB", 0},
+                        {L"O", 0},
+                        {L"ONK", 0},
+                        {L"", 0},
+                        {L"  ", 0}}) {
+    EXPECT_EQ(Random::lookupProvince(component, c.code), c.known) << c.code;
+  }
+  for (const Case& c : {Case{L"ONK", -1},
+                        {L"ONM", -1},
+                        {L"ONT", 0},
+                        {L"BCV", -1},
+                        {L"KON", 0},
+                        {L"onk", 0},
+                        {L"ON", 0},
+                        {L"", 0},
+                        {L"ONKX", 0}}) {
+    EXPECT_EQ(Random::LookupPostcode(component, c.code), c.known) << c.code;
+  }
+}
+
+TEST_F(AddressTest, FiveLettersNeverBeginAPostalCode) {
+  for (wchar_t letter = L'A'; letter <= L'Z'; ++letter) {
+    component.store.Provpostalstr = std::wstring(L"ON") + letter;
+    const bool refused = std::wstring_view(L"DFIOQ").find(letter) != std::wstring_view::npos;
+    EXPECT_EQ(Random::LookupPostcode(component, component.store.Provpostalstr), flag(!refused))
+        << component.store.Provpostalstr;
+    EXPECT_EQ(Random::LookupPostcode(component, std::wstring(L"QC") + letter), flagFalse)
+        << component.store.Provpostalstr;
+  }
+}
+
+TEST_F(AddressTest, APostOfficeBoxIsOneThatBeginsTheAddress) {
+  const ClsRandom creates(component, host);  // brings the list of words
+  struct Case {
+    const wchar_t* street;
+    std::int16_t box;
+  };
+  const Case cases[] = {
+      {L"PO BOX 12", 1},
+      {L"p.o.   box 12", 1},
+      {L"  Po Box 12  ", 1},
+      {L"P.O.BOX 1", 1},
+      {L"P.O BOX 1", 1},
+      {L"post office box 1", 1},
+      {L"POSTAL BOX 1", 1},
+      {L"POST-OFFICE BOX 1", 1},
+      {L"CP 55", 1},
+      {L"C.P. 55", 1},
+      {L"C.P.POSTALE 5", 1},
+      {L"BOITE 5", 1},
+      {L"BOITE  POSTALE 5", 1},
+      {L"CASE POSTALE 5", 1},
+      {L"BP 5", 1},
+      {L"B.P. 5", 1},
+      {L"POBOX 12", 0},
+      {L"CPL STREET", 0},
+      {L"12 MAIN ST PO BOX 5", 0},
+      {L"BP", 0},
+      {L"PO BOX", 0},
+      {L"PO BOX ", 0},
+      {L"", 0},
+      {L"    ", 0},
+      {L"PO  BOXES 5", 0},
+      {L"CASE 5", 0},
+      {L"P.O. 12", 0},
+  };
+  for (const Case& c : cases) EXPECT_EQ(Random::Has_PO_Box_Address(component, c.street), c.box) << c.street;
+}
+
+}  // namespace
+}  // namespace nv::test

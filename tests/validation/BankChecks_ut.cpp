@@ -1,0 +1,303 @@
+// The bank and business number checks of module Random, against a verifier that answers as it is told.
+#include <optional>
+
+#include "tests/support/ComponentTest.h"
+#include "validation/Random.h"
+
+namespace nv::test {
+namespace {
+
+using platform::MessageBoxes;
+
+class BankChecksTest : public ComponentTest {
+ protected:
+  std::int16_t verifyAccount(std::wstring_view bankId, std::wstring_view account) {
+    return Random::VerifyAccount(component, bankId, account, message, 0, false);
+  }
+  std::int16_t validateBankId(std::wstring_view bankId) {
+    return Random::ValidateBankId(component, bankId, message, errorLength, false);
+  }
+  std::int16_t validateBankAccount(std::wstring_view bankId, std::wstring_view transit, std::wstring_view account) {
+    return Random::ValidateBankAccount(component, bankId, transit, account, message, errorLength, false);
+  }
+  /// What the verifier was asked since the last call.
+  Texts asked() { return std::exchange(installation.asked, {}); }
+
+  std::wstring message = L"untouched";
+  std::int16_t errorLength = -5;
+};
+
+TEST_F(BankChecksTest, TheVerifierIsMadeAnewAndToldTheSessionInOrder) {
+  Store& store = component.store;
+  store.DLLPath = L"C:\\Apps\\NORVIK\\Bin\\";
+  store.BusinessPIN = L"1234";
+  store.BillerSearchNorvikID = L"S1";
+  store.AccessNumber = L"4500";
+  store.NorvikProgramVersion = L"7.05";
+  store.BillerSearchURL = L"https://search.example/";
+  store.SessionNumber = L"99";
+  store.RequestSourceCode = L"RC";
+  const Texts session = {L"create",
+                         L"PlayByPlay=False",
+                         L"DataPath=C:\\Apps",
+                         L"BusinessPIN=1234",
+                         L"BillerSearchID=S1",
+                         L"AccessNumber=4500",
+                         L"ProgramVersion=0705",
+                         L"BillerSearchURL=https://search.example/",
+                         L"SessionNumber=99",
+                         L"RequestSourceCode=RC"};
+
+  const auto expectAsked = [&](Texts behindSession) {
+    Texts expected = session;
+    expected.insert(expected.end(), behindSession.begin(), behindSession.end());
+    EXPECT_EQ(asked(), expected);
+  };
+  EXPECT_EQ(verifyAccount(L"003", L"123456"), 1);
+  expectAsked(
+      {L"BankIdLength=6", L"AccountLength=30", L"VerifyAccount(   003, 123456                        , False)"});
+  EXPECT_EQ(validateBankId(L"003 "), 1);
+  expectAsked({L"ValidateBankId(003 , False)", L"get BillerSearchID"});
+  EXPECT_EQ(validateBankAccount(L"003", L"12345", L"77"), 1);
+  expectAsked({L"ValidateBankAccount(003, 12345, 77, False)", L"get BillerSearchID"});
+}
+
+TEST_F(BankChecksTest, HostValuesAreShapedForTheVerifier) {
+  struct Case {
+    const wchar_t* dllPath;
+    const wchar_t* version;
+    const wchar_t* dataPath;
+    const wchar_t* programVersion;
+  };
+  const Case cases[] = {
+      {L"", L"", L"DataPath=", L"ProgramVersion="},
+      {L"C:\\norvik\\x", L"1", L"DataPath=", L"ProgramVersion=0001"},
+      {L"D:\\A\\NORVIK", L"12.3.4567", L"DataPath=D:\\A", L"ProgramVersion=1234567"},
+      {L"\\NORVIK\\x", L"...", L"DataPath=", L"ProgramVersion="},
+      {L"C:\\NORVIKS\\NORVIK", L"7.5b", L"DataPath=C:", L"ProgramVersion=75b"},
+  };
+  for (const Case& c : cases) {
+    component.store.DLLPath = c.dllPath;
+    component.store.NorvikProgramVersion = c.version;
+    validateBankId(L"001");
+    const Texts seen = asked();
+    EXPECT_EQ(seen.at(2), c.dataPath);
+    EXPECT_EQ(seen.at(6), c.programVersion);
+  }
+}
+
+TEST_F(BankChecksTest, AccountsAreJudgedHereFirst) {
+  const std::wstring tooShort = L"Account number should not be less than four characters.";
+  const std::wstring badCharacters =
+      L"The account entered contains invalid characters.  Valid accounts uppercase alpha and/or numeric characters.";
+  struct Case {
+    const wchar_t* bankId;
+    const wchar_t* account;
+    std::int16_t result;
+    std::optional<std::wstring> message{};  // none: a message box about blanks
+    const wchar_t* askedFor = nullptr;
+  };
+  const Case cases[] = {
+      {L"001", L"12 34", 0},
+      {L"001", L" 1234", 0},
+      {L"001", L"1 ", 0},  // the blank is found before the length is looked at
+      {L"001", L"123", 0, tooShort},
+      {L"001", L"", 0, tooShort},
+      {L"001", L"abc1", 0, badCharacters},
+      {L"001", L"12-34", 0, badCharacters},
+      {L"001", L"\u00c9ABC", 0, badCharacters},
+      {L"", L"1234", 2, L"untouched"},
+      {L"      ", L"1234", 2, L"untouched"},
+      {L"0010039", L"AB12", 1, L"", L"VerifyAccount(001003, AB12                          , False)"},
+      {L" 0010039 ", L"AB12", 1, L"", L"VerifyAccount(001003, AB12                          , False)"},
+      {L"12345678", L"AB12", 1, L"", L"VerifyAccount(345678, AB12                          , False)"},
+      {L"1", L"1234567890123456789012345678901", 1, L"",
+       L"VerifyAccount(     1, 123456789012345678901234567890, False)"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << "'" << c.bankId << "' '" << c.account << "'");
+    message = L"untouched";
+    if (!c.message) {
+      messages.expect({.text = L"Please do not enter any blank characters in the account number.",
+                       .icon = MessageBoxes::Icon::critical});
+    }
+    EXPECT_EQ(verifyAccount(c.bankId, c.account), c.result);
+    EXPECT_EQ(message, c.message.value_or(L"untouched"));
+    const Texts seen = asked();
+    EXPECT_EQ(c.askedFor == nullptr ? std::wstring() : c.askedFor, seen.empty() ? std::wstring() : seen.back());
+  }
+}
+
+TEST_F(BankChecksTest, BlankNumbersAreRefusedWithoutAsking) {
+  EXPECT_EQ(validateBankId(L"  "), 0);
+  EXPECT_EQ(message, L"Invalid bank id");
+  EXPECT_EQ(errorLength, 15);
+  for (const auto& [bankId, transit, account] :
+       {std::tuple{L"", L"1", L"1"}, std::tuple{L"1", L" ", L"1"}, std::tuple{L"1", L"1", L""}}) {
+    message.clear();
+    EXPECT_EQ(validateBankAccount(bankId, transit, account), 0);
+    EXPECT_EQ(message, L"Invalid bank account");
+    EXPECT_EQ(errorLength, 20);
+  }
+  EXPECT_TRUE(asked().empty());
+}
+
+TEST_F(BankChecksTest, WhatTheVerifierSaysIsHandedOn) {
+  installation.newSearchId = L"NEW";
+  component.store.BillerSearchNorvikID = L"OLD";
+  for (const std::int16_t result : std::initializer_list<std::int16_t>{0, 2, -1, 32767}) {
+    installation.answers[L"ValidateBankId"] = {result, L"no such bank", 12};
+    EXPECT_EQ(validateBankId(L"999"), result);
+    EXPECT_EQ(message, L"no such bank");
+    EXPECT_EQ(errorLength, 12);
+    EXPECT_EQ(component.store.BillerSearchNorvikID, L"OLD") << "only a valid result brings a new session id";
+  }
+  EXPECT_EQ(validateBankAccount(L"1", L"1", L"1"), 1);
+  EXPECT_EQ(component.store.BillerSearchNorvikID, L"NEW");
+}
+
+TEST_F(BankChecksTest, AFailingVerifierIsReportedOnceAndTheResultIsNothing) {
+  struct Check {
+    const wchar_t* name;
+    std::function<std::int16_t()> run;
+  };
+  const Check checks[] = {
+      {L"Random.VerifyAccount", [this] { return verifyAccount(L"001", L"1234"); }},
+      {L"Random.ValidateBankId", [this] { return validateBankId(L"001"); }},
+      {L"Random.ValidateBankAccount", [this] { return validateBankAccount(L"001", L"1", L"1"); }},
+      // The business number check asks through VerifyAccount, which does the reporting.
+      {L"Random.VerifyAccount", [this] { return Random::VerifyBusinessNumber(component, L"100200308"); }},
+  };
+  files.makeFolder(dllPath);
+  component.store.DLLPath = dllPath;
+  for (const Check& check : checks) {
+    Texts steps;
+    check.run();
+    for (const std::wstring& step : asked()) steps.push_back(step.substr(0, step.find_first_of(L"=(")));
+    ASSERT_GE(steps.size(), 11U);
+    for (const std::wstring& step : steps) {
+      SCOPED_TRACE(testing::Message() << check.name << " failing at " << step);
+      installation.whenAsked = [&step](const std::wstring& name) {
+        if (name == step) throw RuntimeError(static_cast<std::int32_t>(0x80020009), L"Verifier failed");
+      };
+      messages.expect({.text = std::wstring(L"The following error: 'Verifier failed (Error -2147352567)' occurred in "
+                                            L"procedure '") +
+                               check.name + L"'.",
+                       .icon = MessageBoxes::Icon::critical});
+      files.put(errorLog, {});
+      EXPECT_EQ(check.run(), 0);
+      EXPECT_EQ(files.text(errorLog),
+                machine.clock + L",NVRandom, , ,-2147352567,\"Verifier failed\",\"" + check.name + L"\"\r\n");
+    }
+    installation.whenAsked = nullptr;
+    installation.asked.clear();
+  }
+}
+
+/// Routing numbers that are in use.
+constexpr const wchar_t* assigned[] = {L"021000021", L"011401533", L"091000019", L"026009593", L"122105155",
+                                       L"322271627", L"111000025", L"071000013", L"121000248", L"011000015",
+                                       L"061000104", L"031201360", L"053000196", L"065000090", L"291070001"};
+
+TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
+  struct Case {
+    const wchar_t* number;
+    Flag16 domestic;
+    Flag16 unitedStates;
+  };
+  const Case cases[] = {
+      {L"021000021", -1, -1}, {L"131000021", -1, 0},  // 13 is no prefix, though the checksum passes
+      {L"021000022", 0, 0},   {L"02100002", 0, 0},
+      {L"0210000210", 0, 0},  {L"", 0, 0},
+      {L" 021000021", -1, 0}, {L"021000021 ", -1, -1},  // the prefix is looked for before trimming
+      {L"000000000", -1, 0},  {L"0A1000021", 0, 0},
+      {L"02100002A", 0, 0},   {L"AAAAAAAAA", -1, 0},  // what is no digit counts as 0
+      {L"33-000000", -1, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.number);
+    component.store.WhatKindOfBiller = L" ";
+    EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.domestic);
+    component.store.WhatKindOfBiller = L"U";
+    EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.unitedStates);
+  }
+}
+
+TEST_F(BankChecksTest, TheChecksumFindsSlipsButSwappedNeighboursThatDifferByFive) {
+  component.store.WhatKindOfBiller = L" ";  // the checksum alone, without the prefix
+  for (const std::wstring number : assigned) {
+    ASSERT_EQ(Random::ValidateABANumber(component, number), flagTrue) << number;
+    for (std::size_t at = 0; at < number.size(); ++at) {
+      std::wstring wrong = number;
+      for (wchar_t digit = L'0'; digit <= L'9'; ++digit) {
+        wrong[at] = digit;
+        EXPECT_EQ(Random::ValidateABANumber(component, wrong), flag(wrong == number)) << number << " as " << wrong;
+      }
+      if (at == 0) continue;
+      std::wstring swapped = number;
+      std::swap(swapped[at - 1], swapped[at]);
+      // The weights of neighbours differ by 4, 6 or 2: times 5 that is a full ten, and the slip goes unseen.
+      const int difference = std::abs(number[at - 1] - number[at]);
+      const bool unseen = difference == 0 || difference == 5;
+      EXPECT_EQ(Random::ValidateABANumber(component, swapped), flag(unseen)) << number << " as " << swapped;
+    }
+  }
+}
+
+TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
+  struct Case {
+    const wchar_t* number;
+    Flag16 result;
+    const wchar_t* askedFor = nullptr;  // the account that the verifier was asked about
+  };
+  const Case cases[] = {
+      {L"", 0},
+      {L"         ", 0},
+      {L"11111111", 0},
+      {L"12345678 ", 0},
+      {L"123456789", 0},  // its first eight digits are made up
+      {L"111111112", 0},
+      {L"222222229", 0},
+      {L"333333330", 0},
+      {L"444444441", 0},
+      {L"555555552", 0},
+      {L"666666663", 0},
+      {L"777777774", 0},
+      {L"888888885", 0},
+      {L"999999996", 0},
+      {L"000000007", 0},
+      {L"12345A782", 0},
+      {L"123 56782", 0},
+      {L" 100200308", 0},  // nine characters of the untrimmed number, the first of them a blank
+      {L"100200308", -1, L"100200308RT0001"},
+      {L"100200308RT0009", -1, L"100200308RT0001"},
+      {L"100200308 and more", -1, L"100200308RT0001"},
+      // Numbers in the general sense that the account rules refuse then.
+      {L"1234567.8", 0},
+      {L"-12345678", 0},
+      {L"1,234,567", 0},
+      {L"12345E+10", 0},
+      {L".12345678", 0},
+      {L"1234567..", 0},
+      {L"12345678E", 0},
+      {L"+-1234567", 0},
+      {L",12345678", 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.number);
+    EXPECT_EQ(Random::VerifyBusinessNumber(component, c.number), c.result);
+    const Texts seen = asked();
+    const std::wstring last = seen.empty() ? std::wstring() : seen.back();
+    const std::wstring expected = c.askedFor == nullptr ? L""
+                                                        : std::wstring(L"VerifyAccount(001003, ") + c.askedFor +
+                                                              std::wstring(15, L' ') + L", False)";
+    EXPECT_EQ(last, expected);
+  }
+  installation.answers[L"VerifyAccount"] = {2, L"discarded"};
+  EXPECT_EQ(Random::VerifyBusinessNumber(component, L"100200308"), flagTrue) << "anything but zero accepts";
+  installation.answers[L"VerifyAccount"] = {0, L"discarded"};
+  EXPECT_EQ(Random::VerifyBusinessNumber(component, L"100200308"), flagFalse);
+}
+
+}  // namespace
+}  // namespace nv::test

@@ -1,0 +1,55 @@
+// The address rules of module Random.
+#include <algorithm>
+
+#include "component/ShowError.h"
+#include "component/Trace.h"
+#include "platform/Text.h"
+#include "validation/Random.h"
+
+namespace nv::Random {
+
+namespace {
+
+/// Whether the host's province/postal-code text, a run of 3-character units, has one whose first `length` characters
+/// are just `wanted`.
+bool hasUnit(const std::wstring& units, std::size_t length, std::wstring_view wanted) {
+  constexpr std::size_t unit = 3;
+  for (std::size_t at = 0; at < units.size(); at += unit) {
+    if (std::wstring_view(units).substr(at, length) == wanted) return true;
+  }
+  return false;
+}
+
+std::wstring withSingleBlanks(std::wstring_view text) {
+  std::wstring collapsed;
+  std::ranges::unique_copy(text, std::back_inserter(collapsed),
+                           [](wchar_t a, wchar_t b) { return a == L' ' && b == L' '; });
+  return collapsed;
+}
+
+}  // namespace
+
+Flag16 lookupProvince(Component& component, std::wstring_view province) {
+  entered(component, L"Random - lookupProvince");
+  return flag(hasUnit(component.store.Provpostalstr, 2, province));
+}
+
+Flag16 LookupPostcode(Component& component, std::wstring_view code) {
+  entered(component, L"Random - LookupPostcode");
+  constexpr std::wstring_view neverFirst = L"DFIOQ";
+  if (!code.empty() && neverFirst.find(code.back()) != std::wstring_view::npos) return flagFalse;
+  return flag(hasUnit(component.store.Provpostalstr, 3, code));
+}
+
+std::int16_t Has_PO_Box_Address(Component& component, std::wstring_view street) {
+  entered(component, L"Random - Has_PO_Box_Address");
+  return reportedTrap<std::int16_t>(component, L"Random.Has_PO_Box_Address", 0, [&]() -> std::int16_t {
+    const std::wstring address = withSingleBlanks(component.services.machine.upperCase(trimmed(street)));
+    const bool box = std::ranges::any_of(component.store.postOfficeBoxWords, [&address](const std::wstring& word) {
+      return address.starts_with(std::wstring(trimmed(word)) + L' ');
+    });
+    return box ? 1 : 0;
+  });
+}
+
+}  // namespace nv::Random

@@ -1,0 +1,166 @@
+// The bank checks of module Random: what is decided here, and what the account verifier is asked.
+#include <algorithm>
+#include <regex>
+
+#include "component/ShowError.h"
+#include "component/Trace.h"
+#include "platform/HostInstallation.h"
+#include "platform/Text.h"
+#include "validation/Random.h"
+
+namespace nv::Random {
+
+namespace {
+
+using platform::AccountVerifier;
+using platform::MessageBoxes;
+
+bool isDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
+bool isCapital(wchar_t c) {
+  return c >= L'A' && c <= L'Z';
+}
+
+/// The installation's root without its backslash; empty when it is not known.
+std::wstring dataPath(const Store& store) {
+  std::wstring root = store.gstrInstallRoot();
+  if (!root.empty()) root.pop_back();
+  return root;
+}
+
+/// The host's version as the verifier expects it: without dots and, when it is a whole number, of four digits at least
+/// ("7.05" is "0705").
+std::wstring programVersion(const Store& store) {
+  std::wstring version = store.NorvikProgramVersion;
+  std::erase(version, L'.');
+  constexpr std::size_t digits = 4;
+  if (!version.empty() && version.size() < digits && std::ranges::all_of(version, isDigit)) {
+    version.insert(0, digits - version.size(), L'0');
+  }
+  return version;
+}
+
+/// A new verifier that knows the host's session. The order of the values is the verifier's.
+std::unique_ptr<AccountVerifier> createVerifier(Component& component) {
+  const Store& store = component.store;
+  auto verifier = component.services.installation.createVerifier();
+  verifier->putPlayByPlay(store.PlayByPlayEnabled != flagFalse);
+  verifier->putDataPath(dataPath(store));
+  verifier->putBusinessPIN(store.BusinessPIN);
+  verifier->putBillerSearchID(store.BillerSearchNorvikID);
+  verifier->putAccessNumber(store.AccessNumber);
+  verifier->putProgramVersion(programVersion(store));
+  verifier->putBillerSearchURL(store.BillerSearchURL);
+  verifier->putSessionNumber(store.SessionNumber);
+  verifier->putRequestSourceCode(store.RequestSourceCode);
+  return verifier;
+}
+
+constexpr std::int16_t valid = 1;
+constexpr std::int16_t refused = 0;
+constexpr std::int16_t notAsked = 2;
+
+constexpr std::int16_t bankIdLength = 6;
+constexpr std::int16_t accountLength = 30;
+
+/// Asks a new verifier and, when it accepts, keeps the session id that it may have handed out.
+template <class Ask>
+std::int16_t askVerifier(Component& component, Ask&& ask) {
+  const auto verifier = createVerifier(component);
+  const std::int16_t result = ask(*verifier);
+  if (result == valid) component.store.BillerSearchNorvikID = verifier->getBillerSearchID();
+  return result;
+}
+
+std::int16_t refuse(const wchar_t* reason, std::wstring& errorMessage, std::int16_t& errorLength) {
+  errorMessage = reason;
+  errorLength = static_cast<std::int16_t>(errorMessage.size());
+  return refused;
+}
+
+}  // namespace
+
+std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::wstring_view account,
+                           std::wstring& errorMessage, std::int16_t /*ignored*/, bool flag) {
+  entered(component, L"Random - VerifyAccount");
+  return reportedTrap(component, L"Random.VerifyAccount", refused, [&]() -> std::int16_t {
+    if (account.find(L' ') != std::wstring_view::npos) {
+      component.services.messages.show(L"Please do not enter any blank characters in the account number.",
+                                       applicationTitle, MessageBoxes::Icon::critical, MessageBoxes::Buttons::ok);
+      return refused;
+    }
+    const std::wstring_view number = trimmed(account);
+    if (number.size() < 4) {
+      errorMessage = L"Account number should not be less than four characters.";
+      return refused;
+    }
+    if (!std::ranges::all_of(number, [](wchar_t c) { return isDigit(c) || isCapital(c); })) {
+      errorMessage =
+          L"The account entered contains invalid characters.  Valid accounts uppercase alpha and/or numeric "
+          L"characters.";
+      return refused;
+    }
+    const bool oneTooLong = trimmed(bankId).size() == bankIdLength + 1;
+    const std::wstring_view id = oneTooLong ? trimmed(bankId).substr(0, bankIdLength) : bankId;
+    const std::wstring paddedId = PadLeft(component, id, bankIdLength);
+    const std::wstring paddedAccount = PadRight(component, account, accountLength);
+    if (trimmed(paddedId).empty()) return notAsked;
+
+    const auto verifier = createVerifier(component);
+    verifier->putBankIdLength(bankIdLength);
+    verifier->putAccountLength(accountLength);
+    std::int16_t secondResult = 0;
+    return verifier->VerifyAccount(paddedId, paddedAccount, flag, errorMessage, secondResult);
+  });
+}
+
+std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
+                            std::int16_t& errorLength, bool flag) {
+  entered(component, L"Random - ValidateBankId");
+  return reportedTrap(component, L"Random.ValidateBankId", refused, [&]() -> std::int16_t {
+    errorMessage.clear();
+    if (trimmed(bankId).empty()) return refuse(L"Invalid bank id", errorMessage, errorLength);
+    return askVerifier(component, [&](AccountVerifier& verifier) {
+      return verifier.ValidateBankId(std::wstring(bankId), flag, errorMessage, errorLength);
+    });
+  });
+}
+
+std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId, std::wstring_view transit,
+                                 std::wstring_view account, std::wstring& errorMessage, std::int16_t& errorLength,
+                                 bool flag) {
+  entered(component, L"Random - ValidateBankAccount");
+  return reportedTrap(component, L"Random.ValidateBankAccount", refused, [&]() -> std::int16_t {
+    errorMessage.clear();
+    if (trimmed(bankId).empty() || trimmed(transit).empty() || trimmed(account).empty()) {
+      return refuse(L"Invalid bank account", errorMessage, errorLength);
+    }
+    return askVerifier(component, [&](AccountVerifier& verifier) {
+      return verifier.ValidateBankAccount(std::wstring(bankId), std::wstring(transit), std::wstring(account),
+                                          errorMessage, errorLength, flag);
+    });
+  });
+}
+
+Flag16 ValidateABANumber(Component& component, std::wstring_view routingNumber) {
+  entered(component, L"Random - ValidateABANumber");
+  constexpr std::size_t digits = 9;
+  if (component.store.WhatKindOfBiller != L" ") {
+    static const std::wregex assignedPrefix(
+        L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
+        L"72)\\b");
+    const std::wstring prefix(routingNumber.substr(0, 2));
+    if (trimmed(prefix).size() < 2 || !std::regex_search(prefix, assignedPrefix)) return flagFalse;
+  }
+  const std::wstring_view number = trimmed(routingNumber);
+  if (number.size() != digits) return flagFalse;
+  constexpr int weights[] = {3, 7, 1};
+  int sum = 0;
+  for (std::size_t i = 0; i < digits; ++i) {
+    if (isDigit(number[i])) sum += weights[i % std::size(weights)] * (number[i] - L'0');
+  }
+  return flag(sum % 10 == 0);
+}
+
+}  // namespace nv::Random

@@ -1,0 +1,61 @@
+// The business number check of module Random.
+#include <algorithm>
+
+#include "component/ShowError.h"
+#include "component/Trace.h"
+#include "platform/Text.h"
+#include "validation/Random.h"
+
+namespace nv::Random {
+
+namespace {
+
+bool isDigit(wchar_t c) {
+  return c >= L'0' && c <= L'9';
+}
+
+/// The general number test: an optional sign, digits with group separators, at most one decimal point, an exponent.
+bool isNumeric(std::wstring_view text) {
+  std::size_t at = 0;
+  const auto next = [&](auto&& accepts) { return at < text.size() && accepts(text[at]) && ++at != 0; };
+  const auto isSign = [](wchar_t c) { return c == L'+' || c == L'-'; };
+  const auto digits = [&](bool grouped) {
+    std::size_t count = 0;
+    while (next(isDigit) || (grouped && count > 0 && next([](wchar_t c) { return c == L','; }))) ++count;
+    return count;
+  };
+  next(isSign);
+  std::size_t count = digits(true);
+  if (next([](wchar_t c) { return c == L'.'; })) count += digits(false);
+  if (count == 0) return false;
+  if (next([](wchar_t c) { return c == L'e' || c == L'E'; })) {
+    next(isSign);
+    if (digits(false) == 0) return false;
+  }
+  return at == text.size();
+}
+
+/// The first eight digits of numbers that people make up; the ninth may be anything.
+constexpr std::wstring_view madeUp[] = {L"12345678", L"11111111", L"22222222", L"33333333", L"44444444", L"55555555",
+                                        L"66666666", L"77777777", L"88888888", L"99999999", L"00000000"};
+
+}  // namespace
+
+Flag16 VerifyBusinessNumber(Component& component, std::wstring_view businessNumber) {
+  entered(component, L"Random - VerifyBusinessNumber");
+  return reportedTrap(component, L"Random.VerifyBusinessNumber", flagFalse, [&] {
+    constexpr std::size_t length = 9;
+    if (trimmed(businessNumber).size() < length) return flagFalse;
+    const std::wstring_view number = businessNumber.substr(0, length);
+    if (!isNumeric(number)) return flagFalse;
+    if (std::ranges::find(madeUp, number.substr(0, length - 1)) != std::end(madeUp)) return flagFalse;
+
+    // The verifier knows business numbers as accounts of an institution of their own.
+    std::wstring ignoredMessage;
+    const std::int16_t result = VerifyAccount(component, L"001003", std::wstring(number) + L"RT0001", ignoredMessage, 0,
+                                              component.store.verifyBusinessNumberFlag != flagFalse);
+    return flag(result != 0);
+  });
+}
+
+}  // namespace nv::Random
