@@ -1,0 +1,119 @@
+// What the biller dialog accepts as an e-mail address and as a web site.
+#include "dialogs/biller/frmRandomInfo.h"
+#include "tests/support/ComponentTest.h"
+
+namespace nv::test {
+namespace {
+
+class AddressChecksTest : public ComponentTest {
+ protected:
+  std::shared_ptr<frmRandomInfo> form = std::make_shared<frmRandomInfo>(component, forms::Border::dialog);
+};
+
+TEST_F(AddressChecksTest, EmailAddresses) {
+  const std::wstring complete = L"Please enter a complete e-mail address with the form 'name@example.com'.";
+  const std::wstring valid = L"Please enter a valid e-mail address with the form 'name@example.com'.";
+  struct Case {
+    std::wstring address;
+    std::wstring message{};  // empty: accepted
+  };
+  const Case cases[] = {
+      {L"a@b.c"},
+      {L"NAME@EXAMPLE.COM"},
+      {L"first.last+tag@sub-domain.example.co"},
+      {L"!#$%&'*+/=?^_`{|}~-@x1.y2"},
+      {L"o'brien@example.com"},
+      {L"", complete},
+      {L"    ", complete},
+      {L"a@b.", complete},
+      {L" a@b  ", complete},
+      {L"@@@@", complete},
+      {L"abcde", valid},
+      {L"a@bcd", valid},
+      {L" a@b.c", valid},
+      {L"a@b.c ", valid},
+      {L".a@b.cd", valid},
+      {L"a.@b.cd", valid},
+      {L"a..b@c.de", valid},
+      {L"a@b..cd", valid},
+      {L"a@-b.cd", valid},
+      {L"a@b-.cd", valid},
+      {L"a@b.cd-", valid},
+      {L"a@b@c.de", valid},
+      {L"a b@c.de", valid},
+      {L"\u00e9@example.com", valid},
+      {L"a@example.com\n", valid},
+      {std::wstring(308, L'a') + L"@example.com"},
+      {std::wstring(309, L'a') + L"@example.com", valid},
+      {L"a@" + std::wstring(1000000, L'a') + L".", valid},  // refused before the matcher's depth could matter
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.address.substr(0, 40));
+    std::wstring message = L"untouched";
+    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, flagFalse), flag(c.message.empty()));
+    EXPECT_EQ(message, c.message.empty() ? L"untouched" : c.message);
+  }
+  std::wstring message = L"untouched";
+  EXPECT_EQ(form->ValidateEmailAddress(L"", message, flagTrue), flagTrue);
+  EXPECT_EQ(form->ValidateEmailAddress(L"   ", message, flagTrue), flagTrue);
+  EXPECT_EQ(message, L"untouched");
+  EXPECT_EQ(form->ValidateEmailAddress(L"abc", message, flagTrue), flagFalse);
+  EXPECT_EQ(message, complete);
+}
+
+TEST_F(AddressChecksTest, WebSites) {
+  struct Case {
+    std::wstring site;
+    Flag16 accepted;
+  };
+  const Case cases[] = {
+      {L"www.example.com", -1},
+      {L"WWW.EXAMPLE.COM", -1},
+      {L"abc.", -1},
+      {L"a.", -1},
+      {L"x y.z", -1},
+      {L"..", -1},
+      {L"www.", -1},
+      {L"abc", 0},
+      {L".abc", 0},
+      {L".", 0},
+      {L"", 0},
+      {std::wstring(1000000, L'a') + L".", 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.site.substr(0, 40));
+    std::wstring message = L"untouched";
+    EXPECT_EQ(form->ValidateWebsite(c.site, message), c.accepted);
+    EXPECT_EQ(message,
+              c.accepted != 0 ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
+  }
+}
+
+TEST_F(AddressChecksTest, IsEmailValidJudgesCharacterByCharacter) {
+  struct Case {
+    const wchar_t* address;
+    Flag16 valid;
+  };
+  const Case cases[] = {
+      {L"a@b.ca", -1},     {L"A_1-x.y@B.COM", -1}, {L"a@b.info", -1}, {L"1@2.34", -1},
+      {L"a@b.c", 0},       {L"a@b.museum", 0},     {L"a@b.", 0},      {L"a@b", 0},
+      {L"ab.ca", 0},       {L"a@b@c.ca", 0},       {L"@b.ca", 0},     {L"a@", 0},
+      {L".a@b.ca", 0},     {L"a.@b.ca", 0},        {L"a@.b.ca", 0},   {L"a..b@c.ca", 0},
+      {L"a@b..ca", 0},     {L"a+b@c.ca", 0},       {L"a b@c.ca", 0},  {L"", 0},
+      {L"\u00e9@b.ca", 0},
+  };
+  for (const Case& c : cases) EXPECT_EQ(form->IsEmailValid(c.address), c.valid) << c.address;
+}
+
+TEST_F(AddressChecksTest, EachIsTraced) {
+  startTrace();
+  std::wstring message;
+  form->ValidateEmailAddress(L"a@b.ca", message, flagFalse);
+  form->ValidateWebsite(L"www.b.ca", message);
+  form->IsEmailValid(L"a@b.ca");
+  EXPECT_EQ(traced(), (Texts{L"RandomInfo - ValidateEmailAddress", L"RandomInfo - ValidateWebsite",
+                             L"RandomInfo - IsEmailValid"}));
+}
+
+}  // namespace
+}  // namespace nv::test
