@@ -1,0 +1,27 @@
+# nv_idl(target file.idl): preprocesses an IDL file with the C preprocessor (so that it can expand tables) and compiles it
+# into <name>.idl (as hosts get it), <name>.h, <name>_i.c and <name>.tlb in the build folder. `target` is an object
+# library of the interface identifiers that brings the header's folder along.
+set(NV_IDL_INCLUDE /usr/include/wine/wine/windows)
+if(NV_WINDOWS_TARGET MATCHES i686)
+  set(NV_IDL_IMPORTLIB /usr/lib/i386-linux-gnu/wine/i386-windows)
+else()
+  set(NV_IDL_IMPORTLIB /usr/lib/x86_64-linux-gnu/wine/x86_64-windows)
+endif()
+
+function(nv_idl target source)
+  cmake_path(GET source STEM name)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/idl)
+  file(MAKE_DIRECTORY ${folder})
+  set(idl ${folder}/${name}.idl)
+  set(widl ${NV_WIDL} -I ${NV_IDL_INCLUDE} -L ${NV_IDL_IMPORTLIB})
+  add_custom_command(
+    OUTPUT ${idl} ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
+    COMMAND ${CMAKE_C_COMPILER} -E -P -x c -I ${PROJECT_SOURCE_DIR} -o ${idl} ${CMAKE_CURRENT_SOURCE_DIR}/${source}
+    COMMAND ${widl} -h -o ${folder}/${name}.h ${idl}
+    COMMAND ${widl} -u -o ${folder}/${name}_i.c ${idl}
+    COMMAND ${widl} -t -o ${folder}/${name}.tlb ${idl}
+    DEPENDS ${source} ${PROJECT_SOURCE_DIR}/component/properties.def
+    VERBATIM)
+  add_library(${target} OBJECT ${folder}/${name}_i.c ${folder}/${name}.h)
+  target_include_directories(${target} SYSTEM PUBLIC ${folder})
+endfunction()

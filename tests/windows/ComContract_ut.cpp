@@ -1,0 +1,244 @@
+// What COM asks of the class: identity, refusals, enumerators, lifetime, threads.
+#include <thread>
+
+#include "tests/windows/Server.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+const Server& server() {
+  return Server::get();
+}
+
+TEST(ComContract, ClassObjectRefusesWhatItIsNot) {
+  void* object = &object;
+  EXPECT_EQ(CLASS_E_CLASSNOTAVAILABLE, server().getClassObject(IID_IUnknown, IID_IClassFactory, &object));
+  EXPECT_EQ(nullptr, object);
+  object = &object;
+  EXPECT_EQ(E_NOINTERFACE, server().getClassObject(CLSID_ClsRandom, IID_IDispatch, &object));
+  EXPECT_EQ(nullptr, object);
+  EXPECT_EQ(E_POINTER, server().getClassObject(CLSID_ClsRandom, IID_IClassFactory, nullptr));
+}
+
+TEST(ComContract, FactoryRefusesAggregationAndUnknownInterfaces) {
+  const Apartment apartment;
+  const auto factory = server().factory();
+  void* object = &object;
+  EXPECT_EQ(CLASS_E_NOAGGREGATION, factory->CreateInstance(factory.get(), IID_IUnknown, &object));
+  EXPECT_EQ(nullptr, object);
+  object = &object;
+  EXPECT_EQ(E_NOINTERFACE, factory->CreateInstance(nullptr, IID_IPersist, &object));
+  EXPECT_EQ(nullptr, object);
+  EXPECT_EQ(E_POINTER, factory->CreateInstance(nullptr, IID_IUnknown, nullptr));
+}
+
+TEST(ComContract, EveryInterfaceLeadsToEveryOtherAndToOneIdentity) {
+  const Apartment apartment;
+  const auto object = server().create();
+  ComPtr<IUnknown> identity;
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IUnknown, identity.outVoid()));
+  const IID interfaces[] = {IID_IUnknown,
+                            IID_IDispatch,
+                            IID__ClsRandom,
+                            IID_ISupportErrorInfo,
+                            IID_IProvideClassInfo,
+                            IID_IProvideClassInfo2,
+                            IID_IConnectionPointContainer};
+  for (const IID& from : interfaces) {
+    ComPtr<IUnknown> first;
+    ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(from, first.outVoid()));
+    for (const IID& to : interfaces) {
+      ComPtr<IUnknown> second;
+      ASSERT_HRESULT_SUCCEEDED(first->QueryInterface(to, second.outVoid()));
+      ComPtr<IUnknown> again;
+      ASSERT_HRESULT_SUCCEEDED(second->QueryInterface(IID_IUnknown, again.outVoid()));
+      EXPECT_EQ(identity.get(), again.get());
+    }
+  }
+  void* none = &none;
+  EXPECT_EQ(E_NOINTERFACE, object->QueryInterface(IID_IStream, &none));
+  EXPECT_EQ(nullptr, none);
+}
+
+TEST(ComContract, DllStaysLoadedWhileAnythingOfItIsHeld) {
+  const Apartment apartment;
+  EXPECT_EQ(S_OK, server().canUnloadNow());
+  {
+    const auto object = server().create();
+    EXPECT_EQ(S_FALSE, server().canUnloadNow());
+  }
+  EXPECT_EQ(S_OK, server().canUnloadNow());
+  {
+    const auto factory = server().factory();
+    EXPECT_EQ(S_FALSE, server().canUnloadNow());
+    factory->LockServer(TRUE);
+  }
+  EXPECT_EQ(S_FALSE, server().canUnloadNow());
+  server().factory()->LockServer(FALSE);
+  EXPECT_EQ(S_OK, server().canUnloadNow());
+
+  ComPtr<IEnumConnections> connections;
+  {
+    const auto object = server().create();
+    eventsOf(object.get())->EnumConnections(connections.out());
+  }
+  EXPECT_EQ(S_FALSE, server().canUnloadNow()) << "an enumerator outlives its object";
+  connections.reset();
+  EXPECT_EQ(S_OK, server().canUnloadNow());
+}
+
+TEST(ComContract, ConnectionPointsAreEnumeratedAndFound) {
+  const Apartment apartment;
+  const auto object = server().create();
+  ComPtr<IConnectionPointContainer> container;
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IConnectionPointContainer, container.outVoid()));
+
+  ComPtr<IEnumConnectionPoints> points;
+  ASSERT_HRESULT_SUCCEEDED(container->EnumConnectionPoints(points.out()));
+  ComPtr<IConnectionPoint> point;
+  ULONG fetched = 0;
+  ASSERT_EQ(S_OK, points->Next(1, point.out(), &fetched));
+  EXPECT_EQ(1U, fetched);
+  IID iid;
+  EXPECT_EQ(S_OK, point->GetConnectionInterface(&iid));
+  EXPECT_EQ(DIID___ClsRandom, iid);
+  ComPtr<IConnectionPointContainer> back;
+  EXPECT_EQ(S_OK, point->GetConnectionPointContainer(back.out()));
+  EXPECT_EQ(container.get(), back.get());
+
+  IConnectionPoint* more = nullptr;
+  EXPECT_EQ(S_FALSE, points->Next(1, &more, &fetched));
+  EXPECT_EQ(0U, fetched);
+  EXPECT_EQ(S_OK, points->Reset());
+  EXPECT_EQ(S_OK, points->Skip(1));
+  EXPECT_EQ(S_FALSE, points->Skip(1));
+  ComPtr<IEnumConnectionPoints> clone;
+  ASSERT_EQ(S_OK, points->Clone(clone.out()));
+  EXPECT_EQ(S_FALSE, clone->Next(1, &more, &fetched)) << "a clone stands where its original stands";
+
+  EXPECT_EQ(CONNECT_E_NOCONNECTION, container->FindConnectionPoint(IID_IDispatch, &more));
+}
+
+TEST(ComContract, ConnectionsAreCountedAndGivenBack) {
+  const Apartment apartment;
+  const auto object = server().create();
+  const auto point = eventsOf(object.get());
+  Sink first([](DISPID, const DISPPARAMS&) { return S_OK; });
+  Sink second([](DISPID, const DISPPARAMS&) { return S_OK; });
+  DWORD firstCookie = 0;
+  DWORD secondCookie = 0;
+  ASSERT_EQ(S_OK, point->Advise(&first, &firstCookie));
+  ASSERT_EQ(S_OK, point->Advise(&second, &secondCookie));
+  EXPECT_NE(firstCookie, secondCookie);
+
+  ComPtr<IEnumConnections> connections;
+  ASSERT_EQ(S_OK, point->EnumConnections(connections.out()));
+  CONNECTDATA data[3]{};
+  ULONG fetched = 0;
+  EXPECT_EQ(S_FALSE, connections->Next(3, data, &fetched));
+  ASSERT_EQ(2U, fetched);
+  EXPECT_EQ(firstCookie, data[0].dwCookie);
+  EXPECT_EQ(&second, data[1].pUnk);
+  for (ULONG i = 0; i < fetched; ++i) data[i].pUnk->Release();
+  connections.reset();
+
+  EXPECT_EQ(S_OK, point->Unadvise(firstCookie));
+  EXPECT_EQ(CONNECT_E_NOCONNECTION, point->Unadvise(firstCookie));
+  EXPECT_EQ(0U, first.references) << "the listener was let go of";
+  EXPECT_EQ(S_OK, point->Unadvise(secondCookie));
+
+  // A listener that cannot receive the events is refused.
+  ComPtr<IUnknown> factory;
+  server().getClassObject(CLSID_ClsRandom, IID_IUnknown, factory.outVoid());
+  DWORD none = 1;
+  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point->Advise(factory.get(), &none));
+  EXPECT_EQ(0U, none);
+}
+
+TEST(ComContract, ClassInfoLeadsToTheClassAndItsEvents) {
+  const Apartment apartment;
+  const auto object = server().create();
+  ComPtr<IProvideClassInfo2> provider;
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IProvideClassInfo2, provider.outVoid()));
+  GUID guid;
+  EXPECT_EQ(S_OK, provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid));
+  EXPECT_EQ(DIID___ClsRandom, guid);
+  EXPECT_EQ(E_INVALIDARG, provider->GetGUID(99, &guid));
+  ComPtr<ITypeInfo> info;
+  ASSERT_EQ(S_OK, provider->GetClassInfo(info.out()));
+  TYPEATTR* attributes = nullptr;
+  ASSERT_EQ(S_OK, info->GetTypeAttr(&attributes));
+  EXPECT_EQ(CLSID_ClsRandom, attributes->guid);
+  info->ReleaseTypeAttr(attributes);
+}
+
+TEST(ComContract, FailuresCarryErrorInfoAndTheClassicNumber) {
+  const Apartment apartment;
+  const auto object = server().create();
+  ComPtr<ISupportErrorInfo> supports;
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_ISupportErrorInfo, supports.outVoid()));
+  EXPECT_EQ(S_OK, supports->InterfaceSupportsErrorInfo(IID__ClsRandom));
+  EXPECT_EQ(S_FALSE, supports->InterfaceSupportsErrorInfo(IID_IConnectionPoint));
+
+  Variant flat;
+  flat.vt = VT_ARRAY | VT_BSTR;
+  flat.parray = SafeArrayCreateVector(VT_BSTR, 0, 3);
+  EXPECT_EQ(static_cast<HRESULT>(0x800A0009), object->put_Prov_areacode(flat)) << "one dimension where two are needed";
+  ComPtr<IErrorInfo> info;
+  ASSERT_EQ(S_OK, GetErrorInfo(0, info.out()));
+  Bstr source;
+  Bstr description;
+  info->GetSource(source.out());
+  info->GetDescription(description.out());
+  EXPECT_EQ(L"NVRandom", view(source.get()));
+  EXPECT_EQ(L"Subscript out of range", view(description.get()));
+
+  Variant null;
+  null.vt = VT_NULL;
+  EXPECT_EQ(static_cast<HRESULT>(0x800A005E), object->put_NVMemberType(null)) << "invalid use of Null";
+  Variant word;
+  word.vt = VT_BSTR;
+  word.bstrVal = SysAllocString(L"maybe");
+  EXPECT_EQ(static_cast<HRESULT>(0x800A000D), object->put_IPBillerNameAcctExist(word)) << "type mismatch";
+}
+
+TEST(ComContract, InstancesOfAThreadShareItsStoreAndThreadsDoNot) {
+  const Apartment apartment;
+  const auto first = server().create();
+  const auto second = server().create();
+  putText(first.get(), &_ClsRandom::put_PayeeName, L"SHARED");
+  EXPECT_EQ(L"SHARED", getText(second.get(), &_ClsRandom::get_PayeeName));
+
+  std::wstring elsewhere = L"?";
+  std::thread([&elsewhere] {
+    const Apartment own;
+    const auto object = server().create();
+    elsewhere = getText(object.get(), &_ClsRandom::get_PayeeName);
+    putText(object.get(), &_ClsRandom::put_PayeeName, L"OTHER");
+  }).join();
+  EXPECT_EQ(L"", elsewhere);
+  EXPECT_EQ(L"SHARED", getText(first.get(), &_ClsRandom::get_PayeeName));
+}
+
+TEST(ComContract, ValuesOutliveTheLastInstanceOfAThread) {
+  const Apartment apartment;
+  putText(server().create().get(), &_ClsRandom::put_PayeeCity, L"KEPT");
+  EXPECT_EQ(L"KEPT", getText(server().create().get(), &_ClsRandom::get_PayeeCity));
+}
+
+TEST(ComContract, TextsKeepEveryCharacter) {
+  const Apartment apartment;
+  const auto object = server().create();
+  const std::wstring text(L"a\0b\x00E9\x20AC", 5);
+  const Bstr value{std::wstring_view(text)};
+  ASSERT_EQ(S_OK, object->put_PayeeName(value.get()));
+  EXPECT_EQ(text, getText(object.get(), &_ClsRandom::get_PayeeName));
+  ASSERT_EQ(S_OK, object->put_PayeeName(nullptr)) << "no string is an empty one";
+  EXPECT_EQ(L"", getText(object.get(), &_ClsRandom::get_PayeeName));
+  EXPECT_EQ(E_POINTER, object->get_PayeeName(nullptr));
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test

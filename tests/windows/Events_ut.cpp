@@ -1,0 +1,108 @@
+// The events of the class under hard use: listeners that fail, come and go, or let the object go while they are called.
+#include "tests/windows/Server.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+constexpr DISPID cancelEvent = 3;
+
+/// Shows the embedded dialog and closes it as the user does, which raises Cancel.
+void showAndClose(_ClsRandom* object) {
+  long result = -1;
+  ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
+  EXPECT_EQ(0, result);
+  long handle = 0;
+  ASSERT_EQ(S_OK, object->Get_hWnd(&handle));
+  SendMessageW(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)), WM_CLOSE, 0, 0);
+}
+
+class Events : public testing::Test {
+ protected:
+  /// A listener that notes the events under a letter and then does something.
+  Sink::Handler noting(
+      char letter, std::function<HRESULT()> then = [] { return S_OK; }) {
+    return [this, letter, then](DISPID event, const DISPPARAMS& arguments) {
+      if (event != cancelEvent) return S_OK;
+      EXPECT_EQ(0U, arguments.cArgs);
+      heard += letter;
+      return then();
+    };
+  }
+
+  Apartment apartment;
+  ComPtr<_ClsRandom> object = Server::get().create();
+  ComPtr<IConnectionPoint> point = eventsOf(object.get());
+  std::string heard;
+};
+
+TEST_F(Events, ReachEveryListenerWhateverTheOthersReturn) {
+  Sink failing(noting('f', [] { return E_FAIL; }));
+  Sink raising(noting('r', [] { return DISP_E_EXCEPTION; }));
+  Sink last(noting('l'));
+  DWORD cookies[3];
+  point->Advise(&failing, &cookies[0]);
+  point->Advise(&raising, &cookies[1]);
+  point->Advise(&last, &cookies[2]);
+  showAndClose(object.get());
+  EXPECT_EQ("frl", heard);
+  for (const DWORD cookie : cookies) point->Unadvise(cookie);
+}
+
+TEST_F(Events, ListenersComeAndGoWhileOneIsRaised) {
+  DWORD firstCookie = 0;
+  DWORD secondCookie = 0;
+  DWORD newCookie = 0;
+  Sink newcomer(noting('n'));
+  Sink second(noting('s'));
+  Sink first(noting('f', [&] {
+    point->Unadvise(firstCookie);
+    point->Unadvise(secondCookie);
+    return point->Advise(&newcomer, &newCookie);
+  }));
+  point->Advise(&first, &firstCookie);
+  point->Advise(&second, &secondCookie);
+  showAndClose(object.get());
+  EXPECT_EQ("f", heard) << "one that left is not called, one that came waits for the next event";
+  showAndClose(object.get());
+  EXPECT_EQ("fn", heard);
+  point->Unadvise(newCookie);
+  EXPECT_EQ(0U, first.references + second.references + newcomer.references);
+}
+
+TEST_F(Events, AListenerMayReleaseTheLastReference) {
+  Sink sink(noting('x', [&] {
+    point.reset();
+    object.reset();
+    return S_OK;
+  }));
+  DWORD cookie = 0;
+  point->Advise(&sink, &cookie);
+  long handle = 0;
+  long result = 0;
+  object->ShowForm_Remote(&result);
+  object->Get_hWnd(&handle);
+  SendMessageW(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)), WM_CLOSE, 0, 0);
+  EXPECT_EQ("x", heard);
+  EXPECT_EQ(0U, sink.references) << "the object is gone and has let go of its listener";
+  EXPECT_EQ(S_OK, Server::get().canUnloadNow());
+}
+
+TEST_F(Events, ReleasingTheObjectTakesItsDialogAwayInSilence) {
+  Sink sink(noting('x'));
+  DWORD cookie = 0;
+  point->Advise(&sink, &cookie);
+  long handle = 0;
+  long result = 0;
+  object->ShowForm_Remote(&result);
+  object->Get_hWnd(&handle);
+  point.reset();
+  object.reset();
+  EXPECT_FALSE(IsWindow(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle))));
+  EXPECT_EQ("", heard);
+  EXPECT_EQ(0U, sink.references);
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test

@@ -1,0 +1,108 @@
+// Registration: what it writes makes the class usable, and taking it back leaves the registry as it was.
+#include <set>
+
+#include "tests/windows/Server.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+/// Every key and value below a key, one text each.
+void collect(HKEY parent, const std::wstring& path, std::set<std::wstring>& found) {
+  RegistryKey key;
+  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, key.out()) != ERROR_SUCCESS) return;
+  found.insert(path);
+  wchar_t name[16384];
+  BYTE data[16384];
+  for (DWORD i = 0;; ++i) {
+    DWORD nameLength = static_cast<DWORD>(std::size(name));
+    DWORD size = sizeof(data);
+    const LSTATUS result = RegEnumValueW(key.get(), i, name, &nameLength, nullptr, nullptr, data, &size);
+    if (result == ERROR_NO_MORE_ITEMS) break;
+    std::wstring value = path + L"\\\\" + name + L"=";
+    for (DWORD byte = 0; result == ERROR_SUCCESS && byte < size; ++byte)
+      value += static_cast<wchar_t>(0x100 + data[byte]);
+    found.insert(value);
+  }
+  for (DWORD i = 0;; ++i) {
+    DWORD nameLength = static_cast<DWORD>(std::size(name));
+    if (RegEnumKeyExW(key.get(), i, name, &nameLength, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+    collect(parent, path + L"\\" + name, found);
+  }
+}
+
+std::set<std::wstring> classesOf(HKEY root) {
+  std::set<std::wstring> found;
+  collect(root, L"Software\\Classes", found);
+  return found;
+}
+
+std::wstring valueAt(HKEY root, const std::wstring& key, const wchar_t* name = nullptr) {
+  wchar_t text[MAX_PATH] = L"";
+  DWORD size = sizeof(text);
+  RegGetValueW(root, (L"Software\\Classes\\" + key).c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size);
+  return text;
+}
+
+const std::wstring classKey = L"CLSID\\{349A4C26-2CF1-4BB4-9ACA-C5FAF76E2124}";
+
+void expectRegistered(HKEY root) {
+  EXPECT_EQ(serverPath(), valueAt(root, classKey + L"\\InprocServer32"));
+  EXPECT_EQ(L"Apartment", valueAt(root, classKey + L"\\InprocServer32", L"ThreadingModel"));
+  EXPECT_EQ(L"{349A4C26-2CF1-4BB4-9ACA-C5FAF76E2124}", valueAt(root, L"NVRandom.ClsRandom\\CLSID"));
+  EXPECT_EQ(L"Norvik Customer Specific Biller Info",
+            valueAt(root, L"TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}\\1.0"));
+}
+
+class Registration : public testing::Test {
+ protected:
+  Registration() { EXPECT_EQ(S_OK, Server::get().unregisterServer()); }
+  ~Registration() override { EXPECT_EQ(S_OK, Server::get().registerServer()) << "left as the other tests need it"; }
+};
+
+TEST_F(Registration, PerMachineAndBackLeavesNothingBehind) {
+  const auto before = classesOf(HKEY_LOCAL_MACHINE);
+  ASSERT_EQ(S_OK, Server::get().registerServer());
+  ASSERT_EQ(S_OK, Server::get().registerServer()) << "twice is once";
+  expectRegistered(HKEY_LOCAL_MACHINE);
+  {
+    const Apartment apartment;
+    CLSID classId;
+    ASSERT_EQ(S_OK, CLSIDFromProgID(L"NVRandom.ClsRandom", &classId));
+    ComPtr<_ClsRandom> object;
+    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID__ClsRandom, object.outVoid()));
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ(S_OK, LoadRegTypeLib(LIBID_NVRandom, 1, 0, LOCALE_NEUTRAL, library.out()));
+  }
+  ASSERT_EQ(S_OK, Server::get().unregisterServer());
+  EXPECT_EQ(before, classesOf(HKEY_LOCAL_MACHINE));
+  EXPECT_EQ(S_OK, Server::get().unregisterServer()) << "nothing to take back is no failure";
+}
+
+TEST_F(Registration, PerUserAndBackLeavesNothingBehind) {
+  const auto machine = classesOf(HKEY_LOCAL_MACHINE);
+  const auto before = classesOf(HKEY_CURRENT_USER);
+  ASSERT_EQ(S_OK, Server::get().install(true, L"user"));
+  expectRegistered(HKEY_CURRENT_USER);
+  EXPECT_EQ(machine, classesOf(HKEY_LOCAL_MACHINE));
+  ASSERT_EQ(S_OK, Server::get().install(false, L"user"));
+  EXPECT_EQ(before, classesOf(HKEY_CURRENT_USER));
+}
+
+TEST_F(Registration, KeepsTheTypeLibraryOfTheOtherWordSize) {
+  const std::wstring library = L"Software\\Classes\\TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}";
+  const std::wstring other = library + (sizeof(void*) == 8 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64");
+  ASSERT_EQ(S_OK, Server::get().registerServer());
+  RegistryKey key;
+  ASSERT_EQ(ERROR_SUCCESS,
+            RegCreateKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, key.out(), nullptr));
+  key.reset();
+  ASSERT_EQ(S_OK, Server::get().unregisterServer());
+  EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, KEY_READ, key.out()));
+  key.reset();
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, library.c_str());
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test

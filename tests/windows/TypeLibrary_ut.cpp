@@ -1,0 +1,122 @@
+// The type library, read back and held against the published interface.
+#include <fstream>
+#include <set>
+
+#include "tests/windows/Server.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+std::string narrow(std::wstring_view text) {
+  return {text.begin(), text.end()};
+}
+
+std::string typeName(const TYPEDESC& type) {
+  switch (type.vt) {
+    case VT_I2:
+      return "short";
+    case VT_I4:
+      return "long";
+    case VT_BSTR:
+      return "BSTR";
+    case VT_VARIANT:
+      return "VARIANT";
+    case VT_VOID:
+      return "void";
+    case VT_HRESULT:
+      return "HRESULT";
+    case VT_PTR:
+      return typeName(*type.lptdesc);
+    case VT_SAFEARRAY:
+      return typeName(*type.lptdesc) + "()";
+    default:
+      return "type " + std::to_string(type.vt);
+  }
+}
+
+/// A function of a type, as a line of the published interface.
+std::string describe(ITypeInfo* info, UINT index) {
+  FUNCDESC* function = nullptr;
+  if (FAILED(info->GetFuncDesc(index, &function))) return "?";
+  Bstr name;
+  info->GetDocumentation(function->memid, name.out(), nullptr, nullptr, nullptr);
+  std::string type = typeName(function->elemdescFunc.tdesc);
+  if (function->cParams == 1) type = typeName(function->lprgelemdescParam[0].tdesc);
+  if (type == "HRESULT") type = "void";
+  const std::string kind = function->invkind == INVOKE_PROPERTYGET   ? "get "
+                           : function->invkind == INVOKE_PROPERTYPUT ? "put "
+                                                                     : "call ";
+  const std::string line = kind + std::to_string(function->memid) + " " + narrow(view(name.get())) + " " + type;
+  info->ReleaseFuncDesc(function);
+  return line;
+}
+
+ComPtr<ITypeLib> library() {
+  ComPtr<ITypeLib> library;
+  EXPECT_HRESULT_SUCCEEDED(LoadTypeLibEx(serverPath().c_str(), REGKIND_NONE, library.out()));
+  return library;
+}
+
+/// The functions that a type adds to what it is derived from.
+std::vector<std::string> members(REFGUID guid) {
+  ComPtr<ITypeInfo> info;
+  EXPECT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(guid, info.out()));
+  // Of a dual interface the dispatch side is found; the other one has the functions in the order of the table.
+  HREFTYPE other = 0;
+  ComPtr<ITypeInfo> table = info;
+  if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &other))) info->GetRefTypeInfo(other, table.out());
+  TYPEATTR* attributes = nullptr;
+  EXPECT_HRESULT_SUCCEEDED(table->GetTypeAttr(&attributes));
+  std::vector<std::string> lines;
+  for (UINT i = 0; i < attributes->cFuncs; ++i) lines.push_back(describe(table.get(), i));
+  table->ReleaseTypeAttr(attributes);
+  return lines;
+}
+
+TEST(TypeLibrary, MembersStandInThePublishedOrder) {
+  std::ifstream published(NV_INTERFACE_FILE);
+  ASSERT_TRUE(published) << NV_INTERFACE_FILE;
+  std::vector<std::string> expected;
+  for (std::string line; std::getline(published, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    expected.push_back(line);
+  }
+  EXPECT_EQ(expected, members(IID__ClsRandom));
+}
+
+TEST(TypeLibrary, EventsHaveTheirNumbersAndParameters) {
+  const std::vector<std::string> expected = {"call 1 CSBOK void", "call 2 CurrentFieldTop short", "call 3 Cancel void",
+                                             "call 4 ViewSampleCheque void"};
+  EXPECT_EQ(expected, members(DIID___ClsRandom));
+}
+
+TEST(TypeLibrary, DescribesItselfAndItsClass) {
+  Bstr name;
+  Bstr description;
+  library()->GetDocumentation(-1, name.out(), description.out(), nullptr, nullptr);
+  EXPECT_EQ(L"NVRandom", view(name.get()));
+  EXPECT_EQ(L"Norvik Customer Specific Biller Info", view(description.get()));
+
+  ComPtr<ITypeInfo> coclass;
+  ASSERT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(CLSID_ClsRandom, coclass.out()));
+  std::set<std::pair<std::string, int>> implemented;
+  for (UINT i = 0; i < 2; ++i) {
+    HREFTYPE reference = 0;
+    INT flags = 0;
+    ComPtr<ITypeInfo> info;
+    Bstr interfaceName;
+    ASSERT_HRESULT_SUCCEEDED(coclass->GetRefTypeOfImplType(i, &reference));
+    ASSERT_HRESULT_SUCCEEDED(coclass->GetImplTypeFlags(i, &flags));
+    ASSERT_HRESULT_SUCCEEDED(coclass->GetRefTypeInfo(reference, info.out()));
+    info->GetDocumentation(-1, interfaceName.out(), nullptr, nullptr, nullptr);
+    implemented.emplace(narrow(view(interfaceName.get())), flags);
+  }
+  const std::set<std::pair<std::string, int>> expected = {
+      {"_ClsRandom", IMPLTYPEFLAG_FDEFAULT}, {"__ClsRandom", IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE}};
+  EXPECT_EQ(expected, implemented);
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test

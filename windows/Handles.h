@@ -1,0 +1,165 @@
+// Owners of what Windows and COM hand out: one type per kind of resource, each releasing exactly once.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "windows/SystemHeaders.h"
+
+namespace nv::windows {
+
+/// Owner of a handle-like value; `Traits` says what the value is, which one is invalid and how it is given back.
+template <class Traits>
+class Unique {
+ public:
+  using Value = typename Traits::Value;
+
+  Unique() = default;
+  explicit Unique(Value value) : value_(value) {}
+  Unique(Unique&& other) noexcept : value_(other.release()) {}
+  Unique& operator=(Unique&& other) noexcept {
+    reset(other.release());
+    return *this;
+  }
+  Unique(const Unique&) = delete;
+  Unique& operator=(const Unique&) = delete;
+  ~Unique() { reset(); }
+
+  Value get() const { return value_; }
+  explicit operator bool() const { return value_ != Traits::invalid(); }
+  Value release() { return std::exchange(value_, Traits::invalid()); }
+  void reset(Value value = Traits::invalid()) {
+    const Value old = std::exchange(value_, value);
+    if (old != Traits::invalid()) Traits::close(old);
+  }
+  /// For functions that hand out a value through a pointer.
+  Value* out() {
+    reset();
+    return &value_;
+  }
+
+ private:
+  Value value_ = Traits::invalid();
+};
+
+struct FileTraits {
+  using Value = HANDLE;
+  static Value invalid() { return INVALID_HANDLE_VALUE; }
+  static void close(Value value) { CloseHandle(value); }
+};
+using FileHandle = Unique<FileTraits>;
+
+struct KeyTraits {
+  using Value = HKEY;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { RegCloseKey(value); }
+};
+using RegistryKey = Unique<KeyTraits>;
+
+struct LibraryTraits {
+  using Value = HMODULE;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { FreeLibrary(value); }
+};
+using Library = Unique<LibraryTraits>;
+
+template <class Handle>
+struct GdiTraits {
+  using Value = Handle;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { DeleteObject(value); }
+};
+using FontHandle = Unique<GdiTraits<HFONT>>;
+using Brush = Unique<GdiTraits<HBRUSH>>;
+using Pen = Unique<GdiTraits<HPEN>>;
+using Bitmap = Unique<GdiTraits<HBITMAP>>;
+
+struct MemoryDcTraits {
+  using Value = HDC;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { DeleteDC(value); }
+};
+using MemoryDc = Unique<MemoryDcTraits>;
+
+struct HookTraits {
+  using Value = HHOOK;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { UnhookWindowsHookEx(value); }
+};
+using Hook = Unique<HookTraits>;
+
+struct IconTraits {
+  using Value = HICON;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { DestroyIcon(value); }
+};
+using Icon = Unique<IconTraits>;
+
+struct BstrTraits {
+  using Value = BSTR;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { SysFreeString(value); }
+};
+
+/// Owner of a BSTR.
+class Bstr : public Unique<BstrTraits> {
+ public:
+  using Unique::Unique;
+  /// Null when memory runs out.
+  explicit Bstr(std::wstring_view text) : Unique(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+};
+
+/// The text of a BSTR, which may be null and may hold any character.
+inline std::wstring_view view(BSTR text) {
+  return {text == nullptr ? L"" : text, SysStringLen(text)};
+}
+
+struct SafeArrayTraits {
+  using Value = SAFEARRAY*;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { SafeArrayDestroy(value); }
+};
+using SafeArray = Unique<SafeArrayTraits>;
+
+/// Owner of a VARIANT's contents.
+struct Variant : VARIANT {
+  Variant() { VariantInit(this); }
+  ~Variant() { VariantClear(this); }
+  Variant(const Variant&) = delete;
+  Variant& operator=(const Variant&) = delete;
+};
+
+/// Owner of one reference to a COM object.
+template <class Interface>
+class ComPtr {
+ public:
+  ComPtr() = default;
+  explicit ComPtr(Interface* object) : object_(object) {
+    if (object_ != nullptr) object_->AddRef();
+  }
+  ComPtr(const ComPtr& other) : ComPtr(other.object_) {}
+  ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  ComPtr& operator=(ComPtr other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~ComPtr() { reset(); }
+
+  Interface* get() const { return object_; }
+  Interface* operator->() const { return object_; }
+  explicit operator bool() const { return object_ != nullptr; }
+  void reset() {
+    if (Interface* const old = std::exchange(object_, nullptr)) old->Release();
+  }
+  /// For functions that hand out an object through a pointer.
+  Interface** out() {
+    reset();
+    return &object_;
+  }
+  void** outVoid() { return reinterpret_cast<void**>(out()); }
+
+ private:
+  Interface* object_ = nullptr;
+};
+
+}  // namespace nv::windows

@@ -1,0 +1,198 @@
+#include "windows/com/ClsRandomObject.h"
+
+#include <type_traits>
+
+#include "windows/com/Marshal.h"
+
+namespace nv::windows {
+
+HRESULT ClsRandomObject::create(REFIID iid, void** object) {
+  ComPtr<_ClsRandom> made;
+  const HRESULT result = guarded([&made] { *made.out() = new ClsRandomObject; });
+  return FAILED(result) ? result : made->QueryInterface(iid, object);
+}
+
+ClsRandomObject::ClsRandomObject()
+    : component_(componentOfThisThread()), events_(*this, DIID___ClsRandom), rules_(*component_, *this) {}
+
+// IUnknown
+
+STDMETHODIMP ClsRandomObject::QueryInterface(REFIID iid, void** object) {
+  if (object == nullptr) return E_POINTER;
+  if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID__ClsRandom) {
+    *object = static_cast<_ClsRandom*>(this);
+  } else if (iid == IID_ISupportErrorInfo) {
+    *object = static_cast<ISupportErrorInfo*>(this);
+  } else if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2) {
+    *object = static_cast<IProvideClassInfo2*>(this);
+  } else if (iid == IID_IConnectionPointContainer) {
+    *object = static_cast<IConnectionPointContainer*>(this);
+  } else {
+    *object = nullptr;
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP_(ULONG) ClsRandomObject::AddRef() {
+  return static_cast<ULONG>(++references_);
+}
+
+STDMETHODIMP_(ULONG) ClsRandomObject::Release() {
+  const long left = --references_;
+  if (left != 0) return static_cast<ULONG>(left);
+  // Taking the dialog away may let the host run, and the host may take and release the dying object: once is enough.
+  references_ = 1L << 30;
+  delete this;
+  return 0;
+}
+
+// IDispatch
+
+HRESULT ClsRandomObject::ownTypeInfo(ComPtr<ITypeInfo>& info) {
+  if (!typeInfo_) {
+    const HRESULT result = typeInfo(IID__ClsRandom, typeInfo_);
+    if (FAILED(result)) return result;
+  }
+  info = typeInfo_;
+  return S_OK;
+}
+
+STDMETHODIMP ClsRandomObject::GetTypeInfoCount(UINT* count) {
+  if (count == nullptr) return E_POINTER;
+  *count = 1;
+  return S_OK;
+}
+
+STDMETHODIMP ClsRandomObject::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) {
+  if (info == nullptr) return E_POINTER;
+  *info = nullptr;
+  if (index != 0) return DISP_E_BADINDEX;
+  ComPtr<ITypeInfo> own;
+  const HRESULT result = ownTypeInfo(own);
+  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+}
+
+STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) {
+  ComPtr<ITypeInfo> own;
+  const HRESULT result = ownTypeInfo(own);
+  return FAILED(result) ? result : DispGetIDsOfNames(own.get(), names, count, ids);
+}
+
+namespace {
+
+/// Whether the member is put as an array of strings, which script hosts cannot build.
+bool takesStringArray(DISPID member) {
+  bool takes = false;
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
+  takes = takes || (member == (id) && std::is_same_v<property::Type, property::StringList>);
+#define NV_METHOD(id, Name, Result)
+#include "component/properties.def"
+  return takes;
+}
+
+}  // namespace
+
+STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
+  ComPtr<ITypeInfo> own;
+  const HRESULT found = ownTypeInfo(own);
+  if (FAILED(found)) return found;
+  const ComPtr<_ClsRandom> self(this);  // the host may release the object while a dialog is up
+
+  DISPPARAMS passed = parameters == nullptr ? DISPPARAMS{} : *parameters;
+  Variant strings;
+  const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+  if (put && passed.cArgs == 1 && takesStringArray(member)) {
+    const HRESULT converted = guarded([&] {
+      strings.parray = safeArray(VariantValue(passed.rgvarg[0]).array()).release();
+      strings.vt = VT_ARRAY | VT_BSTR;
+    });
+    if (FAILED(converted)) {
+      if (badArgument != nullptr) *badArgument = 0;
+      return DISP_E_TYPEMISMATCH;
+    }
+    passed.rgvarg = &strings;
+  }
+  return DispInvoke(static_cast<_ClsRandom*>(this), own.get(), member, flags, &passed, result, exception, badArgument);
+}
+
+// _ClsRandom
+
+#define NV_COM_Let(Name, Type)                                    \
+  STDMETHODIMP ClsRandomObject::put_##Name(NV_COM_##Type value) { \
+    return guarded([&] { rules_.let##Name(fromHost(value)); });   \
+  }
+#define NV_COM_LetGet(Name, Type)                                                         \
+  NV_COM_Let(Name, Type) STDMETHODIMP ClsRandomObject::get_##Name(NV_COM_##Type* value) { \
+    if (value == nullptr) return E_POINTER;                                               \
+    *value = {};                                                                          \
+    return guarded([&] { toHost(rules_.get##Name(), value); });                           \
+  }
+// A method may run the host while a dialog is up, and the host may release the object then.
+#define NV_COM_Long(Name)                             \
+  STDMETHODIMP ClsRandomObject::Name(long* result) {  \
+    if (result == nullptr) return E_POINTER;          \
+    *result = 0;                                      \
+    const ComPtr<_ClsRandom> self(this);              \
+    return guarded([&] { *result = rules_.Name(); }); \
+  }
+#define NV_COM_Nothing(Name)                \
+  STDMETHODIMP ClsRandomObject::Name() {    \
+    const ComPtr<_ClsRandom> self(this);    \
+    return guarded([&] { rules_.Name(); }); \
+  }
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_COM_##Access(Name, Type)
+#define NV_METHOD(id, Name, Result) NV_COM_##Result(Name)
+#include "component/properties.def"
+
+// ISupportErrorInfo
+
+STDMETHODIMP ClsRandomObject::InterfaceSupportsErrorInfo(REFIID iid) {
+  return iid == IID__ClsRandom || iid == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+// IProvideClassInfo2
+
+STDMETHODIMP ClsRandomObject::GetClassInfo(ITypeInfo** info) {
+  if (info == nullptr) return E_POINTER;
+  *info = nullptr;
+  ComPtr<ITypeInfo> own;
+  const HRESULT result = typeInfo(CLSID_ClsRandom, own);
+  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+}
+
+STDMETHODIMP ClsRandomObject::GetGUID(DWORD kind, GUID* guid) {
+  if (guid == nullptr) return E_POINTER;
+  *guid = GUID_NULL;
+  if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+  *guid = DIID___ClsRandom;
+  return S_OK;
+}
+
+// IConnectionPointContainer
+
+STDMETHODIMP ClsRandomObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  if (points == nullptr) return E_POINTER;
+  *points = nullptr;
+  return enumerateConnectionPoints(events_, points);
+}
+
+STDMETHODIMP ClsRandomObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+  if (point == nullptr) return E_POINTER;
+  *point = nullptr;
+  if (iid != DIID___ClsRandom) return CONNECT_E_NOCONNECTION;
+  *point = &events_;
+  events_.AddRef();
+  return S_OK;
+}
+
+void ClsRandomObject::CurrentFieldTop(std::int16_t top) {
+  VARIANT argument;
+  argument.vt = VT_I2;
+  argument.iVal = top;
+  events_.raise(2, {argument});
+}
+
+}  // namespace nv::windows

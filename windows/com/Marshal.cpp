@@ -1,0 +1,163 @@
+#include "windows/com/Marshal.h"
+
+#include <vector>
+
+namespace nv::windows {
+
+namespace {
+
+const VARIANT& resolved(const VARIANT& value) {
+  const VARIANT* at = &value;
+  while (at->vt == (VT_VARIANT | VT_BYREF) && at->pvarVal != nullptr) at = at->pvarVal;
+  return *at;
+}
+
+[[noreturn]] void throwFailure(HRESULT result) {
+  switch (result) {
+    case E_OUTOFMEMORY:
+      throw RuntimeError(ErrorNumber::outOfMemory);
+    case DISP_E_BADINDEX:
+      throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+    default:
+      throw RuntimeError(ErrorNumber::typeMismatch);
+  }
+}
+
+void check(HRESULT result) {
+  if (FAILED(result)) throwFailure(result);
+}
+
+/// The value as another type, as the platform converts it for the user's locale.
+void convert(const VARIANT& value, VARTYPE type, Variant& result) {
+  if (value.vt == VT_NULL) throw RuntimeError(ErrorNumber::invalidUseOfNull);
+  check(VariantChangeTypeEx(&result, const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, type));
+}
+
+std::wstring textOf(const VARIANT& value) {
+  Variant text;
+  convert(value, VT_BSTR, text);
+  return std::wstring(view(text.bstrVal));
+}
+
+/// Gives access to the elements of an array for as long as it lives.
+class ArrayAccess {
+ public:
+  explicit ArrayAccess(SAFEARRAY* array) : array_(array) { check(SafeArrayAccessData(array, &data_)); }
+  ~ArrayAccess() { SafeArrayUnaccessData(array_); }
+  ArrayAccess(const ArrayAccess&) = delete;
+  ArrayAccess& operator=(const ArrayAccess&) = delete;
+
+  template <class Element>
+  Element& element(std::size_t index) const {
+    return static_cast<Element*>(data_)[index];
+  }
+
+ private:
+  SAFEARRAY* array_;
+  void* data_ = nullptr;
+};
+
+/// Calls `body(ours, theirs)` for the position of each element in our order, in which the last dimension runs fastest,
+/// and in the platform's, in which the first does.
+template <class Body>
+void forEachElement(const std::vector<StringArray::Bounds>& bounds, Body&& body) {
+  std::size_t count = 1;
+  std::vector<std::size_t> strides;
+  for (const auto& dimension : bounds) {
+    strides.push_back(count);
+    count *= dimension.size();
+  }
+  std::vector<std::size_t> subscripts(bounds.size());
+  std::size_t theirs = 0;
+  for (std::size_t ours = 0; ours < count; ++ours) {
+    body(ours, theirs);
+    for (std::size_t d = bounds.size(); d-- > 0;) {
+      theirs += strides[d];
+      if (++subscripts[d] < bounds[d].size()) break;
+      theirs -= strides[d] * bounds[d].size();
+      subscripts[d] = 0;
+    }
+  }
+}
+
+}  // namespace
+
+HRESULT failure(const RuntimeError& error) noexcept {
+  ComPtr<ICreateErrorInfo> create;
+  if (SUCCEEDED(CreateErrorInfo(create.out()))) {
+    const Bstr description(error.description());
+    wchar_t source[] = L"NVRandom";
+    create->SetSource(source);
+    create->SetDescription(description.get());
+    ComPtr<IErrorInfo> info;
+    if (SUCCEEDED(create->QueryInterface(IID_IErrorInfo, info.outVoid()))) SetErrorInfo(0, info.get());
+  }
+  return error.number() < 0 ? error.number() : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, error.number());
+}
+
+VariantValue::VariantValue(const VARIANT& value) : value_(resolved(value)) {}
+
+std::wstring VariantValue::text() const {
+  return textOf(value_);
+}
+
+bool VariantValue::truth() const {
+  Variant truth;
+  convert(value_, VT_BOOL, truth);
+  return truth.boolVal != VARIANT_FALSE;
+}
+
+StringArray VariantValue::array() const {
+  if ((value_.vt & VT_ARRAY) == 0) throw RuntimeError(ErrorNumber::typeMismatch);
+  return stringArray((value_.vt & VT_BYREF) != 0 ? *value_.pparray : value_.parray);
+}
+
+StringArray stringArray(SAFEARRAY* array) {
+  if (array == nullptr) return {};
+  std::vector<StringArray::Bounds> bounds;
+  for (UINT dimension = 1; dimension <= SafeArrayGetDim(array); ++dimension) {
+    LONG lower = 0;
+    LONG upper = -1;
+    check(SafeArrayGetLBound(array, dimension, &lower));
+    check(SafeArrayGetUBound(array, dimension, &upper));
+    bounds.push_back({lower, upper});
+  }
+  VARTYPE type = VT_EMPTY;
+  check(SafeArrayGetVartype(array, &type));
+  if (type != VT_BSTR && type != VT_VARIANT) throw RuntimeError(ErrorNumber::typeMismatch);
+
+  StringArray result(bounds);
+  if (result.elements().empty()) return result;
+  const ArrayAccess access(array);
+  forEachElement(bounds, [&](std::size_t ours, std::size_t theirs) {
+    result.elements()[ours] = type == VT_BSTR ? std::wstring(view(access.element<BSTR>(theirs)))
+                                              : textOf(resolved(access.element<VARIANT>(theirs)));
+  });
+  return result;
+}
+
+SafeArray safeArray(const StringArray& array) {
+  if (array.dimensions() == 0) return {};
+  std::vector<StringArray::Bounds> bounds;
+  std::vector<SAFEARRAYBOUND> theirBounds;
+  for (std::size_t dimension = 0; dimension < array.dimensions(); ++dimension) {
+    bounds.push_back(array.bounds(dimension));
+    theirBounds.push_back({static_cast<ULONG>(bounds.back().size()), bounds.back().lower});
+  }
+  SafeArray result(SafeArrayCreate(VT_BSTR, static_cast<UINT>(theirBounds.size()), theirBounds.data()));
+  if (!result) throw RuntimeError(ErrorNumber::outOfMemory);
+  const ArrayAccess access(result.get());
+  forEachElement(bounds, [&](std::size_t ours, std::size_t theirs) {
+    Bstr text(array.elements()[ours]);
+    if (!text) throw RuntimeError(ErrorNumber::outOfMemory);
+    access.element<BSTR>(theirs) = text.release();
+  });
+  return result;
+}
+
+void toHost(const std::wstring& value, BSTR* result) {
+  *result = SysAllocStringLen(value.data(), static_cast<UINT>(value.size()));
+  if (*result == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
+}
+
+}  // namespace nv::windows

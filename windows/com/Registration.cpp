@@ -1,0 +1,158 @@
+#include "windows/com/Registration.h"
+
+#include <string>
+#include <vector>
+
+#include "NVRandom.h"
+#include "windows/com/Marshal.h"
+#include "windows/com/Module.h"
+
+namespace nv::windows {
+
+namespace {
+
+constexpr const wchar_t* progId = L"NVRandom.ClsRandom";
+constexpr const wchar_t* description = L"Norvik Customer Specific Biller Info";
+constexpr const wchar_t* version = L"1.0";
+#ifdef _WIN64
+constexpr const wchar_t* platform = L"win64";
+#else
+constexpr const wchar_t* platform = L"win32";
+#endif
+
+/// The marshallers that the system brings for automation interfaces.
+constexpr const wchar_t* dualProxy = L"{00020424-0000-0000-C000-000000000046}";
+constexpr const wchar_t* dispatchProxy = L"{00020420-0000-0000-C000-000000000046}";
+
+std::wstring text(REFGUID guid) {
+  wchar_t buffer[40];
+  StringFromGUID2(guid, buffer, static_cast<int>(std::size(buffer)));
+  return buffer;
+}
+
+std::wstring classKey() {
+  return L"CLSID\\" + text(CLSID_ClsRandom);
+}
+std::wstring libraryKey() {
+  return L"TypeLib\\" + text(LIBID_NVRandom);
+}
+std::wstring versionKey() {
+  return libraryKey() + L"\\" + version;
+}
+std::wstring platformKey() {
+  return versionKey() + L"\\0\\" + platform;
+}
+std::wstring interfaceKey(REFIID iid) {
+  return L"Interface\\" + text(iid);
+}
+
+struct Entry {
+  std::wstring key;     // below Software\Classes
+  const wchar_t* name;  // nullptr: the key's default value
+  std::wstring value;
+};
+
+std::vector<Entry> entries() {
+  const std::wstring path = modulePath();
+  const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
+  const std::wstring libid = text(LIBID_NVRandom);
+  std::vector<Entry> list = {
+      {classKey(), nullptr, progId},
+      {classKey() + L"\\InprocServer32", nullptr, path},
+      {classKey() + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+      {classKey() + L"\\ProgID", nullptr, progId},
+      {classKey() + L"\\Programmable", nullptr, L""},
+      {classKey() + L"\\TypeLib", nullptr, libid},
+      {classKey() + L"\\Version", nullptr, version},
+      {progId, nullptr, description},
+      {std::wstring(progId) + L"\\CLSID", nullptr, text(CLSID_ClsRandom)},
+      {versionKey(), nullptr, description},
+      {versionKey() + L"\\FLAGS", nullptr, L"0"},
+      {versionKey() + L"\\HELPDIR", nullptr, folder},
+      {platformKey(), nullptr, path},
+  };
+  const auto addInterface = [&](REFIID iid, const wchar_t* name, const wchar_t* proxy) {
+    const std::wstring key = interfaceKey(iid);
+    list.push_back({key, nullptr, name});
+    list.push_back({key + L"\\ProxyStubClsid32", nullptr, proxy});
+    list.push_back({key + L"\\TypeLib", nullptr, libid});
+    list.push_back({key + L"\\TypeLib", L"Version", version});
+  };
+  addInterface(IID__ClsRandom, L"_ClsRandom", dualProxy);
+  addInterface(DIID___ClsRandom, L"__ClsRandom", dispatchProxy);
+  return list;
+}
+
+LSTATUS openClasses(Scope scope, RegistryKey& classes) {
+  return RegCreateKeyExW(scope == Scope::user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, L"Software\\Classes", 0,
+                         nullptr, 0, KEY_ALL_ACCESS, nullptr, classes.out(), nullptr);
+}
+
+LSTATUS write(HKEY classes, const Entry& entry) {
+  RegistryKey key;
+  const LSTATUS opened =
+      RegCreateKeyExW(classes, entry.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, key.out(), nullptr);
+  if (opened != ERROR_SUCCESS) return opened;
+  return RegSetValueExW(key.get(), entry.name, 0, REG_SZ, reinterpret_cast<const BYTE*>(entry.value.c_str()),
+                        static_cast<DWORD>(entry.value.size() + 1) * sizeof(wchar_t));
+}
+
+/// Whether there is anything below the key; a missing one has nothing.
+bool hasSubkeys(HKEY classes, const std::wstring& key) {
+  RegistryKey opened;
+  DWORD count = 0;
+  return RegOpenKeyExW(classes, key.c_str(), 0, KEY_READ, opened.out()) == ERROR_SUCCESS &&
+         RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr, nullptr, nullptr,
+                          nullptr, nullptr) == ERROR_SUCCESS &&
+         count != 0;
+}
+
+LSTATUS removeAll(HKEY classes) {
+  LSTATUS first = ERROR_SUCCESS;
+  const auto remove = [&](const std::wstring& key) {
+    const LSTATUS result = RegDeleteTreeW(classes, key.c_str());
+    if (result != ERROR_SUCCESS && result != ERROR_FILE_NOT_FOUND && first == ERROR_SUCCESS) first = result;
+  };
+  remove(classKey());
+  remove(progId);
+  remove(interfaceKey(IID__ClsRandom));
+  remove(interfaceKey(DIID___ClsRandom));
+  // The type library's key is shared by both word sizes, and by versions to come.
+  remove(platformKey());
+  if (!hasSubkeys(classes, versionKey() + L"\\0")) remove(versionKey());
+  if (!hasSubkeys(classes, libraryKey())) remove(libraryKey());
+  // A user's own classes may have begun with ours.
+  for (const wchar_t* group : {L"CLSID", L"Interface", L"TypeLib"}) {
+    if (!hasSubkeys(classes, group)) remove(group);
+  }
+  return first;
+}
+
+}  // namespace
+
+HRESULT registerClass(Scope scope) {
+  return guarded([scope] {
+    RegistryKey classes;
+    LSTATUS result = openClasses(scope, classes);
+    if (result == ERROR_SUCCESS) {
+      for (const Entry& entry : entries()) {
+        result = write(classes.get(), entry);
+        if (result == ERROR_SUCCESS) continue;
+        removeAll(classes.get());
+        break;
+      }
+    }
+    if (result != ERROR_SUCCESS) throw RuntimeError(HRESULT_FROM_WIN32(result), L"The class could not be registered");
+  });
+}
+
+HRESULT unregisterClass(Scope scope) {
+  return guarded([scope] {
+    RegistryKey classes;
+    LSTATUS result = openClasses(scope, classes);
+    if (result == ERROR_SUCCESS) result = removeAll(classes.get());
+    if (result != ERROR_SUCCESS) throw RuntimeError(HRESULT_FROM_WIN32(result), L"The class could not be unregistered");
+  });
+}
+
+}  // namespace nv::windows

@@ -1,0 +1,17 @@
+// What the class needs in the registry: per machine or for the current user alone.
+#pragma once
+
+#include "windows/Handles.h"
+
+namespace nv::windows {
+
+enum class Scope { machine, user };
+
+/// Writes all entries; on a failure takes back what was written.
+HRESULT registerClass(Scope scope);
+
+/// Removes all entries, and the keys above them that are empty afterwards. Missing ones are no failure. Entries of the
+/// type library for the other word size stay.
+HRESULT unregisterClass(Scope scope);
+
+}  // namespace nv::windows

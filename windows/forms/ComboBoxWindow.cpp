@@ -1,0 +1,102 @@
+// Combo boxes.
+#include "forms/ComboBox.h"
+#include "windows/forms/ControlWindows.h"
+#include "windows/forms/EditText.h"
+#include "windows/forms/FormWindow.h"
+
+namespace nv::windows {
+
+using forms::Aspect;
+
+namespace {
+
+constexpr int droppedRows = 12;
+
+class ComboBoxWindow final : public ControlWindow {
+ public:
+  ComboBoxWindow(FormWindow& owner, forms::ComboBox& comboBox) : ControlWindow(owner, comboBox), comboBox_(comboBox) {}
+
+  forms::Selection selection() const override { return text_.selection(); }
+
+ private:
+  Native native() const override { return {L"COMBOBOX", CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL}; }
+
+  void created() override {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof(parts);
+    GetComboBoxInfo(window(), &parts);
+    adopt(parts.hwndItem);
+    showEntries();
+    text_.connect(parts.hwndItem, comboBox_);
+    apply(Aspect::place);
+  }
+
+  void apply(Aspect aspect) override {
+    switch (aspect) {
+      case Aspect::place:
+        place();
+        break;
+      case Aspect::look:
+        ControlWindow::apply(aspect);
+        place();  // the font decides about the height
+        break;
+      case Aspect::rows:
+        showEntries();
+        break;
+      case Aspect::row:
+        showRow();
+        break;
+      default:
+        if (!text_.apply(aspect)) ControlWindow::apply(aspect);
+    }
+  }
+
+  /// The system takes the height of the closed box from an item's height, and the window's for the list below it.
+  void place() {
+    const RECT place = owner().placeOf(control());
+    const int height = place.bottom - place.top;
+    const int border = GetSystemMetrics(SM_CYEDGE) + 1;
+    SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - 2 * border);
+    const int row = static_cast<int>(SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
+    SetWindowPos(window(), nullptr, place.left, place.top, place.right - place.left, height + droppedRows * row,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+
+  void showEntries() {
+    text_.withoutArrival([this] {
+      SendMessageW(window(), CB_RESETCONTENT, 0, 0);
+      for (const std::wstring& entry : comboBox_.entries()) {
+        SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+      }
+    });
+    showRow();
+  }
+
+  void showRow() {
+    // Choosing in the window also sets its text, which the control decides about.
+    text_.withoutArrival(
+        [this] { SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0); });
+    if (text_.window() != nullptr) text_.apply(Aspect::text);
+  }
+
+  bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
+  HWND focusWindow() const override { return text_.window(); }
+
+  void notified(UINT code) override {
+    if (code == CBN_EDITCHANGE) text_.changed();
+    if (code != CBN_SELCHANGE) return;
+    const auto row = static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0));
+    if (row >= 0) comboBox_.picked(row);
+  }
+
+  forms::ComboBox& comboBox_;
+  EditText text_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> makeComboBoxWindow(FormWindow& owner, forms::ComboBox& comboBox) {
+  return std::make_unique<ComboBoxWindow>(owner, comboBox);
+}
+
+}  // namespace nv::windows

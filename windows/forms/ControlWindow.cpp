@@ -1,0 +1,238 @@
+#include "windows/forms/ControlWindow.h"
+
+#include <string>
+
+#include "forms/Frame.h"
+#include "windows/Instance.h"
+#include "windows/forms/FormWindow.h"
+
+namespace nv::windows {
+
+using forms::Aspect;
+
+namespace {
+
+/// The window property by which a control's window, and the windows within it, lead to its ControlWindow.
+constexpr const wchar_t* selfProperty = L"NVRandom.Control";
+
+}  // namespace
+
+void setWindowName(HWND window, std::wstring_view name) {
+  const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
+  if (atom != 0) SetPropW(window, nameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
+}
+
+void removeWindowName(HWND window) {
+  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(RemovePropW(window, nameProperty)));
+  if (atom != 0) GlobalDeleteAtom(atom);
+}
+
+int shiftState() {
+  const auto down = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
+  return down(VK_SHIFT, forms::shiftKey) | down(VK_CONTROL, forms::controlKey) | down(VK_MENU, forms::altKey);
+}
+
+void ControlWindow::create(HWND parent) {
+  const Native kind = native();
+  // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
+  const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
+                      (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
+  const RECT place = owner_.placeOf(control_);
+  window_ =
+      CreateWindowExW(kind.extendedStyle, kind.windowClass, control_.caption().c_str(), style, place.left, place.top,
+                      place.right - place.left, place.bottom - place.top, parent, nullptr, moduleInstance(), nullptr);
+  if (window_ == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
+  setWindowName(window_, control_.fullName());
+  adopt(window_);
+  created();
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
+}
+
+void ControlWindow::adopt(HWND inner) {
+  SetPropW(inner, selfProperty, this);
+  SetWindowSubclass(inner, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+void ControlWindow::rescale() {
+  if (window_ == nullptr) return;
+  apply(Aspect::look);
+  apply(Aspect::place);
+}
+
+void ControlWindow::update(Aspect aspect) {
+  if (window_ != nullptr) apply(aspect);
+}
+
+void ControlWindow::takeFocus() {
+  if (window_ == nullptr) return;
+  owner_.bringIntoView(control_);
+  SetFocus(focusWindow());
+}
+
+void ControlWindow::type(wchar_t character) {
+  discardCharacter_ = form().keyPressedDown(control_, {character, 0});
+  if (window_ != nullptr) SendMessageW(focusWindow(), WM_CHAR, character, 1);
+}
+
+void ControlWindow::apply(Aspect aspect) {
+  switch (aspect) {
+    case Aspect::place:
+      place();
+      break;
+    case Aspect::visible:
+      ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
+      break;
+    case Aspect::enabled:
+      EnableWindow(window_, control_.enabled());
+      break;
+    case Aspect::text:
+      SetWindowTextW(window_, control_.caption().c_str());
+      break;
+    case Aspect::look:
+      SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), TRUE);
+      InvalidateRect(window_, nullptr, TRUE);
+      break;
+    default:
+      break;
+  }
+}
+
+void ControlWindow::place() {
+  const RECT place = owner_.placeOf(control_);
+  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+HBRUSH ControlWindow::colours(HDC context) {
+  SetBkColor(context, rgb(background()));
+  SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+  return owner_.brush(background());
+}
+
+forms::Colour ControlWindow::containerColour() const {
+  const forms::Frame* const frame = control_.frame();
+  return frame != nullptr ? frame->backColor() : form().backColor();
+}
+
+LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR /*id*/,
+                                          DWORD_PTR self) {
+  return reinterpret_cast<ControlWindow*>(self)->dispatch(window, message, wparam, lparam);
+}
+
+ControlWindow* ControlWindow::of(HWND window) {
+  return static_cast<ControlWindow*>(GetPropW(window, selfProperty));
+}
+
+LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, procedure, 0);
+    RemovePropW(window, selfProperty);
+    if (window == window_) {
+      removeWindowName(window);
+      window_ = nullptr;
+    }
+    return pass(window, message, wparam, lparam);
+  }
+  return shielded(form(), [&] { return handle(window, message, wparam, lparam); });
+}
+
+LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  LRESULT result = 0;
+  if (reflect(message, wparam, lparam, result)) return result;
+  switch (message) {
+    case WM_GETDLGCODE:
+      // A host whose loop knows dialogs leaves every key to us, as one whose loop knows nothing does.
+      return control_.takesFocus() ? pass(window, message, wparam, lparam) | DLGC_WANTALLKEYS | DLGC_WANTTAB |
+                                         DLGC_WANTARROWS | DLGC_WANTCHARS
+                                   : pass(window, message, wparam, lparam);
+    case WM_SETFOCUS:
+      owner_.focusEntered(control_);
+      break;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+      discardCharacter_ = form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});
+      if (discardCharacter_) return 0;
+      break;
+    case WM_CHAR: {
+      if (discardCharacter_) return 0;
+      const wchar_t character = form().characterTyped(control_, static_cast<wchar_t>(wparam));
+      if (character == 0 || !usesCharacter(character)) return 0;
+      return pass(window, message, character, lparam);
+    }
+    case WM_SYSCHAR:
+      if (discardCharacter_ || form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
+      break;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      if (!mouseDown(window, forms::leftButton, lparam)) return 0;
+      break;
+    case WM_RBUTTONDOWN:
+      if (!mouseDown(window, forms::rightButton, lparam)) return 0;
+      break;
+    default:
+      break;
+  }
+  return pass(window, message, wparam, lparam);
+}
+
+/// Returns whether the window is to see the button, too.
+bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
+  form().activated();  // now and not later, since it may move the focus
+  if (button == forms::leftButton && control_.takesFocus() && !control_.hasFocus()) {
+    // The focus moves before the window acts on the click, so that the field being left has its say first. When that
+    // ended in a question to the user, or the focus went elsewhere, the click is over.
+    const LONG time = GetMessageTime();
+    form().focus(control_);
+    if (window_ == nullptr || !control_.hasFocus() || GetMessageTime() != time) return false;
+  }
+  POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+  MapWindowPoints(window, window_, &point, 1);
+  const Scale& scale = owner_.scale();
+  control_.mouseDown.raise({button, shiftState(), scale.twips(point.x), scale.twips(point.y)});
+  return window_ != nullptr;
+}
+
+bool ControlWindow::reflect(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
+  HWND child = nullptr;
+  switch (message) {
+    case WM_COMMAND:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORLISTBOX:
+      child = reinterpret_cast<HWND>(lparam);
+      break;
+    case WM_NOTIFY:
+      child = reinterpret_cast<const NMHDR*>(lparam)->hwndFrom;
+      break;
+    case WM_DRAWITEM:
+      child = reinterpret_cast<const DRAWITEMSTRUCT*>(lparam)->hwndItem;
+      break;
+    default:
+      return false;
+  }
+  ControlWindow* const target = child == nullptr ? nullptr : of(child);
+  if (target == nullptr) return false;
+  // A window within a control reports to the control; of its messages only the question for colours comes from here.
+  const bool colours = message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM;
+  if (child != target->window_ && !colours) return false;
+  result = target->reflected(message, wparam, lparam);
+  return true;
+}
+
+LRESULT ControlWindow::reflected(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_COMMAND:
+      notified(HIWORD(wparam));
+      return 0;
+    case WM_NOTIFY:
+      return notified(*reinterpret_cast<const NMHDR*>(lparam));
+    case WM_DRAWITEM:
+      draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
+      return TRUE;
+    default:
+      return reinterpret_cast<LRESULT>(colours(reinterpret_cast<HDC>(wparam)));
+  }
+}
+
+}  // namespace nv::windows

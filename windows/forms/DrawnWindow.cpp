@@ -1,0 +1,170 @@
+// Controls that draw themselves and can be clicked: links, images and pictures.
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "forms/Image.h"
+#include "forms/Label.h"
+#include "windows/Instance.h"
+#include "windows/forms/ControlWindows.h"
+#include "windows/forms/FormWindow.h"
+#include "windows/forms/WindowClasses.h"
+
+namespace nv::windows {
+
+namespace {
+
+class DrawnWindow : public ControlWindow {
+ public:
+  using ControlWindow::ControlWindow;
+
+ protected:
+  /// Draws on the control's background.
+  virtual void paint(HDC context, const RECT& area) = 0;
+  virtual void clicked() = 0;
+  virtual bool clickable() const { return true; }
+
+  forms::Colour background() const override { return containerColour(); }
+
+  Native native() const override { return {drawnClass}; }
+
+  LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+    switch (message) {
+      case WM_ERASEBKGND:
+        return TRUE;
+      case WM_PRINTCLIENT:
+        paintAll(reinterpret_cast<HDC>(wparam));
+        return 0;
+      case WM_PAINT:
+        paintAll(Painting(window).context());
+        return 0;
+      case WM_SETFONT:
+        return 0;
+      case WM_SETTEXT:
+      case WM_ENABLE:
+      case WM_SETFOCUS:
+      case WM_KILLFOCUS:
+        InvalidateRect(window, nullptr, TRUE);
+        break;
+      case WM_SETCURSOR:
+        if (!clickable()) break;
+        SetCursor(LoadCursorW(nullptr, IDC_HAND));
+        return TRUE;
+      case WM_LBUTTONUP:
+        clicked();
+        return 0;
+      default:
+        break;
+    }
+    return ControlWindow::handle(window, message, wparam, lparam);
+  }
+
+ private:
+  void paintAll(HDC context) {
+    RECT area;
+    GetClientRect(window(), &area);
+    FillRect(context, &area, owner().brush(background()));
+    paint(context, area);
+  }
+};
+
+/// How bright a colour looks, 0 to 255.
+int brightness(COLORREF colour) {
+  return (299 * GetRValue(colour) + 587 * GetGValue(colour) + 114 * GetBValue(colour)) / 1000;
+}
+
+/// The user's colour for links where it can be told from the background, else a blue that can.
+COLORREF linkColour(COLORREF background) {
+  constexpr int readable = 80;
+  const COLORREF own = GetSysColor(COLOR_HOTLIGHT);
+  if (std::abs(brightness(own) - brightness(background)) >= readable) return own;
+  return brightness(background) > 127 ? RGB(0, 51, 153) : RGB(153, 204, 255);
+}
+
+class HyperlinkWindow final : public DrawnWindow {
+ public:
+  HyperlinkWindow(FormWindow& owner, forms::Hyperlink& link) : DrawnWindow(owner, link), link_(link) {}
+
+ private:
+  void paint(HDC context, const RECT& area) override {
+    const Selected font(context, owner().font(link_.font(), true));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, link_.enabled() ? linkColour(rgb(background())) : GetSysColor(COLOR_GRAYTEXT));
+    RECT text = area;
+    DrawTextW(context, link_.caption().c_str(), -1, &text, DT_WORDBREAK | DT_END_ELLIPSIS);
+    if (GetFocus() != window()) return;
+    DrawTextW(context, link_.caption().c_str(), -1, &text, DT_WORDBREAK | DT_CALCRECT);
+    SetTextColor(context, 0);
+    DrawFocusRect(context, &text);
+  }
+
+  void clicked() override { link_.clicked(); }
+
+  forms::Hyperlink& link_;
+};
+
+/// Icons are drawn at the size asked for; any other picture comes from a JPEG and is fitted in.
+class ImageWindow final : public DrawnWindow {
+ public:
+  ImageWindow(FormWindow& owner, forms::Image& image)
+      : DrawnWindow(owner, image), image_(image), resource_(image.picture()) {}
+
+ private:
+  bool clickable() const override { return image_.kind() == forms::Kind::image; }
+  void clicked() override { image_.clicked(); }
+
+  void paint(HDC context, const RECT& area) override {
+    const int width = area.right;
+    const int height = area.bottom;
+    if (const HICON icon = owner().icon(resource_, width, height)) {
+      DrawIconEx(context, 0, 0, icon, width, height, 0, nullptr, DI_NORMAL);
+      return;
+    }
+    if (!picture_) load();
+    OLE_HANDLE handle = 0;
+    if (!picture_ || FAILED(picture_->get_Handle(&handle))) return;
+    const auto bitmap = reinterpret_cast<HBITMAP>(static_cast<UINT_PTR>(handle));
+    BITMAP size;
+    if (GetObjectW(bitmap, sizeof(size), &size) == 0) return;
+
+    const double factor =
+        std::min(static_cast<double>(width) / size.bmWidth, static_cast<double>(height) / size.bmHeight);
+    const int fittedWidth = static_cast<int>(size.bmWidth * factor);
+    const int fittedHeight = static_cast<int>(size.bmHeight * factor);
+    const MemoryDc source(CreateCompatibleDC(context));
+    const Selected selected(source.get(), bitmap);
+    SetStretchBltMode(context, HALFTONE);
+    SetBrushOrgEx(context, 0, 0, nullptr);
+    StretchBlt(context, (width - fittedWidth) / 2, (height - fittedHeight) / 2, fittedWidth, fittedHeight, source.get(),
+               0, 0, size.bmWidth, size.bmHeight, SRCCOPY);
+  }
+
+  void load() {
+    const HRSRC found = FindResourceW(moduleInstance(), resource_.c_str(), RT_RCDATA);
+    if (found == nullptr) return;
+    const DWORD size = SizeofResource(moduleInstance(), found);
+    const void* const bytes = LockResource(LoadResource(moduleInstance(), found));
+    ComPtr<IStream> stream;
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.out())) || FAILED(stream->Write(bytes, size, nullptr)))
+      return;
+    LARGE_INTEGER start{};
+    stream->Seek(start, STREAM_SEEK_SET, nullptr);
+    OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, picture_.outVoid());
+  }
+
+  forms::Image& image_;
+  std::wstring resource_;
+  ComPtr<IPicture> picture_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> makeHyperlinkWindow(FormWindow& owner, forms::Hyperlink& hyperlink) {
+  return std::make_unique<HyperlinkWindow>(owner, hyperlink);
+}
+
+std::unique_ptr<ControlWindow> makeImageWindow(FormWindow& owner, forms::Image& image) {
+  return std::make_unique<ImageWindow>(owner, image);
+}
+
+}  // namespace nv::windows

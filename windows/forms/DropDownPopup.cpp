@@ -1,0 +1,237 @@
+#include "windows/forms/DropDownPopup.h"
+
+#include <algorithm>
+
+#include "windows/Instance.h"
+#include "windows/forms/DropDownListWindow.h"
+#include "windows/forms/FormWindow.h"
+#include "windows/forms/WindowClasses.h"
+
+namespace nv::windows {
+
+namespace {
+
+constexpr int mostVisibleRows = 12;
+
+/// The open list of this thread, of which there is at most one, for the hook that closes it.
+thread_local DropDownPopup* openPopup = nullptr;
+
+}  // namespace
+
+void DropDownPopup::create() {
+  const HWND root = GetAncestor(owner_.window(), GA_ROOT);
+  popup_ =
+      CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, dropDownPopupClass, L"",
+                      WS_POPUP | WS_BORDER | WS_CLIPCHILDREN, 0, 0, 0, 0, root, nullptr, moduleInstance(), nullptr);
+  SetWindowSubclass(popup_, popupProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  rows_ = CreateWindowExW(
+      0, WC_LISTVIEWW, L"",
+      WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER, 0, 0,
+      0, 0, popup_, nullptr, moduleInstance(), nullptr);
+  SetWindowSubclass(rows_, listProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  ListView_SetExtendedListViewStyle(rows_, LVS_EX_FULLROWSELECT);
+  rowsChanged();
+}
+
+HWND DropDownPopup::listWindow() {
+  if (popup_ == nullptr) {
+    create();
+    setColumns(reinterpret_cast<HFONT>(SendMessageW(owner_.window(), WM_GETFONT, 0, 0)));
+  }
+  return rows_;
+}
+
+/// Sets the columns at the form's scale and in its font. Returns their width, in pixels.
+int DropDownPopup::setColumns(HFONT font) {
+  SendMessageW(rows_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  while (ListView_DeleteColumn(rows_, 0)) {
+  }
+  int width = 0;
+  for (std::size_t i = 0; i < list_.columns().size(); ++i) {
+    std::wstring title = list_.columns()[i].title;
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = title.data();
+    column.cx = owner_.owner().scale().pixels(list_.columns()[i].width);
+    SendMessageW(rows_, LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
+    width += column.cx;
+  }
+  return width;
+}
+
+/// Height of the column headers and so many rows, in pixels.
+int DropDownPopup::heightOf(int rows) const {
+  const auto approximate = [this](int count) { return HIWORD(ListView_ApproximateViewRect(rows_, -1, -1, count)); };
+  const int row = approximate(2) - approximate(1);
+  HDLAYOUT layout{};
+  RECT room{0, 0, 1000, 1000};
+  WINDOWPOS place{};
+  layout.prc = &room;
+  layout.pwpos = &place;
+  Header_Layout(ListView_GetHeader(rows_), &layout);
+  return place.cy + rows * row;
+}
+
+void DropDownPopup::show(const RECT& anchor, HFONT font) {
+  listWindow();
+  const int columns = setColumns(font);
+
+  const int rows = std::clamp(static_cast<int>(list_.rows().size()), 1, mostVisibleRows);
+  const bool scrolls = list_.rows().size() > static_cast<std::size_t>(mostVisibleRows);
+  const int border = 2 * GetSystemMetrics(SM_CXBORDER);
+  const int width =
+      std::max<int>(anchor.right - anchor.left, columns + border + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0));
+  int height = heightOf(rows) + border;
+
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromRect(&anchor, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  int top = anchor.bottom;
+  if (top + height > work.bottom) {
+    const bool above = anchor.top - work.top > work.bottom - anchor.bottom;
+    height = std::min<int>(height, above ? anchor.top - work.top : work.bottom - anchor.bottom);
+    if (above) top = anchor.top - height;
+  }
+  const int left = std::clamp<int>(anchor.left, work.left, std::max<int>(work.left, work.right - width));
+
+  openPopup = this;
+  outsideClicks_.reset(SetWindowsHookExW(WH_MOUSE, mouseHook, nullptr, GetCurrentThreadId()));
+  SetWindowPos(popup_, HWND_TOPMOST, left, top, width, height, SWP_NOACTIVATE);
+  RECT inside;
+  GetClientRect(popup_, &inside);
+  SetWindowPos(rows_, nullptr, 0, 0, inside.right, inside.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+  rowChanged();
+  ShowWindow(popup_, SW_SHOWNOACTIVATE);
+}
+
+void DropDownPopup::hide() {
+  outsideClicks_.reset();
+  if (openPopup == this) openPopup = nullptr;
+  if (popup_ != nullptr) ShowWindow(popup_, SW_HIDE);
+}
+
+void DropDownPopup::destroy() {
+  hide();
+  if (popup_ != nullptr) DestroyWindow(popup_);
+}
+
+void DropDownPopup::rowsChanged() {
+  if (rows_ != nullptr) ListView_SetItemCountEx(rows_, static_cast<int>(list_.rows().size()), 0);
+}
+
+void DropDownPopup::rowChanged() {
+  if (rows_ == nullptr) return;
+  if (const auto row = list_.selectedRow()) {
+    highlight(*row);
+    ListView_EnsureVisible(rows_, static_cast<int>(*row), FALSE);
+  } else {
+    ListView_SetItemState(rows_, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  }
+}
+
+void DropDownPopup::highlight(std::size_t row) {
+  ListView_SetItemState(rows_, static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+int DropDownPopup::page() const {
+  return open() ? std::max(1, ListView_GetCountPerPage(rows_) - 1) : mostVisibleRows;
+}
+
+void DropDownPopup::supplyText(NMLVDISPINFOW& info) const {
+  if ((info.item.mask & LVIF_TEXT) == 0 || info.item.cchTextMax <= 0) return;
+  const auto row = static_cast<std::size_t>(info.item.iItem);
+  const auto column = static_cast<std::size_t>(info.item.iSubItem);
+  const std::wstring_view cell = row < list_.rows().size() ? list_.cell(row, column) : std::wstring_view();
+  const std::size_t copied = cell.copy(info.item.pszText, static_cast<std::size_t>(info.item.cchTextMax - 1));
+  info.item.pszText[copied] = L'\0';
+}
+
+/// The list never has the focus, but its selected row is shown as if it had.
+LRESULT DropDownPopup::colourRow(NMLVCUSTOMDRAW& item) const {
+  if (item.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (item.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  const auto row = static_cast<int>(item.nmcd.dwItemSpec);
+  if (ListView_GetItemState(rows_, row, LVIS_SELECTED) == 0) return CDRF_DODEFAULT;
+  item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED | CDIS_FOCUS);
+  item.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+  item.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+  return CDRF_NEWFONT;
+}
+
+std::optional<std::size_t> DropDownPopup::rowAt(LPARAM lparam) const {
+  LVHITTESTINFO hit{};
+  hit.pt = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+  const int row = ListView_SubItemHitTest(rows_, &hit);
+  if (row < 0) return std::nullopt;
+  return static_cast<std::size_t>(row);
+}
+
+LRESULT CALLBACK DropDownPopup::popupProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                                               DWORD_PTR self) {
+  auto& popup = *reinterpret_cast<DropDownPopup*>(self);
+  switch (message) {
+    case WM_MOUSEACTIVATE:
+      return MA_NOACTIVATE;
+    case WM_NOTIFY:
+      switch (reinterpret_cast<const NMHDR*>(lparam)->code) {
+        case LVN_GETDISPINFOW:
+          popup.supplyText(*reinterpret_cast<NMLVDISPINFOW*>(lparam));
+          return 0;
+        case NM_CUSTOMDRAW:
+          return popup.colourRow(*reinterpret_cast<NMLVCUSTOMDRAW*>(lparam));
+        default:
+          break;
+      }
+      break;
+    case WM_NCDESTROY:
+      popup.popup_ = nullptr;
+      popup.rows_ = nullptr;
+      RemoveWindowSubclass(window, popupProcedure, 0);
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(window, message, wparam, lparam);
+}
+
+/// The list shows the row under the mouse and gives it to the control; clicks do not reach the list itself, which would
+/// take the focus.
+LRESULT CALLBACK DropDownPopup::listProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                                              DWORD_PTR self) {
+  auto& popup = *reinterpret_cast<DropDownPopup*>(self);
+  switch (message) {
+    case WM_MOUSEMOVE:
+      if (const auto row = popup.rowAt(lparam)) popup.highlight(*row);
+      return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+      return 0;
+    case WM_LBUTTONUP:
+      if (const auto row = popup.rowAt(lparam)) popup.owner_.picked(*row);  // `popup` may be gone now
+      return 0;
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(window, listProcedure, 0);
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(window, message, wparam, lparam);
+}
+
+/// A click outside the list and its control closes the list, whatever window of the thread it goes to.
+LRESULT CALLBACK DropDownPopup::mouseHook(int code, WPARAM wparam, LPARAM lparam) {
+  const bool down = wparam == WM_LBUTTONDOWN || wparam == WM_RBUTTONDOWN || wparam == WM_MBUTTONDOWN ||
+                    wparam == WM_NCLBUTTONDOWN || wparam == WM_NCRBUTTONDOWN;
+  if (code == HC_ACTION && down && openPopup != nullptr) {
+    const HWND target = reinterpret_cast<const MOUSEHOOKSTRUCT*>(lparam)->hwnd;
+    const HWND control = openPopup->owner_.window();
+    const bool inside = target == openPopup->popup_ || IsChild(openPopup->popup_, target) || target == control ||
+                        IsChild(control, target);
+    if (!inside) openPopup->hide();
+  }
+  return CallNextHookEx(nullptr, code, wparam, lparam);
+}
+
+}  // namespace nv::windows

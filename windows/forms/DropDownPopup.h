@@ -1,0 +1,54 @@
+// The list that drops down from a multi-column drop-down list. It never takes the focus or the activation from the
+// form.
+#pragma once
+
+#include <optional>
+
+#include "forms/DropDownList.h"
+#include "windows/Handles.h"
+
+namespace nv::windows {
+
+class DropDownListWindow;
+
+class DropDownPopup {
+ public:
+  DropDownPopup(DropDownListWindow& owner, forms::DropDownList& list) : owner_(owner), list_(list) {}
+  ~DropDownPopup() { destroy(); }
+  DropDownPopup(const DropDownPopup&) = delete;
+  DropDownPopup& operator=(const DropDownPopup&) = delete;
+
+  bool open() const { return popup_ != nullptr && IsWindowVisible(popup_); }
+  /// Shows the list below `anchor` (a rectangle of the screen) or, without room there, above it.
+  void show(const RECT& anchor, HFONT font);
+  void hide();
+  void destroy();
+  /// Follows the rows or the selected row of the control.
+  void rowsChanged();
+  void rowChanged();
+  /// Rows that fit into the open list, for paging.
+  int page() const;
+  /// The list's window, made when it is missing.
+  HWND listWindow();
+
+ private:
+  static LRESULT CALLBACK popupProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+  static LRESULT CALLBACK listProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+  static LRESULT CALLBACK mouseHook(int code, WPARAM wparam, LPARAM lparam);
+
+  void create();
+  int setColumns(HFONT font);
+  int heightOf(int rows) const;
+  void supplyText(NMLVDISPINFOW& info) const;
+  LRESULT colourRow(NMLVCUSTOMDRAW& item) const;
+  std::optional<std::size_t> rowAt(LPARAM lparam) const;
+  void highlight(std::size_t row);
+
+  DropDownListWindow& owner_;
+  forms::DropDownList& list_;
+  HWND popup_ = nullptr;
+  HWND rows_ = nullptr;
+  Hook outsideClicks_;
+};
+
+}  // namespace nv::windows

@@ -1,0 +1,50 @@
+#include "windows/forms/EditText.h"
+
+namespace nv::windows {
+
+using forms::Aspect;
+
+std::wstring textOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size() + 1))));
+  return text;
+}
+
+void EditText::connect(HWND edit, forms::TextField& field) {
+  edit_ = edit;
+  field_ = &field;
+  apply(Aspect::limit);
+  apply(Aspect::text);
+}
+
+bool EditText::apply(Aspect aspect) {
+  switch (aspect) {
+    case Aspect::text:
+      withoutArrival([this] { SetWindowTextW(edit_, field_->text().c_str()); });
+      [[fallthrough]];
+    case Aspect::selection: {
+      const forms::Selection selection = field_->lastSelection();
+      SendMessageW(edit_, EM_SETSEL, static_cast<WPARAM>(selection.start), selection.start + selection.length);
+      SendMessageW(edit_, EM_SCROLLCARET, 0, 0);
+      return true;
+    }
+    case Aspect::limit:
+      SendMessageW(edit_, EM_LIMITTEXT, static_cast<WPARAM>(field_->maxLength()), 0);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void EditText::changed() {
+  if (!setting_) field_->arrive(textOf(edit_), selection());
+}
+
+forms::Selection EditText::selection() const {
+  DWORD start = 0;
+  DWORD end = 0;
+  SendMessageW(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  return {static_cast<int>(start), static_cast<int>(end - start)};
+}
+
+}  // namespace nv::windows

@@ -1,0 +1,429 @@
+#include "windows/forms/FormWindow.h"
+
+#include <algorithm>
+
+#include "forms/Frame.h"
+#include "windows/Instance.h"
+#include "windows/ThreadWindows.h"
+#include "windows/forms/ControlWindows.h"
+#include "windows/forms/WindowClasses.h"
+
+namespace nv::windows {
+
+using forms::Aspect;
+using forms::UnloadMode;
+
+namespace {
+
+// Messages of a form's window to itself, for what must not happen inside the message that asks for it.
+constexpr UINT messageActivated = WM_APP + 1;
+constexpr UINT messageFocus = WM_APP + 2;  // wparam: the control's position in the form
+constexpr UINT messageKey = WM_APP + 3;    // wparam: the character
+
+// Messages of newer systems than the oldest supported one.
+constexpr UINT messageDpiChanged = 0x02E0;             // WM_DPICHANGED
+constexpr UINT messageDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
+
+DWORD styleOf(const forms::Form& form) {
+  const DWORD common = WS_POPUP | WS_CLIPCHILDREN;
+  return form.border() == forms::Border::embedded ? common : common | WS_CAPTION | WS_SYSMENU;
+}
+
+DWORD extendedStyleOf(const forms::Form& form) {
+  return form.border() == forms::Border::embedded ? WS_EX_CONTROLPARENT : WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+}
+
+/// The host's window that a new dialog belongs to: the thread's active top-level window.
+HWND hostWindow() {
+  const HWND active = GetActiveWindow();
+  return active == nullptr ? nullptr : GetAncestor(active, GA_ROOT);
+}
+
+RECT workAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+SIZE sizeOf(const RECT& rect) {
+  return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+}  // namespace
+
+FormWindow::FormWindow(forms::Form& form, Palette& palette) : form_(form), palette_(palette) {
+  const HWND owner = embedded() ? nullptr : hostWindow();
+  CreateWindowExW(extendedStyleOf(form), formClass, form.caption().c_str(), styleOf(form), 0, 0, 0, 0, owner, nullptr,
+                  moduleInstance(), this);
+  if (window_ == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
+  try {
+    scale_ = Scale(dpiOf(window_));
+    setWindowName(window_, form.windowName());
+    if (embedded()) {
+      session_ =
+          CreateWindowExW(0, sessionClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, moduleInstance(), nullptr);
+      SetWindowLongPtrW(session_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    }
+    makeControls();
+    arrange(true);
+  } catch (...) {
+    FormWindow::close();
+    throw;
+  }
+}
+
+FormWindow::~FormWindow() {
+  close();
+}
+
+void FormWindow::makeControls() {
+  for (forms::Control* control : form_.controls()) {
+    controls_.push_back(makeControlWindow(*this, *control));
+    const auto* const frame = control->frame();
+    const auto parent = frame == nullptr ? window_ : static_cast<ControlWindow*>(frame->peer())->window();
+    controls_.back()->create(parent);
+    control->attach(controls_.back().get());
+  }
+}
+
+// What the form asks for
+
+void FormWindow::update(Aspect aspect) {
+  if (window_ == nullptr) return;
+  switch (aspect) {
+    case Aspect::text:
+      SetWindowTextW(window_, form_.caption().c_str());
+      break;
+    case Aspect::place:
+      arrange(false);
+      break;
+    case Aspect::look:
+      RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      break;
+    default:
+      break;
+  }
+}
+
+void FormWindow::show(bool modal) {
+  if (modal) {
+    disableOthers();
+    ShowWindow(window_, SW_SHOW);
+    SetForegroundWindow(window_);
+  } else {
+    adoptParent();
+    ShowWindow(window_, SW_SHOW);
+  }
+}
+
+void FormWindow::runModal() {
+  while (form_.loaded()) {
+    MSG message;
+    const BOOL more = GetMessageW(&message, nullptr, 0, 0);
+    if (more == 0) {
+      // The host is ending: the dialog goes first, then the loop around this one hears of it.
+      form_.unload(UnloadMode::owner);
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    if (more < 0) continue;
+    if (CallMsgFilterW(&message, MSGF_DIALOGBOX)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+void FormWindow::close() {
+  enableOthers();  // first, so that the owner becomes the active window and not another program's
+  if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
+  if (window_ != nullptr) DestroyWindow(window_);
+  // A modal loop may be waiting for a message while this came in past it.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void FormWindow::sendKey(wchar_t key) {
+  PostMessageW(window_, messageKey, key, 0);
+}
+
+void FormWindow::disableOthers() {
+  forEachThreadWindow([this](HWND other) {
+    if (other != window_ && IsWindowEnabled(other) && GetWindow(other, GW_OWNER) != window_) disabled_.push_back(other);
+    return true;
+  });
+  for (const HWND other : disabled_) EnableWindow(other, FALSE);
+}
+
+void FormWindow::enableOthers() {
+  for (const HWND other : std::exchange(disabled_, {})) EnableWindow(other, TRUE);
+}
+
+// Size and place
+
+RECT FormWindow::placeOf(const forms::Control& control) const {
+  RECT place = scale_.pixels(control.place());
+  if (control.frame() == nullptr) OffsetRect(&place, -scroll_.x, -scroll_.y);
+  return place;
+}
+
+SIZE FormWindow::contentSize() const {
+  return {scale_.pixels(form_.place().width), scale_.pixels(form_.place().height)};
+}
+
+SIZE FormWindow::clientSize() const {
+  RECT client;
+  GetClientRect(window_, &client);
+  return sizeOf(client);
+}
+
+void FormWindow::arrange(bool centre) {
+  const SIZE content = contentSize();
+  if (embedded()) {
+    SetWindowPos(window_, nullptr, scale_.pixels(form_.place().left), scale_.pixels(form_.place().top), content.cx,
+                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    return;
+  }
+  RECT frame{0, 0, content.cx, content.cy};
+  AdjustWindowRectEx(&frame, styleOf(form_), FALSE, extendedStyleOf(form_));
+  SIZE outer = sizeOf(frame);
+
+  const HWND owner = GetWindow(window_, GW_OWNER);
+  const RECT work = workAreaOf(owner == nullptr ? window_ : owner);
+  const SIZE room = sizeOf(work);
+  // What does not fit is reached by scrolling; a bar along one side takes its width from the other.
+  if (outer.cy > room.cy) outer.cx += GetSystemMetrics(SM_CXVSCROLL);
+  if (outer.cx > room.cx) outer.cy += GetSystemMetrics(SM_CYHSCROLL);
+  outer.cx = std::min(outer.cx, room.cx);
+  outer.cy = std::min(outer.cy, room.cy);
+
+  RECT place;
+  GetWindowRect(window_, &place);
+  POINT corner{place.left, place.top};
+  if (centre) {
+    RECT around = work;
+    if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
+    corner = {(around.left + around.right - outer.cx) / 2, (around.top + around.bottom - outer.cy) / 2};
+  }
+  corner.x = std::clamp(corner.x, work.left, work.right - outer.cx);
+  corner.y = std::clamp(corner.y, work.top, work.bottom - outer.cy);
+  SetWindowPos(window_, nullptr, corner.x, corner.y, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  updateScrollBars();
+}
+
+void FormWindow::rescale(int dpi) {
+  if (dpi == scale_.dpi()) return;
+  scale_ = Scale(dpi);
+  scroll_ = {};
+  arrange(false);
+  for (const auto& control : controls_) control->rescale();
+}
+
+/// A host may put the embedded form into a window of its own at any time: it becomes a proper child then.
+void FormWindow::adoptParent() {
+  if (!embedded()) return;
+  const bool isChild = (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD) != 0;
+  const bool hasParent = GetAncestor(window_, GA_PARENT) != GetDesktopWindow();
+  if (isChild == hasParent) return;
+  LONG style = GetWindowLongW(window_, GWL_STYLE);
+  style =
+      hasParent ? (style & ~static_cast<LONG>(WS_POPUP)) | WS_CHILD : (style & ~WS_CHILD) | static_cast<LONG>(WS_POPUP);
+  SetWindowLongW(window_, GWL_STYLE, style);
+}
+
+// Scrolling
+
+void FormWindow::updateScrollBars() {
+  const SIZE content = contentSize();
+  const auto set = [this](int bar, int total, int page) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_RANGE | SIF_PAGE;
+    info.nMax = total - 1;
+    info.nPage = static_cast<UINT>(page);
+    SetScrollInfo(window_, bar, &info, TRUE);
+  };
+  set(SB_VERT, content.cy, clientSize().cy);
+  set(SB_HORZ, content.cx, clientSize().cx);
+  scrollTo(scroll_);
+}
+
+void FormWindow::scrollTo(POINT position) {
+  const SIZE content = contentSize();
+  const SIZE client = clientSize();
+  position.x = std::clamp<LONG>(position.x, 0, std::max<LONG>(0, content.cx - client.cx));
+  position.y = std::clamp<LONG>(position.y, 0, std::max<LONG>(0, content.cy - client.cy));
+  if (position.x == scroll_.x && position.y == scroll_.y) return;
+  const POINT old = std::exchange(scroll_, position);
+  ScrollWindowEx(window_, old.x - position.x, old.y - position.y, nullptr, nullptr, nullptr, nullptr,
+                 SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+  SetScrollPos(window_, SB_HORZ, position.x, TRUE);
+  SetScrollPos(window_, SB_VERT, position.y, TRUE);
+}
+
+void FormWindow::scrolled(int bar, WPARAM wparam) {
+  const int line = scale_.pixels(360);
+  SCROLLINFO info{};
+  info.cbSize = sizeof(info);
+  info.fMask = SIF_ALL;
+  GetScrollInfo(window_, bar, &info);
+  LONG position = info.nPos;
+  switch (LOWORD(wparam)) {
+    case SB_LINEUP:
+      position -= line;
+      break;
+    case SB_LINEDOWN:
+      position += line;
+      break;
+    case SB_PAGEUP:
+      position -= static_cast<LONG>(info.nPage);
+      break;
+    case SB_PAGEDOWN:
+      position += static_cast<LONG>(info.nPage);
+      break;
+    case SB_TOP:
+      position = 0;
+      break;
+    case SB_BOTTOM:
+      position = info.nMax;
+      break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      position = info.nTrackPos;
+      break;
+    default:
+      return;
+  }
+  scrollTo(bar == SB_VERT ? POINT{scroll_.x, position} : POINT{position, scroll_.y});
+}
+
+void FormWindow::bringIntoView(const forms::Control& control) {
+  const SIZE client = clientSize();
+  if (contentSize().cx <= client.cx && contentSize().cy <= client.cy) return;
+  const HWND window = static_cast<const ControlWindow*>(control.peer())->window();
+  RECT place;
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+  const int margin = scale_.pixels(120);
+  const auto shift = [margin](LONG low, LONG high, LONG room) {
+    if (low < margin) return low - margin;
+    return std::max<LONG>(0, high + margin - room);
+  };
+  scrollTo(
+      {scroll_.x + shift(place.left, place.right, client.cx), scroll_.y + shift(place.top, place.bottom, client.cy)});
+}
+
+// Focus
+
+void FormWindow::focusEntered(forms::Control& control) {
+  if (!form_.active()) PostMessageW(window_, messageActivated, 0, 0);
+  if (control.hasFocus()) return;
+  // The focus came by another way than through the form, from a testing tool for example: the form follows.
+  const auto& all = form_.controls();
+  const auto position = std::find(all.begin(), all.end(), &control) - all.begin();
+  PostMessageW(window_, messageFocus, static_cast<WPARAM>(position), 0);
+}
+
+void FormWindow::giveFocusBack() {
+  if (forms::Control* const active = form_.activeControl(); active != nullptr && active->peer() != nullptr) {
+    active->peer()->takeFocus();
+  }
+}
+
+// Messages
+
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NCCREATE) {
+    auto* const self = static_cast<FormWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+  return shielded(self->form_, [&] { return self->handle(message, wparam, lparam); });
+}
+
+LRESULT CALLBACK FormWindow::sessionProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr || message != WM_ENDSESSION) return DefWindowProcW(window, message, wparam, lparam);
+  return shielded(self->form_, [&] { return self->handle(message, wparam, lparam); });
+}
+
+LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  const HWND window = window_;
+  LRESULT result = 0;
+  if (ControlWindow::reflect(message, wparam, lparam, result)) return result;
+  switch (message) {
+    case WM_CLOSE:
+      form_.unload(UnloadMode::user);
+      return 0;
+    case WM_QUERYENDSESSION:
+      return TRUE;
+    case WM_ENDSESSION:
+      if (wparam != FALSE) form_.unload(UnloadMode::systemShutdown);
+      return 0;
+    case WM_NCDESTROY:
+      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+      removeWindowName(window);
+      window_ = nullptr;
+      form_.windowGone();
+      break;
+    case WM_ACTIVATE:
+      if (LOWORD(wparam) == WA_INACTIVE) break;
+      PostMessageW(window, messageActivated, 0, 0);
+      giveFocusBack();
+      return 0;
+    case WM_SETFOCUS:
+      giveFocusBack();
+      return 0;
+    case messageActivated:
+      form_.activated();
+      return 0;
+    case messageFocus:
+      if (wparam < form_.controls().size()) form_.focus(*form_.controls()[wparam]);
+      return 0;
+    case messageKey:
+      if (forms::Control* const active = form_.activeControl(); active != nullptr && active->peer() != nullptr) {
+        static_cast<ControlWindow*>(active->peer())->type(static_cast<wchar_t>(wparam));
+      }
+      return 0;
+    case WM_WINDOWPOSCHANGED:
+      adoptParent();
+      break;
+    case WM_VSCROLL:
+      scrolled(SB_VERT, wparam);
+      return 0;
+    case WM_HSCROLL:
+      scrolled(SB_HORZ, wparam);
+      return 0;
+    case WM_MOUSEWHEEL:
+      if (contentSize().cy > clientSize().cy) {
+        scrollTo({scroll_.x, scroll_.y - MulDiv(static_cast<short>(HIWORD(wparam)), scale_.pixels(1080), WHEEL_DELTA)});
+        return 0;
+      }
+      break;
+    case WM_ERASEBKGND:
+      paintBackground(reinterpret_cast<HDC>(wparam));
+      return TRUE;
+    case messageDpiChanged:
+      rescale(HIWORD(wparam));
+      return 0;
+    case messageDpiChangedAfterParent:
+      rescale(dpiOf(window));
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      break;
+    default:
+      break;
+  }
+  return DefWindowProcW(window, message, wparam, lparam);
+}
+
+void FormWindow::paintBackground(HDC context) const {
+  RECT client;
+  GetClientRect(window_, &client);
+  FillRect(context, &client, palette_.brush(form_.backColor()));
+}
+
+}  // namespace nv::windows

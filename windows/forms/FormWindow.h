@@ -1,0 +1,74 @@
+// The window of a form: it makes the windows of the controls, keeps the focus where the form wants it, runs modal loops
+// and scrolls when the screen is smaller than the form.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "forms/Form.h"
+#include "windows/forms/ControlWindow.h"
+#include "windows/forms/Graphics.h"
+
+namespace nv::windows {
+
+class FormWindow : public forms::FormPeer {
+ public:
+  FormWindow(forms::Form& form, Palette& palette);
+  ~FormWindow() override;
+
+  // FormPeer
+  void update(forms::Aspect aspect) override;
+  void show(bool modal) override;
+  void runModal() override;
+  void close() override;
+  void sendKey(wchar_t key) override;
+  std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window_); }
+
+  // For the windows of the controls.
+
+  HWND window() const { return window_; }
+  const Scale& scale() const { return scale_; }
+  HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
+  HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
+  HICON icon(std::wstring_view resource, int width, int height) { return palette_.icon(resource, width, height); }
+  /// Where a control stands in its parent window, in pixels, the scrolled part of the form taken into account.
+  RECT placeOf(const forms::Control& control) const;
+  /// Scrolls so that the control can be seen.
+  void bringIntoView(const forms::Control& control);
+  /// The keyboard focus has come into a control's window, whoever brought it there.
+  void focusEntered(forms::Control& control);
+
+  /// The procedure of the window class.
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  static LRESULT CALLBACK sessionProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+ private:
+  LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
+  void makeControls();
+  /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
+  void arrange(bool centre);
+  void rescale(int dpi);
+  void adoptParent();
+  void paintBackground(HDC context) const;
+  void giveFocusBack();
+  void disableOthers();
+  void enableOthers();
+
+  bool embedded() const { return form_.border() == forms::Border::embedded; }
+  SIZE contentSize() const;
+  SIZE clientSize() const;
+  void updateScrollBars();
+  void scrollTo(POINT position);
+  void scrolled(int bar, WPARAM wparam);
+
+  forms::Form& form_;
+  Palette& palette_;
+  HWND window_ = nullptr;
+  HWND session_ = nullptr;  // of an embedded form
+  Scale scale_;
+  std::vector<std::unique_ptr<ControlWindow>> controls_;
+  std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
+  POINT scroll_{};              // part of the form that lies to the left of and above the window, in pixels
+};
+
+}  // namespace nv::windows

@@ -1,0 +1,82 @@
+// Frames: group boxes that are the parents of what stands in them. They paint themselves, since a group box of the
+// system leaves its inside to the window behind it.
+#include "forms/Frame.h"
+#include "windows/forms/ControlWindows.h"
+#include "windows/forms/FormWindow.h"
+
+namespace nv::windows {
+
+namespace {
+
+class FrameWindow final : public ControlWindow {
+ public:
+  FrameWindow(FormWindow& owner, forms::Frame& frame) : ControlWindow(owner, frame) {}
+
+ private:
+  Native native() const override { return {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}; }
+
+  void apply(forms::Aspect aspect) override {
+    ControlWindow::apply(aspect);
+    if (aspect == forms::Aspect::text) InvalidateRect(window(), nullptr, TRUE);
+    if (aspect == forms::Aspect::look)
+      RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  }
+
+  LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+    switch (message) {
+      case WM_ERASEBKGND:
+        return TRUE;
+      case WM_PRINTCLIENT:
+        paint(reinterpret_cast<HDC>(wparam));
+        return 0;
+      case WM_PAINT:
+        paint(Painting(window).context());
+        return 0;
+      case WM_NCHITTEST:
+        return HTCLIENT;  // a group box lets clicks through to the window behind it
+      case WM_ENABLE:
+        return 0;  // its look does not change
+      case WM_SETTEXT:
+        return DefWindowProcW(window, message, wparam, lparam);
+      default:
+        return ControlWindow::handle(window, message, wparam, lparam);
+    }
+  }
+
+  void paint(HDC context) {
+    RECT area;
+    GetClientRect(window(), &area);
+    FillRect(context, &area, owner().brush(background()));
+
+    const std::wstring& caption = control().caption();
+    const Selected font(context, owner().font(control().font(), false));
+    TEXTMETRICW metrics;
+    GetTextMetricsW(context, &metrics);
+    RECT edge = area;
+    if (!caption.empty()) edge.top += metrics.tmHeight / 2;
+    DrawEdge(context, &edge, EDGE_ETCHED, BF_RECT);
+    if (caption.empty()) return;
+
+    RECT text = area;
+    text.left += owner().scale().pixels(120);
+    text.right -= owner().scale().pixels(120);
+    text.bottom = text.top + metrics.tmHeight;
+    RECT needed = text;
+    DrawTextW(context, caption.c_str(), -1, &needed, DT_SINGLELINE | DT_CALCRECT);
+    text.right = needed.right < text.right ? needed.right : text.right;
+    RECT gap = text;
+    InflateRect(&gap, owner().scale().pixels(45), 0);
+    FillRect(context, &gap, owner().brush(background()));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    DrawTextW(context, caption.c_str(), -1, &text, DT_SINGLELINE | DT_END_ELLIPSIS);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> makeFrameWindow(FormWindow& owner, forms::Frame& frame) {
+  return std::make_unique<FrameWindow>(owner, frame);
+}
+
+}  // namespace nv::windows

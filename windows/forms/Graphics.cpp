@@ -1,0 +1,60 @@
+#include "windows/forms/Graphics.h"
+
+#include "windows/Instance.h"
+
+namespace nv::windows {
+
+int dpiOf(HWND window) {
+  // Known to newer systems only.
+  using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
+  static const auto getDpiForWindow = reinterpret_cast<GetDpiForWindowFunction>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  if (getDpiForWindow != nullptr) {
+    const UINT dpi = getDpiForWindow(window);
+    if (dpi != 0) return static_cast<int>(dpi);
+  }
+  const HDC context = GetDC(window);
+  const int dpi = GetDeviceCaps(context, LOGPIXELSX);
+  ReleaseDC(window, context);
+  return dpi;
+}
+
+COLORREF rgb(forms::Colour colour) {
+  constexpr forms::Colour systemColour = 0x80000000U;
+  return (colour & systemColour) != 0 ? GetSysColor(static_cast<int>(colour & ~systemColour)) : colour;
+}
+
+HBRUSH Palette::brush(forms::Colour colour) {
+  constexpr forms::Colour systemColour = 0x80000000U;
+  if ((colour & systemColour) != 0) return GetSysColorBrush(static_cast<int>(colour & ~systemColour));
+  Brush& brush = brushes_[colour];
+  if (!brush) brush.reset(CreateSolidBrush(colour));
+  return brush.get();
+}
+
+HFONT Palette::font(const forms::Font& font, bool underlined, int dpi) {
+  for (const CachedFont& cached : fonts_) {
+    if (cached.font == font && cached.underlined == underlined && cached.dpi == dpi) return cached.handle.get();
+  }
+  LOGFONTW description{};
+  description.lfHeight = -MulDiv(font.points, dpi, 72);
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfUnderline = underlined ? TRUE : FALSE;
+  description.lfCharSet = DEFAULT_CHARSET;
+  description.lfQuality = CLEARTYPE_QUALITY;
+  font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
+  fonts_.push_back({font, underlined, dpi, FontHandle(CreateFontIndirectW(&description))});
+  return fonts_.back().handle.get();
+}
+
+HICON Palette::icon(std::wstring_view resource, int width, int height) {
+  for (const CachedIcon& cached : icons_) {
+    if (cached.resource == resource && cached.width == width && cached.height == height) return cached.handle.get();
+  }
+  std::wstring name(resource);
+  const HANDLE loaded = LoadImageW(moduleInstance(), name.c_str(), IMAGE_ICON, width, height, LR_DEFAULTCOLOR);
+  icons_.push_back({std::move(name), width, height, Icon(static_cast<HICON>(loaded))});
+  return icons_.back().handle.get();
+}
+
+}  // namespace nv::windows

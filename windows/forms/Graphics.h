@@ -1,0 +1,88 @@
+// Measures, colours, fonts and icons of the windows.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "forms/Geometry.h"
+#include "forms/Look.h"
+#include "windows/Handles.h"
+
+namespace nv::windows {
+
+/// Dots per inch at which a window is drawn, by its monitor where the system tells that, else by its screen.
+int dpiOf(HWND window);
+
+/// Turns twips into pixels and back at a given dpi. Edges are converted, not sizes, so that what touches in twips
+/// touches in pixels.
+class Scale {
+ public:
+  explicit Scale(int dpi = 96) : dpi_(dpi) {}
+  int dpi() const { return dpi_; }
+  int pixels(forms::Twips twips) const { return MulDiv(twips, dpi_, 1440); }
+  forms::Twips twips(int pixels) const { return MulDiv(pixels, 1440, dpi_); }
+  RECT pixels(const forms::Place& place) const {
+    return {pixels(place.left), pixels(place.top), pixels(place.right()), pixels(place.bottom())};
+  }
+
+ private:
+  int dpi_;
+};
+
+COLORREF rgb(forms::Colour colour);
+
+/// Brushes, fonts and icons, made once each and kept for all forms of a thread. What is handed out stays the palette's.
+class Palette {
+ public:
+  HBRUSH brush(forms::Colour colour);
+  HFONT font(const forms::Font& font, bool underlined, int dpi);
+  /// An icon of the component's resources in this size, in pixels; nullptr when there is none of that name.
+  HICON icon(std::wstring_view resource, int width, int height);
+
+ private:
+  struct CachedFont {
+    forms::Font font;
+    bool underlined;
+    int dpi;
+    FontHandle handle;
+  };
+  struct CachedIcon {
+    std::wstring resource;
+    int width;
+    int height;
+    Icon handle;
+  };
+  std::map<forms::Colour, Brush> brushes_;
+  std::vector<CachedFont> fonts_;
+  std::vector<CachedIcon> icons_;
+};
+
+/// Paints a window for as long as it lives: WM_PAINT's beginning and end.
+class Painting {
+ public:
+  explicit Painting(HWND window) : window_(window), context_(BeginPaint(window, &paint_)) {}
+  ~Painting() { EndPaint(window_, &paint_); }
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+  HDC context() const { return context_; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+  HDC context_;
+};
+
+/// Selects a GDI object into a device context for as long as it lives.
+class Selected {
+ public:
+  Selected(HDC context, HGDIOBJ object) : context_(context), old_(SelectObject(context, object)) {}
+  ~Selected() { SelectObject(context_, old_); }
+  Selected(const Selected&) = delete;
+  Selected& operator=(const Selected&) = delete;
+
+ private:
+  HDC context_;
+  HGDIOBJ old_;
+};
+
+}  // namespace nv::windows

@@ -1,0 +1,49 @@
+// Text boxes.
+#include "forms/TextField.h"
+#include "windows/forms/ControlWindows.h"
+#include "windows/forms/EditText.h"
+
+namespace nv::windows {
+
+namespace {
+
+class TextBoxWindow final : public ControlWindow {
+ public:
+  TextBoxWindow(FormWindow& owner, forms::TextBox& textBox) : ControlWindow(owner, textBox), textBox_(textBox) {}
+
+  forms::Selection selection() const override { return text_.selection(); }
+
+ private:
+  Native native() const override { return {L"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}; }
+
+  void created() override {
+    text_.connect(window(), textBox_);
+    if (textBox_.passwordChar() != 0) apply(forms::Aspect::mask);
+  }
+
+  void apply(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::mask) {
+      SendMessageW(window(), EM_SETPASSWORDCHAR, textBox_.passwordChar(), 0);
+      InvalidateRect(window(), nullptr, TRUE);
+    } else if (!text_.apply(aspect)) {
+      ControlWindow::apply(aspect);
+    }
+  }
+
+  bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
+
+  void notified(UINT code) override {
+    if (code == EN_CHANGE) text_.changed();
+  }
+
+  forms::TextBox& textBox_;
+  EditText text_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> makeTextBoxWindow(FormWindow& owner, forms::TextBox& textBox) {
+  return std::make_unique<TextBoxWindow>(owner, textBox);
+}
+
+}  // namespace nv::windows

@@ -1,0 +1,68 @@
+// Check boxes and option buttons. The control decides about its mark; the window shows it.
+#include "forms/Toggle.h"
+#include "windows/forms/ControlWindows.h"
+
+namespace nv::windows {
+
+namespace {
+
+template <class Toggle>
+class ToggleWindow final : public ControlWindow {
+ public:
+  ToggleWindow(FormWindow& owner, Toggle& toggle) : ControlWindow(owner, toggle), toggle_(toggle) {}
+
+ private:
+  static constexpr bool isOption = std::is_same_v<Toggle, forms::OptionButton>;
+
+  Native native() const override {
+    return {L"BUTTON", static_cast<DWORD>(isOption ? BS_RADIOBUTTON : BS_CHECKBOX) | BS_NOTIFY};
+  }
+
+  void created() override { showMark(); }
+
+  void apply(forms::Aspect aspect) override {
+    if (aspect == forms::Aspect::value) {
+      showMark();
+    } else {
+      ControlWindow::apply(aspect);
+    }
+  }
+
+  LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+    if (message != WM_SETFOCUS) return ControlWindow::handle(window, message, wparam, lparam);
+    // The system's option button counts the arrival of the focus as a click; ours does not.
+    gettingFocus_ = true;
+    const LRESULT result = ControlWindow::handle(window, message, wparam, lparam);
+    gettingFocus_ = false;
+    return result;
+  }
+
+  void notified(UINT code) override {
+    if ((code == BN_CLICKED || code == BN_DOUBLECLICKED) && !gettingFocus_) toggle_.clicked();
+  }
+
+  void showMark() const {
+    bool marked = false;
+    if constexpr (isOption) {
+      marked = toggle_.selected();
+    } else {
+      marked = toggle_.checked();
+    }
+    SendMessageW(window(), BM_SETCHECK, marked ? BST_CHECKED : BST_UNCHECKED, 0);
+  }
+
+  Toggle& toggle_;
+  bool gettingFocus_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWindow> makeCheckBoxWindow(FormWindow& owner, forms::CheckBox& checkBox) {
+  return std::make_unique<ToggleWindow<forms::CheckBox>>(owner, checkBox);
+}
+
+std::unique_ptr<ControlWindow> makeOptionButtonWindow(FormWindow& owner, forms::OptionButton& optionButton) {
+  return std::make_unique<ToggleWindow<forms::OptionButton>>(owner, optionButton);
+}
+
+}  // namespace nv::windows

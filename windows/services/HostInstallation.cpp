@@ -1,0 +1,120 @@
+#include "windows/services/HostInstallation.h"
+
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include "platform/RuntimeError.h"
+#include "platform/Text.h"
+#include "windows/Handles.h"
+#include "windows/Paths.h"
+#include "windows/services/AccountVerifier.h"
+
+namespace nv::windows {
+
+namespace {
+
+constexpr const wchar_t* bankLibrary = L"Acctvfy.dll";
+constexpr const wchar_t* cipherLibrary = L"kvd8rq3x.dll";
+
+std::wstring applicationFolder() {
+  wchar_t path[MAX_PATH];
+  const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+  const std::wstring_view whole(path, length < MAX_PATH ? length : 0);
+  return std::wstring(whole.substr(0, whole.find_last_of(L'\\')));
+}
+
+std::wstring systemFolder() {
+  wchar_t path[MAX_PATH];
+  const UINT length = GetSystemDirectoryW(path, MAX_PATH);
+  return {path, length < MAX_PATH ? length : 0};
+}
+
+/// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
+/// search that the current directory takes part in. It stays loaded once it is: it may keep state between calls.
+HMODULE library(const std::wstring& folder, const wchar_t* name) {
+  static std::mutex mutex;
+  static auto& loaded = *new std::map<std::wstring, HMODULE>;
+  const std::lock_guard lock(mutex);
+  for (const std::wstring& place : {folder, applicationFolder(), systemFolder()}) {
+    if (!isFullPath(place)) continue;
+    const std::wstring path = joined(place, name);
+    if (const auto known = loaded.find(path); known != loaded.end()) return known->second;
+    if (const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
+      return loaded[path] = module;
+    }
+  }
+  throw RuntimeError(ErrorNumber::libraryNotLoadable);
+}
+
+template <class Function>
+Function* entryPoint(HMODULE library, const char* decoratedName) {
+  const auto found = reinterpret_cast<void*>(GetProcAddress(library, decoratedName));
+  if (found == nullptr) throw RuntimeError(ErrorNumber::entryPointNotFound);
+  return reinterpret_cast<Function*>(found);
+}
+
+/// A buffer of blanks for a library to write a message into. Libraries have been known to write more than they were
+/// given: there is room behind the buffer, and what lies behind the room tells whether even that was too little.
+class MessageBuffer {
+ public:
+  MessageBuffer() : bytes_(size + room + guard, guardByte) {
+    std::fill_n(bytes_.begin(), size, ' ');
+    bytes_[size] = '\0';
+  }
+
+  char* data() { return bytes_.data(); }
+
+  /// What was written, up to its end and without blanks around it. Fails when the library wrote beyond all room.
+  std::wstring text() const {
+    if (std::any_of(bytes_.end() - guard, bytes_.end(), [](char byte) { return byte != guardByte; })) {
+      throw RuntimeError(ErrorNumber::invalidCall);
+    }
+    const auto end = std::find(bytes_.begin(), bytes_.begin() + size, '\0');
+    const std::wstring written = fromAnsiCodePage(std::string_view(bytes_.begin(), end));
+    return std::wstring(trimmed(written));
+  }
+
+ private:
+  static constexpr std::ptrdiff_t size = 256;
+  static constexpr std::ptrdiff_t room = 64 * 1024;
+  static constexpr std::ptrdiff_t guard = 64;
+  static constexpr char guardByte = '\x5A';
+
+  std::vector<char> bytes_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::AccountVerifier> HostInstallation::createVerifier() {
+  return createAccountVerifier();
+}
+
+std::int16_t HostInstallation::checkBankId(const std::wstring& folder, const std::wstring& bankId) {
+  using CheckBankId = short __stdcall(char* bankId);
+  const auto check = entryPoint<CheckBankId>(library(folder, bankLibrary), "_Check_bank_id@4");
+  return check(inAnsiCodePage(bankId).data());
+}
+
+std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, const std::wstring& bankId,
+                                                const std::wstring& transit, const std::wstring& account,
+                                                std::wstring& message) {
+  using CheckBankAccount =
+      short __stdcall(char* bankId, char* transit, char* account, char* message, short* errorLength, short flag);
+  const auto check = entryPoint<CheckBankAccount>(library(folder, bankLibrary), "_Check_bank_account2@24");
+  MessageBuffer buffer;
+  short errorLength = 0;
+  const short result = check(inAnsiCodePage(bankId).data(), inAnsiCodePage(transit).data(),
+                             inAnsiCodePage(account).data(), buffer.data(), &errorLength, 0);
+  message = buffer.text();
+  return result;
+}
+
+void HostInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
+  using DecipherFile = int __stdcall(char* from, char* to);
+  const auto decipher = entryPoint<DecipherFile>(library(folder, cipherLibrary), "_DES_decrypt_file@8");
+  decipher(inAnsiCodePage(from).data(), inAnsiCodePage(to).data());
+}
+
+}  // namespace nv::windows

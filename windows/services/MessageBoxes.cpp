@@ -1,0 +1,45 @@
+#include "windows/services/MessageBoxes.h"
+
+#include "windows/ThreadWindows.h"
+
+namespace nv::windows {
+
+namespace {
+
+/// The window that a box must block: the thread's active one or, while another program is in front, its topmost that
+/// accepts input.
+HWND owner() {
+  HWND window = GetActiveWindow();
+  if (window != nullptr) return window;
+  forEachThreadWindow([&window](HWND candidate) {
+    if (IsWindowVisible(candidate) && IsWindowEnabled(candidate)) window = candidate;
+    return window == nullptr;
+  });
+  return window;
+}
+
+UINT flagOf(MessageBoxes::Icon icon) {
+  switch (icon) {
+    case MessageBoxes::Icon::critical:
+      return MB_ICONERROR;
+    case MessageBoxes::Icon::exclamation:
+      return MB_ICONEXCLAMATION;
+    case MessageBoxes::Icon::information:
+      break;
+  }
+  return MB_ICONINFORMATION;
+}
+
+}  // namespace
+
+MessageBoxes::Answer MessageBoxes::show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) {
+  const HWND blocked = owner();
+  const UINT modality = blocked == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
+  const UINT kind = buttons == Buttons::yesNo ? MB_YESNO : MB_OK;
+  const int answer =
+      MessageBoxW(blocked, std::wstring(text).c_str(), std::wstring(caption).c_str(), kind | flagOf(icon) | modality);
+  if (buttons == Buttons::ok) return Answer::ok;
+  return answer == IDYES ? Answer::yes : Answer::no;
+}
+
+}  // namespace nv::windows

@@ -1,0 +1,45 @@
+#include "windows/services/Shell.h"
+
+#include "windows/Handles.h"
+#include "windows/Paths.h"
+
+namespace nv::windows {
+
+namespace {
+
+using HtmlHelpFunction = HWND(WINAPI*)(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data);
+constexpr UINT helpByContextNumber = 0x000F;  // HH_HELP_CONTEXT
+
+/// Where the help viewer says that its library is, else its place in the system directory: never a search path.
+std::wstring helpLibraryPath() {
+  wchar_t path[MAX_PATH];
+  DWORD size = sizeof(path);
+  if (RegGetValueW(HKEY_CLASSES_ROOT, L"CLSID\\{adb880a6-d8ff-11cf-9377-00aa003b7a11}\\InprocServer32", nullptr,
+                   RRF_RT_REG_SZ, nullptr, path, &size) == ERROR_SUCCESS &&
+      isFullPath(path)) {
+    return path;
+  }
+  const UINT length = GetSystemDirectoryW(path, MAX_PATH);
+  return joined(std::wstring_view(path, length < MAX_PATH ? length : 0), L"hhctrl.ocx");
+}
+
+/// The viewer's function, or nullptr. Its library stays loaded: its windows outlive the call.
+HtmlHelpFunction htmlHelp() {
+  const HMODULE library = LoadLibraryExW(helpLibraryPath().c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  if (library == nullptr) return nullptr;
+  return reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
+}
+
+}  // namespace
+
+int Shell::open(const std::wstring& address) {
+  const auto result = ShellExecuteW(nullptr, L"open", address.c_str(), nullptr, nullptr, SW_SHOWMAXIMIZED);
+  return static_cast<int>(reinterpret_cast<INT_PTR>(result));
+}
+
+void Shell::showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) {
+  static const HtmlHelpFunction show = htmlHelp();
+  if (show != nullptr) show(reinterpret_cast<HWND>(window), file.c_str(), helpByContextNumber, topic);
+}
+
+}  // namespace nv::windows
