@@ -1,0 +1,48 @@
+#include "host/application/HostWindow.h"
+
+namespace nv::host {
+
+namespace {
+
+constexpr int twipsPerInch = 1440;
+constexpr const wchar_t* className = L"NVHost.Window";
+
+int dotsPerInch(HWND window) {
+  const HDC context = GetDC(window);
+  const int dots = GetDeviceCaps(context, LOGPIXELSX);
+  ReleaseDC(window, context);
+  return dots;
+}
+
+}  // namespace
+
+int toPixels(int twips, HWND window) {
+  return MulDiv(twips, dotsPerInch(window), twipsPerInch);
+}
+
+int toTwips(int pixels, HWND window) {
+  return MulDiv(pixels, twipsPerInch, dotsPerInch(window));
+}
+
+HostWindow::HostWindow(const wchar_t* title, POINT place, SIZE size) {
+  constexpr DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = DefWindowProcW;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = GetSysColorBrush(COLOR_APPWORKSPACE);
+  windowClass.lpszClassName = className;
+  RegisterClassW(&windowClass);
+  RECT outside{0, 0, size.cx, size.cy};
+  AdjustWindowRect(&outside, style, FALSE);
+  window_ = CreateWindowExW(0, className, title, style, place.x, place.y, outside.right - outside.left,
+                            outside.bottom - outside.top, nullptr, nullptr, windowClass.hInstance, nullptr);
+  ShowWindow(window_, SW_SHOW);
+  SetForegroundWindow(window_);
+}
+
+HostWindow::~HostWindow() {
+  if (handle() != nullptr) DestroyWindow(window_);
+}
+
+}  // namespace nv::host

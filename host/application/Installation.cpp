@@ -1,0 +1,122 @@
+#include "host/application/Installation.h"
+
+#include "host/application/Permissions.h"
+#include "host/application/UiThread.h"
+#include "host/base/Failure.h"
+#include "host/base/Text.h"
+#include "host/standins/Record.h"
+
+namespace nv::host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct ChangeCloser {
+  void operator()(HANDLE handle) const { FindCloseChangeNotification(handle); }
+};
+
+HANDLE open(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition) {
+  const HANDLE file = CreateFileW(path.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+  return file == INVALID_HANDLE_VALUE ? nullptr : file;
+}
+
+[[noreturn]] void fail(const fs::path& path, const wchar_t* what) {
+  throw Failure(path.wstring() + L" cannot be " + what + L" (" + std::to_wstring(GetLastError()) + L")");
+}
+
+}  // namespace
+
+Installation::Installation(fs::path root) : root_(std::move(root)) {
+  clear();
+  makeFolder(L"NORVIK\\Bin");
+  makeFolder(L"Resources");
+  SetEnvironmentVariableW(installationVariable, this->root().c_str());
+}
+
+/// An earlier run that ended in the middle may have left anything, read-only or not.
+void Installation::clear() const {
+  std::error_code none;
+  allowEverything(root_);
+  for (auto entry = fs::recursive_directory_iterator(root_, none); entry != fs::recursive_directory_iterator();
+       entry.increment(none)) {
+    allowEverything(entry->path());
+  }
+  fs::remove_all(root_, none);
+}
+
+fs::path Installation::path(const std::wstring& file) const {
+  return root_ / replaced(file, L"/", L"\\");
+}
+
+bool Installation::exists(const std::wstring& file) const {
+  return GetFileAttributesW(path(file).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::optional<std::vector<std::wstring>> Installation::lines(const std::wstring& file) const {
+  const std::unique_ptr<void, HandleCloser> handle(
+      open(path(file), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
+  if (!handle) return std::nullopt;
+  std::string bytes(GetFileSize(handle.get(), nullptr), '\0');
+  DWORD read = 0;
+  ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+  return splitLines(wide({bytes.data(), read}, CP_ACP));
+}
+
+void Installation::write(const std::wstring& file, const std::wstring& text) {
+  const fs::path target = path(file);
+  std::error_code none;
+  fs::create_directories(target.parent_path(), none);
+  const std::unique_ptr<void, HandleCloser> handle(open(target, GENERIC_WRITE, 0, CREATE_ALWAYS));
+  const std::string bytes = narrow(text, CP_ACP);
+  DWORD written = 0;
+  if (!handle || !WriteFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
+    fail(target, L"written");
+  }
+}
+
+void Installation::makeFolder(const std::wstring& folder) {
+  std::error_code error;
+  fs::create_directories(path(folder), error);
+  if (error) fail(path(folder), L"made");
+}
+
+void Installation::remove(const std::wstring& fileOrFolder) {
+  std::error_code error;
+  if (fs::remove_all(path(fileOrFolder), error) == 0 || error) fail(path(fileOrFolder), L"removed");
+}
+
+void Installation::lock(const std::wstring& file) {
+  auto& lock = locked_[file];
+  lock.reset(open(path(file), GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS));
+  if (!lock) fail(path(file), L"locked");
+}
+
+void Installation::unlock(const std::wstring& file) {
+  if (locked_.erase(file) == 0) throw Failure(file + L" is not locked");
+}
+
+void Installation::makeReadOnly(const std::wstring& fileOrFolder) {
+  const fs::path target = path(fileOrFolder);
+  denyWriting(target);
+  const bool folder = fs::is_directory(target);
+  const fs::path probe = folder ? target / L"probe" : target;
+  const std::unique_ptr<void, HandleCloser> handle(
+      open(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING));
+  if (handle) throw Failure(target.wstring() + L" can still be written: this user may do everything");
+}
+
+bool Installation::waitUntil(const std::function<bool()>& condition) const {
+  const ULONGLONG end =
+      GetTickCount64() + static_cast<ULONGLONG>(std::chrono::milliseconds(UiThread::patience).count());
+  const std::unique_ptr<void, ChangeCloser> change(FindFirstChangeNotificationW(
+      root_.c_str(), TRUE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE));
+  for (;;) {
+    if (condition()) return true;
+    const ULONGLONG now = GetTickCount64();
+    if (now >= end || WaitForSingleObject(change.get(), static_cast<DWORD>(end - now)) != WAIT_OBJECT_0) return false;
+    FindNextChangeNotification(change.get());
+  }
+}
+
+}  // namespace nv::host

@@ -1,0 +1,86 @@
+// nvhost: a host application for the component, on a command line. See README.md.
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "host/application/Automation.h"
+#include "host/base/Crash.h"
+#include "host/base/Failure.h"
+#include "host/base/Text.h"
+#include "host/scenario/Runner.h"
+#include "host/showcase/Showcase.h"
+#include "host/standins/Setup.h"
+
+namespace nv::host {
+
+namespace {
+
+constexpr const wchar_t* usage =
+    L"nvhost [--build FOLDER] COMMAND\n"
+    L"\n"
+    L"  run FILE...                    plays scenario files; the exit code is 0 when all pass\n"
+    L"  demo                           shows the component at work\n"
+    L"  show [modal|remote|import]     opens the dialog for you\n"
+    L"  play FILE                      plays one scenario in this process, for a debugger\n"
+    L"  setup                          registers the stand-ins for help viewer and browser: test machines only\n"
+    L"\n"
+    L"FOLDER is where installation and pictures go; by default the folder of nvhost.\n";
+
+std::filesystem::path programPath() {
+  wchar_t path[MAX_PATH];
+  return std::wstring(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
+}
+
+struct Apartment {
+  explicit Apartment(DWORD kind) { CoInitializeEx(nullptr, kind); }
+  ~Apartment() { CoUninitialize(); }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+};
+
+int run(std::vector<std::wstring> arguments) {
+  Folders folders{programPath(), programPath().parent_path(), {}};
+  if (arguments.size() >= 2 && arguments[0] == L"--build") {
+    folders.build = std::filesystem::absolute(arguments[1]);
+    arguments.erase(arguments.begin(), arguments.begin() + 2);
+  }
+  folders.build.make_preferred();
+  folders.installation = folders.build / L"host" / L"installation";
+  if (arguments.empty()) throw Failure(usage);
+  const std::wstring command = arguments[0];
+  const std::vector<std::filesystem::path> files(arguments.begin() + 1, arguments.end());
+
+  if (command == L"show" && files.size() <= 1) {
+    const Apartment apartment(COINIT_APARTMENTTHREADED);
+    return showForPerson(folders, files.empty() ? L"modal" : arguments[1]);
+  }
+  const Apartment apartment(COINIT_MULTITHREADED);
+  if (command == L"run" && !files.empty()) return runScenarios(folders, files);
+  if (command == L"play" && files.size() == 1) return playScenario(folders, files[0]);
+  if (command == L"demo" && files.empty()) return runDemo(folders);
+  if (command == L"setup" && files.empty()) {
+    registerStandIns(folders.program);
+    return 0;
+  }
+  throw Failure(usage);
+}
+
+}  // namespace
+
+}  // namespace nv::host
+
+int wmain(int count, wchar_t** arguments) {
+  SetConsoleOutputCP(CP_UTF8);
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+  nv::host::reportCrashes([] { return L"nvhost: "; });
+  try {
+    return nv::host::run({arguments + 1, arguments + count});
+  } catch (const nv::host::Failure& failure) {
+    std::fputs((nv::host::narrow(failure.text()) + '\n').c_str(), stderr);
+  } catch (const nv::host::HostError& error) {
+    std::fputs((nv::host::narrow(error.shown()) + '\n').c_str(), stderr);
+  }
+  return 2;
+}

@@ -1,0 +1,151 @@
+#include <algorithm>
+
+#include "host/application/Automation.h"
+#include "host/application/Embedding.h"
+#include "host/application/Installation.h"
+#include "host/application/UiThread.h"
+#include "host/base/Text.h"
+#include "host/showcase/SampleBiller.h"
+#include "host/showcase/Showcase.h"
+#include "host/user/User.h"
+
+namespace nv::host {
+
+namespace {
+
+enum class Rows { notEmpty, changed };
+
+/// Prints both states of the record as a table with a mark on what changed.
+void printRecord(const std::vector<RecordValue>& before, const std::vector<RecordValue>& after, Rows rows) {
+  std::size_t nameWidth = 0;
+  std::size_t valueWidth = std::wstring_view(L"before").size();
+  for (const auto& [property, value] : before) {
+    nameWidth = std::max(nameWidth, property.size());
+    valueWidth = std::max(valueWidth, value.size());
+  }
+  const auto row = [&](wchar_t mark, std::wstring property, std::wstring left, const std::wstring& right) {
+    property.resize(nameWidth, L' ');
+    left.resize(valueWidth, L' ');
+    printLine(std::wstring(L"   ") + mark + L' ' + property + L"  " + left + L"  " + right);
+  };
+  printLine(L"");
+  row(L' ', L"", L"before", L"after");
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    const std::wstring& left = before[i].value;
+    const std::wstring& right = after[i].value;
+    const bool changed = left != right;
+    if (rows == Rows::changed ? changed : !left.empty() || !right.empty()) {
+      row(changed ? L'*' : L' ', before[i].property, left, right);
+    }
+  }
+  printLine(rows == Rows::changed ? L"\n     All other values are as they were.\n" : L"\n   * changed in the dialog\n");
+}
+
+/// What the user enters.
+struct Entry {
+  const wchar_t* control;
+  const wchar_t* text;
+};
+
+class Demo {
+ public:
+  explicit Demo(const Folders& folders)
+      : pictures_(folders.build / L"demo"), installation_(folders.installation), user_(thread_) {}
+  ~Demo() {
+    thread_
+        .begin([this] {
+          embedding_.reset();
+          biller_.reset();
+          main_.reset();
+        })
+        .wait();
+  }
+  Demo(const Demo&) = delete;
+  Demo& operator=(const Demo&) = delete;
+
+  void run() {
+    printLine(L"The host creates NVRandom.ClsRandom through COM and hands it a biller.");
+    thread_.ask([this] {
+      main_ = std::make_unique<HostWindow>(L"NVHost - Bill Payments", POINT{20, 20}, SIZE{1000, 800});
+      biller_ = std::make_unique<Biller>([](const std::wstring& event) { printLine(L"     event " + event); });
+      setSampleBiller(*biller_, installation_.dllPath());
+    });
+    showModal();
+    showEmbedded();
+    printLine(L"Pictures of the dialog are in " + pictures_.wstring() + L".");
+  }
+
+ private:
+  void showModal() {
+    printLine(L"\n1. ShowForm: the dialog is modal, and the host waits for its result.\n");
+    const auto before = record();
+    auto shown = thread_.begin([this] { return biller_->show(Biller::Show::modal); });
+    useDialog(
+        L"modal",
+        {{L"ran_payee_street", L"88 PORT ROAD"}, {L"ran_payee_city", L"KENORA"}, {L"ran_payee_postal", L"P9N2X4"}});
+    user_.await(L"the dialog stays", [&shown] { return UiThread::ready(shown); });
+    printLine(L"     ShowForm returns " + std::to_wstring(shown.get()));
+    printRecord(before, record(), Rows::notEmpty);
+  }
+
+  void showEmbedded() {
+    printLine(L"2. ShowForm_Remote: the dialog stands in a window of the host, which hears its events.\n");
+    const auto before = record();
+    thread_.ask([this] {
+      embedding_ = windowFor(*biller_);
+      embed(*biller_, *embedding_);
+      const SIZE size = biller_->size();
+      printLine(L"     Get_Width and Get_Height say " + std::to_wstring(size.cx) + L" x " + std::to_wstring(size.cy) +
+                L" twips");
+      biller_->show(Biller::Show::remote);
+    });
+    useDialog(L"embedded", {{L"ran_payee_email", L"remit@lakeheadhydro.example"}, {L"ran_payee_contact", L"TREASURY"}});
+    printRecord(before, record(), Rows::changed);
+  }
+
+  std::vector<RecordValue> record() {
+    return thread_.ask([this] { return readRecord(*biller_); });
+  }
+
+  void useDialog(const std::wstring& name, const std::vector<Entry>& entries) {
+    const HWND dialog = user_.awaitDialog(L"frmRandomInfo");
+    user_.pictureOf(dialog).save(pictures_ / (name + L"-opened.png"));
+    for (const auto& [control, text] : entries) {
+      std::wstring padded = control;
+      padded.resize(18, L' ');
+      printLine(L"     types " + padded + text);
+      user_.clear(user_.awaitControl(dialog, control));
+      user_.type(text);
+    }
+    user_.pictureOf(dialog).save(pictures_ / (name + L"-filled.png"));
+    printLine(L"     presses OK");
+    user_.click(user_.awaitControl(dialog, L"cmd_ok"));
+    user_.await(L"the dialog does not close", [dialog] { return !IsWindow(dialog); });
+  }
+
+  std::filesystem::path pictures_;
+  Installation installation_;
+  UiThread thread_;
+  User user_;
+  std::unique_ptr<HostWindow> main_;
+  std::unique_ptr<HostWindow> embedding_;
+  std::unique_ptr<Biller> biller_;
+};
+
+}  // namespace
+
+int runDemo(const Folders& folders) {
+  Demo demo(folders);
+  try {
+    demo.run();
+    return 0;
+  } catch (const Failure& failure) {
+    printLine(L"The demo failed: " + failure.text());
+  } catch (const HostError& error) {
+    printLine(L"The demo failed: " + error.shown());
+  }
+  TerminateProcess(GetCurrentProcess(), 1);  // the host's thread may never come back from its dialog
+  return 1;
+}
+
+}  // namespace nv::host
