@@ -34,6 +34,7 @@ void collect(HKEY parent, const std::wstring& path, std::set<std::wstring>& foun
 std::set<std::wstring> classesOf(HKEY root) {
   std::set<std::wstring> found;
   collect(root, L"Software\\Classes", found);
+  found.erase(L"Software\\Classes");  // the system's own: a new user gets it with the first class
   return found;
 }
 
