@@ -33,18 +33,18 @@ class Label : public CaptionedControl {
   bool transparent_ = true;
 };
 
-/// A label that is a link: a click, Enter or Space on it raises `click`.
+/// A label that is a link: a click, Enter or Space on it raises `click`. Without a text there is nothing to click.
 class Hyperlink : public CaptionedControl {
  public:
   Hyperlink(Parent parent, Name name, std::wstring caption = {})
       : CaptionedControl(parent, Kind::hyperlink, name, std::move(caption)) {}
 
-  bool takesFocus() const override { return true; }
+  bool takesFocus() const override { return !caption().empty(); }
   bool useKey(const KeyDown& key) override;
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (reachable()) click.raise();
+    if (reachable() && !caption().empty()) click.raise();
   }
 };
 

@@ -15,9 +15,6 @@ namespace {
 using platform::AccountVerifier;
 using platform::MessageBoxes;
 
-bool isDigit(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
 bool isCapital(wchar_t c) {
   return c >= L'A' && c <= L'Z';
 }

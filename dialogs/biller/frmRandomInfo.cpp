@@ -1,5 +1,6 @@
 #include "dialogs/biller/frmRandomInfo.h"
 
+#include "dialogs/biller/Texts.h"
 #include "dialogs/support/frmCheque.h"
 #include "platform/Text.h"
 #include "validation/Random.h"
@@ -16,6 +17,7 @@ constexpr const wchar_t* helpFile = L"NORVIK.CHM>ShowTopic";
 
 constexpr const wchar_t* helpImage = L"HELPIMAGE";
 constexpr const wchar_t* helpImageCaption = L"Help";
+constexpr const wchar_t* requiredMark = L"*";
 
 /// The topic about the dialog as a whole, and those by the index of the help image that opens them.
 constexpr std::uint32_t helpTopic = 506000012;
@@ -37,35 +39,157 @@ frmRandomInfo::frmRandomInfo(Component& component, Border border)
       ran_payee_street(Frame3, L"ran_payee_street"),
       lblCity(Frame3, L"lblCity", L"City:"),
       ran_payee_city(Frame3, L"ran_payee_city"),
+      lblProvince(Frame3, L"lblProvince", L"Prov/State:"),
+      ran_payee_prov(Frame3, L"ran_payee_prov"),
+      lblCountry(Frame3, L"lblCountry", L"Country:"),
+      ran_payee_country(Frame3, L"ran_payee_country", {{L"Country", 3300}, {L"Code", 750}, {L"Phone", 900}},
+                        countryCode),
       lblPostalCode(Frame3, L"lblPostalCode", L"Postal Code:"),
       ran_payee_postal(Frame3, L"ran_payee_postal"),
+      lblCurrency(Frame3, L"lblCurrency", L"Currency:"),
+      cmbCurrencyCode(Frame3, L"cmbCurrencyCode", {{L"Currency", 3300}, {L"Code", 750}}, currencyCode),
+      lblPhoneNo(Frame3, L"lblPhoneNo", L"Phone:"),
+      Label19(Frame3, L"Label19", L"+"),
+      txtPhoneCountryCode(Frame3, L"txtPhoneCountryCode"),
+      ran_payee_ph_area(Frame3, L"ran_payee_ph_area"),
+      ran_payee_phone(Frame3, L"ran_payee_phone"),
+      ran_Inter_payee_phone(Frame3, L"ran_Inter_payee_phone"),
+      lblFax(Frame3, L"lblFax", L"Fax:"),
+      Label20(Frame3, L"Label20", L"+"),
+      txtFaxCountryCode(Frame3, L"txtFaxCountryCode"),
+      ran_payee_fax_area(Frame3, L"ran_payee_fax_area"),
+      ran_payee_faxnumber(Frame3, L"ran_payee_faxnumber"),
+      ran_inter_payee_faxnumber(Frame3, L"ran_inter_payee_faxnumber"),
       lblEmail(Frame3, L"lblEmail", L"Email:"),
       ran_payee_email(Frame3, L"ran_payee_email"),
+      lblNotification(Frame3, L"lblNotification", L"*Required if recipient is to receive email notification."),
       lblWebsite(Frame3, L"lblWebsite", L"Website:"),
       ran_payee_www(Frame3, L"ran_payee_www"),
       lblContact(Frame3, L"lblContact", L"Contact Person / Dept:"),
       ran_payee_contact(Frame3, L"ran_payee_contact"),
+      chkDiscountsApply(Frame3, L"chkDiscountsApply", L"Discounts Apply to this Biller"),
+      fraBusinessNum(Frame3, L"fraBusinessNum"),
+      optCBusiness(fraBusinessNum, L"optCBusiness", L"&Business"),
+      optCIndividual(fraBusinessNum, L"optCIndividual", L"&Individual"),
+      lblBN(fraBusinessNum, L"lblBN", L"Business Number GST/HST (BN):"),
+      txtBusinessNum(fraBusinessNum, L"txtBusinessNum"),
+      chkBNNotAvailable(fraBusinessNum, L"chkBNNotAvailable", L"Not Available"),
+      lblFXBankingInfo(
+          Frame1, L"lblFXBankingInfo",
+          L"Payments in currencies other than \"CAD\" (Canadian Dollars) must include specific information about the "
+          L"bank account being transferred to. Please click the \"Enter Banking Information\" button below to enter "
+          L"it."),
+      cmdFXBankingInfo(Frame1, L"cmdFXBankingInfo", L"&Enter Banking Information"),
+      fraBankAcctInfo(Frame1, L"fraBankAcctInfo", optionalAccountCaption),
+      optBusiness(fraBankAcctInfo, L"optBusiness", L"Business"),
+      optEmployee(fraBankAcctInfo, L"optEmployee", L"Employee"),
+      lblbankTransit(fraBankAcctInfo, L"lblbankTransit", L"Transit Number (5 digits):"),
+      txtTransit(fraBankAcctInfo, L"txtTransit"),
+      lblbankId(fraBankAcctInfo, L"lblbankId", L"Bank Id (3 digits):"),
+      txtBankID(fraBankAcctInfo, L"txtBankID"),
+      Label13(fraBankAcctInfo, L"Label13", L"Account Number( max. 12 digits):"),
+      txtAccount(fraBankAcctInfo, L"txtAccount"),
+      lblConfirm(fraBankAcctInfo, L"lblConfirm", L"Confirm"),
+      lblTransitConf(fraBankAcctInfo, L"lblTransitConf", L"Transit Number:"),
+      txtTransitConf(fraBankAcctInfo, L"txtTransitConf"),
+      lblBankIdConf(fraBankAcctInfo, L"lblBankIdConf", L"Bank Id:"),
+      txtBankIDConf(fraBankAcctInfo, L"txtBankIDConf"),
+      lblAccountConf(fraBankAcctInfo, L"lblAccountConf", L"Account Number:"),
+      txtAccountConf(fraBankAcctInfo, L"txtAccountConf"),
+      lbl_note(fraBankAcctInfo, L"lbl_note",
+               L"Note: The first payment to a business may be made by cheque if a bank account has not been provided."),
+      lblbkclk(fraBankAcctInfo, L"lblbkclk"),
+      lblbankaccount(fraBankAcctInfo, L"lblbankaccount"),
+      fraBankInfo(Frame1, L"fraBankInfo", L"Bank Account Information:"),
+      lblBankName(fraBankInfo, L"lblBankName", L"Bank Name:"),
+      txtBankName(fraBankInfo, L"txtBankName"),
+      lblRoutingNumber(fraBankInfo, L"lblRoutingNumber", L"Routing Number (ACH Routing Number 9 Digits):"),
+      txtRoutingNumber(fraBankInfo, L"txtRoutingNumber"),
+      lblBankAccountNumber(fraBankInfo, L"lblBankAccountNumber", L"Account Number( max. 17 digits):"),
+      txtBankAccountNumber(fraBankInfo, L"txtBankAccountNumber"),
+      lblBankInfoConfirm(fraBankInfo, L"lblBankInfoConfirm", L"Confirm:"),
+      txtConfirmBankAccountNumber(fraBankInfo, L"txtConfirmBankAccountNumber"),
+      lblDisclaimer(fraBankInfo, L"lblDisclaimer", L"Disclaimer:"),
+      lblDisclaimerDetails(fraBankInfo, L"lblDisclaimerDetails"),
+      ctHyperLink1(fraBankInfo, L"ctHyperLink1"),
+      Label14(Frame1, L"Label14", L"The above information must be entered accurately to ensure timely payment"),
+      Label15(*this, L"Label15", L"Items with * are required fields."),
+      cmdCheque(*this, L"cmdCheque", L"&View Sample Cheque"),
+      cmd_help(*this, L"cmd_help", L"&Help"),
+      cmd_ok(*this, L"cmd_ok", L"&OK"),
+      cmd_cancel(*this, L"cmd_cancel", L"Cancel"),
       imgHelpCSFTInfo{{{Frame1, {L"imgHelpCSFTInfo", 0}, helpImage, helpImageCaption},
                        {Frame3, {L"imgHelpCSFTInfo", 1}, helpImage, helpImageCaption},
                        {Frame3, {L"imgHelpCSFTInfo", 2}, helpImage, helpImageCaption},
                        {Frame3, {L"imgHelpCSFTInfo", 3}, helpImage, helpImageCaption},
-                       {Frame3, {L"imgHelpCSFTInfo", 4}, helpImage, helpImageCaption},
-                       {Frame3, {L"imgHelpCSFTInfo", 5}, helpImage, helpImageCaption}}},
-      cmdFXBankingInfo(Frame1, L"cmdFXBankingInfo", L"&Enter Banking Information"),
-      ctHyperLink1(*this, L"ctHyperLink1", L"Click here for more information about US Payments"),
-      cmdCheque(*this, L"cmdCheque", L"&View Sample Cheque"),
-      cmd_help(*this, L"cmd_help", L"&Help"),
-      cmd_ok(*this, L"cmd_ok", L"&OK"),
-      cmd_cancel(*this, L"cmd_cancel", L"Cancel") {
-  setCaption(L"Norvik - Biller / Funds Transfer Information");
+                       {fraBusinessNum, {L"imgHelpCSFTInfo", 4}, helpImage, helpImageCaption},
+                       {fraBankAcctInfo, {L"imgHelpCSFTInfo", 5}, helpImage, helpImageCaption}}},
+      lblAsterisk{{{Frame3, {L"lblAsterisk", 0}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 1}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 2}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 3}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 4}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 5}, requiredMark},
+                   {Frame3, {L"lblAsterisk", 6}, requiredMark},
+                   {fraBusinessNum, {L"lblAsterisk", 7}, requiredMark},
+                   {fraBankAcctInfo, {L"lblAsterisk", 50}, requiredMark},
+                   {fraBankAcctInfo, {L"lblAsterisk", 51}, requiredMark},
+                   {fraBankAcctInfo, {L"lblAsterisk", 52}, requiredMark}}} {
+  setCaption(domesticTitle);
   cmd_cancel.setCancels(true);
-  ran_payee_name.setUsesMnemonic(false);
-  ran_payee_account.setUsesMnemonic(false);
+  for (forms::Label* data : {&ran_payee_name, &ran_payee_account}) data->setUsesMnemonic(false);
+  const std::initializer_list<forms::Control*> hidden = {&ran_Inter_payee_phone, &ran_inter_payee_faxnumber,
+                                                         &lblNotification,       &lblFXBankingInfo,
+                                                         &cmdFXBankingInfo,      &optBusiness,
+                                                         &optEmployee,           &lblbkclk,
+                                                         &lblbankaccount,        &fraBankInfo,
+                                                         &lblBankInfoConfirm,    &txtConfirmBankAccountNumber};
+  for (forms::Control* control : hidden) control->setVisible(false);
+  for (forms::Control* control : {&ran_Inter_payee_phone, &ran_inter_payee_faxnumber}) control->setEnabled(false);
+  showConfirmation(false);
+  boundFields();
   arrange();
-  connect();
+  connectFields();
+  connectLists();
+  connectInternational();
+  connectKinds();
+  connectButtons();
 }
 
-void frmRandomInfo::connect() {
+/// How much can be typed into each field. Texts of the record may be longer.
+void frmRandomInfo::boundFields() {
+  const std::pair<forms::TextField&, int> lengths[] = {
+      {ran_payee_street, 60},
+      {ran_payee_city, 20},
+      {ran_payee_prov, 2},
+      {ran_payee_postal, 9},
+      {txtPhoneCountryCode, 4},
+      {ran_payee_ph_area, 3},
+      {ran_payee_phone, 7},
+      {ran_Inter_payee_phone, 15},
+      {txtFaxCountryCode, 4},
+      {ran_payee_fax_area, 3},
+      {ran_payee_faxnumber, 7},
+      {ran_inter_payee_faxnumber, 15},
+      {ran_payee_email, 50},
+      {ran_payee_www, 50},
+      {ran_payee_contact, 40},
+      {txtBusinessNum, 15},
+      {txtTransit, 5},
+      {txtTransitConf, 5},
+      {txtBankID, 3},
+      {txtBankIDConf, 3},
+      {txtAccount, 12},
+      {txtAccountConf, 12},
+      {txtBankName, 35},
+      {txtRoutingNumber, 9},
+      {txtBankAccountNumber, 17},
+      {txtConfirmBankAccountNumber, 17},
+  };
+  for (const auto& [field, length] : lengths) field.setMaxLength(length);
+}
+
+void frmRandomInfo::connectButtons() {
   on(cmd_ok.click, {formName, L"cmd_ok_Click"}, [this] { cmd_ok_Click(); });
   on(cmd_cancel.click, {formName, L"cmd_cancel_Click"}, [this] { cmd_cancel_Click(); });
   on(cmd_help.click, {formName, L"cmd_help_Click"}, [this] { cmd_help_Click(); });
@@ -76,28 +200,14 @@ void frmRandomInfo::connect() {
   }
 }
 
-void frmRandomInfo::Form_Load() {
-  entered(component(), L"RandomInfo - Form_Load");
-  SetupForm();
-}
-
-void frmRandomInfo::SetupForm() {
-  entered(component(), L"RandomInfo - SetupForm");
-  Random::Get_Windows_Dir(component());
-  ran_payee_name.setCaption(store().PayeeName);
-  ran_payee_account.setCaption(store().PayeeBillAccount);
-  for (const Field& field : fields) (this->*field.box).setText(store().*field.stored);
-  Frame1.setCaption(L"Please enter the following information about this Biller/Fund Transfer");
-}
-
-void frmRandomInfo::Form_Activate() {
-  entered(component(), L"RandomInfo - Form_Activate");
-  ran_payee_street.setFocus();
+/// Tells the host where the user works, so that it can scroll an embedded dialog.
+void frmRandomInfo::reportTop(const forms::Control& field) {
+  CurrentFieldTop.raise(static_cast<std::int16_t>(field.topInForm()));
 }
 
 void frmRandomInfo::showReadOnly() {
   Frame1.setCaption(L"Information about this Biller/Payee");
-  Frame3.setEnabled(false);
+  for (forms::Frame* fields : {&Frame3, &fraBankAcctInfo, &fraBankInfo}) fields->setEnabled(false);
   if (trimmed(store().PayeeFXBankCity).empty()) {
     Frame1.setEnabled(false);
   } else {
@@ -153,80 +263,6 @@ void frmRandomInfo::Form_QueryUnload(bool& /*cancel*/, UnloadMode mode) {
   widgetset().runPendingEvents();
   unload();
   Cancel.raise();
-}
-
-void frmRandomInfo::cmd_ok_Click() {
-  if (store().importFlag != flagFalse) {  // for viewing only: there is nothing to accept
-    unload();
-    return;
-  }
-  const bool changed = copyToRecord();
-  if (store().Add == flagFalse && !changed) store().closeResult = Store::cancelledResult;
-  CSBOK.raise();
-  unload();
-}
-
-/// The plain text fields and the values of the record that they show.
-const frmRandomInfo::Field frmRandomInfo::fields[] = {
-    {&frmRandomInfo::ran_payee_street, &Store::PayeeStreet},
-    {&frmRandomInfo::ran_payee_city, &Store::PayeeCity},
-    {&frmRandomInfo::ran_payee_postal, &Store::PayeePostal},
-    {&frmRandomInfo::ran_payee_email, &Store::PayeeEmail},
-    {&frmRandomInfo::ran_payee_www, &Store::PayeeWeb},
-    {&frmRandomInfo::ran_payee_contact, &Store::PayeeContactName},
-};
-
-bool frmRandomInfo::copyToRecord() {
-  bool changed = false;
-  for (const Field& field : fields) {
-    std::wstring& stored = store().*field.stored;
-    const std::wstring_view entered = trimmed((this->*field.box).text());
-    if (trimmed(stored) != entered) changed = true;
-    stored = entered;
-  }
-  return changed;
-}
-
-void frmRandomInfo::arrange() {
-  constexpr forms::Twips margin = 150, row = 390, field = 315, label = 1950, gap = 120;
-  forms::Twips top = 300;
-  const auto headRow = [&](forms::Label& caption, forms::Label& value) {
-    caption.setPlace({margin, top, label, 240});
-    value.setPlace({margin + label + gap, top, 5700, 240});
-    top += 300;
-  };
-  headRow(Label1, ran_payee_name);
-  headRow(Label2, ran_payee_account);
-  imgHelpCSFTInfo[0].setPlace({8970, 285, 240, 240});
-
-  const forms::Twips frameTop = top + gap;
-  Label3.setPlace({margin, 240, 8400, 240});
-  top = 600;
-  const auto fieldRow = [&](forms::Label& caption, forms::TextBox& box, forms::Twips width, forms::Image& help) {
-    caption.setPlace({margin, top + 45, label, 240});
-    box.setPlace({margin + label + gap, top, width, field});
-    help.setPlace({margin + label + gap + width + gap, top + 45, 240, 240});
-    top += row;
-  };
-  fieldRow(lblStreet, ran_payee_street, 5700, imgHelpCSFTInfo[1]);
-  fieldRow(lblCity, ran_payee_city, 2700, imgHelpCSFTInfo[2]);
-  fieldRow(lblPostalCode, ran_payee_postal, 1350, imgHelpCSFTInfo[3]);
-  fieldRow(lblEmail, ran_payee_email, 4800, imgHelpCSFTInfo[4]);
-  fieldRow(lblWebsite, ran_payee_www, 4800, imgHelpCSFTInfo[5]);
-  lblContact.setPlace({margin, top + 45, label, 240});
-  ran_payee_contact.setPlace({margin + label + gap, top, 4800, field});
-  top += row;
-  Frame3.setPlace({margin, frameTop, 9060, top + 60});
-  cmdFXBankingInfo.setPlace({margin, Frame3.place().bottom() + gap, 2700, 375});
-  Frame1.setPlace({margin, margin, 9360, cmdFXBankingInfo.place().bottom() + margin});
-
-  top = Frame1.place().bottom() + gap;
-  ctHyperLink1.setPlace({margin, top + 75, 3900, 240});
-  cmdCheque.setPlace({4110, top, 1860, 375});
-  cmd_help.setPlace({6060, top, 1080, 375});
-  cmd_ok.setPlace({7230, top, 1080, 375});
-  cmd_cancel.setPlace({8430, top, 1080, 375});
-  setSize(9660, top + 375 + margin);
 }
 
 }  // namespace nv

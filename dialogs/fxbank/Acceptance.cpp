@@ -1,5 +1,6 @@
 // What the foreign bank details dialog does when the user presses OK.
 #include "dialogs/fxbank/frmFXBankInfo.h"
+#include "dialogs/support/Messages.h"
 #include "platform/Text.h"
 #include "validation/Random.h"
 
@@ -29,7 +30,7 @@ void frmFXBankInfo::cmd_ok_Click() {
   if (refusesBlank(cmbBankProv, L"You must enter bank province/state.")) return;
   if (refusesBlank(cmbBankCountry, L"You must enter bank country.")) return;
   if (Random::Has_PO_Box_Address(component(), txtBankStreet.text()) != 0) {
-    tell(L"Post Office Box address cannot be used.  Please enter physical street address.");
+    tell(postOfficeBoxMessage);
     return;
   }
   if (inUnitedStates()) {

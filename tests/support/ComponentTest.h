@@ -20,11 +20,16 @@ namespace nv::test {
 /// The host's side of the events.
 class Host : public ClsRandomEvents {
  public:
-  Texts events;  // in order; "CurrentFieldTop(1200)"
+  Texts events;                    // in order, but for the tops
+  std::vector<std::int16_t> tops;  // of the fields that got the focus, in twips
   std::function<void()> whenTold;
+  std::function<void()> whenFocusMoves;
 
   void CSBOK() override { told(L"CSBOK"); }
-  void CurrentFieldTop(std::int16_t top) override { told(L"CurrentFieldTop(" + std::to_wstring(top) + L")"); }
+  void CurrentFieldTop(std::int16_t top) override {
+    tops.push_back(top);
+    if (whenFocusMoves) whenFocusMoves();
+  }
   void Cancel() override { told(L"Cancel"); }
   void ViewSampleCheque() override { told(L"ViewSampleCheque"); }
 
@@ -40,9 +45,18 @@ class ComponentTest : public testing::Test {
   ~ComponentTest() override { EXPECT_TRUE(component.forms.empty()) << "a form outlived whoever showed it"; }
 
   static constexpr const wchar_t* dllPath = L"C:\\Apps\\NORVIK\\Bin";
+  static constexpr const wchar_t* countryFile = L"C:\\Apps\\NORVIK\\Bin\\FXCountries";
+  static constexpr const wchar_t* decipheredFile = L"C:\\Apps\\NORVIK\\Bin\\FXCountries.dec";
   static constexpr const wchar_t* traceFile = L"C:\\Apps\\Norvik\\PBP.txt";
   static constexpr const wchar_t* errorLog = L"C:\\Apps\\error.log";
 
+  /// A whole installation: a folder, and a country file that can be deciphered.
+  void install() {
+    files.makeFolder(dllPath);
+    files.put(countryFile, L"enciphered");
+    installation.decipher = [this](const std::wstring& /*from*/, const std::wstring& to) { files.put(to, countries); };
+    component.store.DLLPath = dllPath;
+  }
   /// An installation with the trace switched on.
   void startTrace() {
     files.makeFolder(dllPath);
@@ -62,6 +76,20 @@ class ComponentTest : public testing::Test {
     }
     files.put(traceFile, {});
     return labels;
+  }
+
+  /// What the country file holds.
+  std::wstring countries =
+      L"Countries\r\nCanada,CA,1\r\nFrance,FR,33\r\n\"Korea, Republic of\",KR,82\r\nSwitzerland,CH,41\r\n"
+      L"United States,US,1\r\n";
+
+  /// Whether the labels stand in the trace in this order, others between them or not.
+  static bool inOrder(const Texts& trace, const Texts& labels) {
+    auto at = labels.begin();
+    for (const std::wstring& line : trace) {
+      if (at != labels.end() && line == *at) ++at;
+    }
+    return at == labels.end();
   }
 
   FakeMessageBoxes messages;

@@ -1,0 +1,178 @@
+// The international state of the biller dialog: the decisions on leaving the currency and the country, what the state
+// changes, and the foreign bank details.
+#include "dialogs/biller/Texts.h"
+#include "dialogs/biller/frmRandomInfo.h"
+#include "dialogs/fxbank/frmFXBankInfo.h"
+#include "platform/Text.h"
+
+namespace nv {
+
+using platform::MessageBoxes;
+
+void frmRandomInfo::connectInternational() {
+  on(cmbCurrencyCode.lostFocus, {formName, L"cmbCurrencyCode_LostFocus"}, [this] { cmbCurrencyCode_LostFocus(); });
+  on(ran_payee_country.lostFocus, {formName, L"ran_payee_country_LostFocus"},
+     [this] { ran_payee_country_LostFocus(); });
+  on(cmdFXBankingInfo.click, {formName, L"cmdFXBankingInfo_Click"}, [this] { ShowFXBankingInfoScreen(); });
+}
+
+void frmRandomInfo::SetFXBiller(bool isFX) {
+  entered(component(), L"RandomInfo - SetFXBiller");
+  const std::initializer_list<forms::Control*> domesticOnly = {&optCBusiness,   &optCIndividual, &fraBusinessNum,
+                                                               &txtBusinessNum, &lblBN,          &chkBNNotAvailable};
+  for (forms::Control* control : domesticOnly) control->setEnabled(!isFX);
+  if (isFX) optCBusiness.setSelected(true);
+  cmdFXBankingInfo.setVisible(isFX);
+  lblFXBankingInfo.setVisible(isFX);
+  fraBankAcctInfo.setVisible(!isFX);
+  if (isFX) {
+    for (forms::TextBox* number : {&txtTransit, &txtBankID, &txtAccount}) number->setText({});
+  } else {
+    foreignCurrency_ = false;
+    for (forms::TextBox* code : {&txtPhoneCountryCode, &txtFaxCountryCode}) code->setText(L"1");
+  }
+}
+
+void frmRandomInfo::SetFXPhoneNumber(bool isFX) {
+  entered(component(), L"RandomInfo - SetFXPhoneNumber");
+  const auto use = [](std::initializer_list<forms::TextBox*> fields, bool used) {
+    for (forms::TextBox* field : fields) {
+      field->setEnabled(used);
+      field->setVisible(used);
+    }
+  };
+  use({&ran_payee_ph_area, &ran_payee_phone, &ran_payee_fax_area, &ran_payee_faxnumber}, !isFX);
+  use({&ran_Inter_payee_phone, &ran_inter_payee_faxnumber}, isFX);
+}
+
+bool frmRandomInfo::FXCurrencyExists(std::wstring_view code) {
+  entered(component(), L"RandomInfo - FXCurrencyExists");
+  for (const std::wstring& used : store().IPBillerCurrencies.elements()) {
+    if (used == code) return true;
+  }
+  return false;
+}
+
+/// Whether the focus goes to the cancel button: leaving the dialog is no decision about the biller.
+bool frmRandomInfo::leavesToCancel() const {
+  return activeControl() != nullptr && activeControl()->name() == L"cmd_cancel";
+}
+
+/// Asks whether the biller is for an international payment, and says so when that is not possible.
+bool frmRandomInfo::acceptsInternational() {
+  if (message(L"Is this biller for an international payment?", MessageBoxes::Icon::information,
+              MessageBoxes::Buttons::yesNo) != MessageBoxes::Answer::yes) {
+    return false;
+  }
+  if (store().InternationalPayment != flagFalse) return true;
+  message(
+      L"International payment settings have not been setup. To set these, you can go to the System Administration "
+      L"screen and click 'International Payment Settings'.");
+  return false;
+}
+
+void frmRandomInfo::cmbCurrencyCode_LostFocus() {
+  if (leavesToCancel()) return;
+  if (const auto row = cmbCurrencyCode.selectedRow()) {
+    cmbCurrencyCode.setText(std::wstring(cmbCurrencyCode.cell(*row, currencyCode)));
+  }
+  const std::wstring code = cmbCurrencyCode.text().substr(0, 3);
+  if (code == canadianDollar) {
+    SetFXBiller(false);
+  } else if (code == separatorCode) {
+    setCurrency(canadianDollar);
+    SetFXBiller(false);
+  } else if (domestic() && store().PayeeIndBusnTag == individualTag) {
+    message(L"You cannot setup an individual as an international payment.");
+    setCurrency(canadianDollar);
+  } else if (!domestic() || foreignCurrency_) {
+    SetFXBiller(true);
+  } else if (acceptsInternational()) {
+    foreignCurrency_ = true;
+    SetFXBiller(true);
+  } else {
+    setCurrency(canadianDollar);
+    SetFXBiller(false);
+  }
+}
+
+void frmRandomInfo::ran_payee_country_LostFocus() {
+  if (leavesToCancel()) return;
+  if (const auto row = ran_payee_country.selectedRow()) {
+    ran_payee_country.setText(std::wstring(ran_payee_country.cell(*row, countryCode)));
+  }
+  const auto abroad = [this] {
+    return ran_payee_country.text() != canadaCode && ran_payee_country.text() != unitedStatesCode;
+  };
+  if (abroad()) {
+    if (domestic() && !foreignCurrency_) {
+      if (acceptsInternational()) {
+        foreignCurrency_ = true;
+      } else {
+        setCountry(canadaCode);
+        SetFXBiller(false);
+      }
+    }
+    if (foreignCurrency_ || !domestic()) takeTelephoneCode();
+  }
+  if (!abroad() && cmbCurrencyCode.text() == canadianDollar) SetFXBiller(false);
+  SetFXPhoneNumber(!inCanada() && !inUnitedStates());
+}
+
+/// The telephone code of the chosen country, for a number to be entered anew.
+void frmRandomInfo::takeTelephoneCode() {
+  if (const auto row = ran_payee_country.selectedRow()) {
+    const std::wstring code(ran_payee_country.cell(*row, countryPhone));
+    txtPhoneCountryCode.setText(code);
+    txtFaxCountryCode.setText(code);
+  }
+  ran_Inter_payee_phone.setText({});
+  if (ran_Inter_payee_phone.available()) ran_Inter_payee_phone.setFocus();
+}
+
+void frmRandomInfo::ShowFXBankingInfoScreen() {
+  entered(component(), L"RandomInfo - ShowFXBankingInfoScreen");
+  frmFXBankInfo::Details details = {store().PayeeFXBankName,
+                                    store().PayeeFXBankAddress,
+                                    store().PayeeFXBankCity,
+                                    store().PayeeFXBankProv,
+                                    store().PayeeFXBankCountry,
+                                    {},
+                                    {},
+                                    {},
+                                    {}};
+  const std::wstring& account = store().PayeeFXBankAccount;
+  if (details.country == unitedStatesCode) {
+    details.routing = account.substr(0, routingNumberLength);
+    if (account.size() > routingNumberLength) details.usAccount = account.substr(routingNumberLength);
+  } else {
+    details.account = account;
+    details.swift = store().PayeeFXBankSwift;
+  }
+  const auto bank = std::make_shared<frmFXBankInfo>(component());
+  bank->load();
+  bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
+  if (store().importFlag != flagFalse) bank->showReadOnly();
+  bank->showModal();
+  if (bank->OKClicked() != flagFalse) storeForeignBank(bank->details());
+  bank->unload();
+}
+
+void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {
+  const bool unitedStates = bank.country == unitedStatesCode;
+  std::pair<std::wstring&, std::wstring> values[] = {
+      {store().PayeeFXBankName, std::move(bank.name)},
+      {store().PayeeFXBankAddress, std::move(bank.street)},
+      {store().PayeeFXBankCity, std::move(bank.city)},
+      {store().PayeeFXBankProv, std::move(bank.province)},
+      {store().PayeeFXBankCountry, std::move(bank.country)},
+      {store().PayeeFXBankAccount, unitedStates ? bank.routing + bank.usAccount : std::move(bank.account)},
+      {store().PayeeFXBankSwift, unitedStates ? std::wstring() : std::move(bank.swift)},
+  };
+  for (auto& [stored, value] : values) {
+    if (trimmed(stored) != value) foreignBankChanged_ = true;
+    stored = std::move(value);
+  }
+}
+
+}  // namespace nv
