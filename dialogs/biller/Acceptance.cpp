@@ -67,7 +67,10 @@ bool beginsLikeNoNumber(std::wstring_view digits) {
 /// mending is to be done.
 class frmRandomInfo::Acceptance {
  public:
-  explicit Acceptance(frmRandomInfo& form) : form_(form) {}
+  explicit Acceptance(frmRandomInfo& form) : form_(form) { form_.accepting_ = true; }
+  ~Acceptance() { form_.accepting_ = false; }
+  Acceptance(const Acceptance&) = delete;
+  Acceptance& operator=(const Acceptance&) = delete;
 
   void run() {
     using Check = bool (Acceptance::*)();
@@ -101,7 +104,8 @@ class frmRandomInfo::Acceptance {
         &Acceptance::routingNumberDetails, &Acceptance::individual,        &Acceptance::foreignBank,
         &Acceptance::bankAccount,          &Acceptance::duplicateCurrency,
     };
-    const auto stops = [this](Check check) { return (this->*check)(); };
+    // A check may let others run: whoever closes the dialog meanwhile ends the attempt.
+    const auto stops = [this](Check check) { return (this->*check)() || !form_.loaded(); };
     const bool checksAddress = !form_.domestic() || store().PayeeIndBusnTag == businessTag;
     if (checksAddress && std::ranges::any_of(addressChecks, stops)) return;
     if (std::ranges::any_of(otherChecks, stops)) return;
@@ -597,6 +601,7 @@ void frmRandomInfo::cmd_ok_Click() {
     unload();
     return;
   }
+  if (accepting_) return;  // pressed again while an outside party is being asked
   Acceptance(*this).run();
 }
 

@@ -2,6 +2,7 @@
 # checkout). Everything is kept in build/wine and made once.
 
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+screen=${NV_SCREEN:-1280x1024}
 
 # use_prefix 32|64: points Wine at a prefix of its own, made when it is missing.
 use_prefix() {
@@ -16,7 +17,6 @@ use_prefix() {
   cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$WINEPREFIX/drive_c/windows/Fonts/"
   # A desktop of Wine's own: windows get captions, and the focus works without a window manager.
   wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
-  wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x1024 /f >/dev/null 2>&1
   wineserver -w
   touch "$WINEPREFIX/.ready"
 }
@@ -28,7 +28,7 @@ use_display() {
     return
   fi
   local number
-  exec {display_fd}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null)
+  exec {display_fd}< <(exec Xvfb -displayfd 1 -screen 0 "${screen}x24" -nolisten tcp 2>/dev/null)
   display_pid=$!
   read -r number <&"$display_fd" || { echo "no virtual display: Xvfb did not start" >&2; return 1; }
   export DISPLAY=:$number
@@ -37,7 +37,8 @@ use_display() {
 # use_wineserver: one server, with the desktop, for all that follows; a process start is then well under a second.
 use_wineserver() {
   wineserver -p >/dev/null 2>&1
-  wine explorer /desktop=Default,1280x1024 >/dev/null 2>&1 &
+  wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$screen" /f >/dev/null 2>&1
+  wine explorer /desktop=Default,"$screen" >/dev/null 2>&1 &
 }
 
 # leave_wine: ends what the functions above started.
