@@ -8,9 +8,11 @@
 #include "host/application/Automation.h"
 #include "host/base/Crash.h"
 #include "host/base/Failure.h"
+#include "host/base/File.h"
 #include "host/base/Text.h"
 #include "host/scenario/Runner.h"
 #include "host/showcase/Showcase.h"
+#include "host/standins/Cipher.h"
 #include "host/standins/Setup.h"
 
 namespace nv::host {
@@ -24,7 +26,8 @@ constexpr const wchar_t* usage =
     L"  demo                           shows the component at work\n"
     L"  show [modal|remote|import]     opens the dialog for you\n"
     L"  play FILE                      plays one scenario in this process, for a debugger\n"
-    L"  setup                          registers the stand-ins for help viewer and browser: test machines only\n"
+    L"  encipher IN OUT                makes a country file for the stand-in cipher from a text file\n"
+    L"  setup                          registers the stand-ins for other programs: test machines only\n"
     L"\n"
     L"FOLDER is where installation and pictures go; by default the folder of nvhost.\n";
 
@@ -40,8 +43,17 @@ struct Apartment {
   Apartment& operator=(const Apartment&) = delete;
 };
 
+int encipherFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+  const auto text = readFile(from);
+  if (!text) throw Failure(from.wstring() + L" cannot be read");
+  const auto bytes = enciphered(*text);
+  if (!bytes) throw Failure(L"the system has no cipher");
+  if (!writeFile(to, *bytes)) throw Failure(to.wstring() + L" cannot be written");
+  return 0;
+}
+
 int run(std::vector<std::wstring> arguments) {
-  Folders folders{programPath(), programPath().parent_path(), {}};
+  Folders folders{programPath(), programPath().parent_path(), {}, programPath().parent_path() / L"standins"};
   if (arguments.size() >= 2 && arguments[0] == L"--build") {
     folders.build = std::filesystem::absolute(arguments[1]);
     arguments.erase(arguments.begin(), arguments.begin() + 2);
@@ -60,6 +72,7 @@ int run(std::vector<std::wstring> arguments) {
   if (command == L"run" && !files.empty()) return runScenarios(folders, files);
   if (command == L"play" && files.size() == 1) return playScenario(folders, files[0]);
   if (command == L"demo" && files.empty()) return runDemo(folders);
+  if (command == L"encipher" && files.size() == 2) return encipherFile(files[0], files[1]);
   if (command == L"setup" && files.empty()) {
     registerStandIns(folders.program);
     return 0;

@@ -3,8 +3,11 @@
 #include "host/application/Permissions.h"
 #include "host/application/UiThread.h"
 #include "host/base/Failure.h"
+#include "host/base/File.h"
 #include "host/base/Text.h"
+#include "host/standins/Cipher.h"
 #include "host/standins/Record.h"
+#include "host/standins/Setup.h"
 
 namespace nv::host {
 
@@ -15,6 +18,8 @@ namespace {
 struct ChangeCloser {
   void operator()(HANDLE handle) const { FindCloseChangeNotification(handle); }
 };
+
+constexpr const wchar_t* binaries = L"NORVIK\\Bin";
 
 HANDLE open(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition) {
   const HANDLE file = CreateFileW(path.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -27,11 +32,21 @@ HANDLE open(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition
 
 }  // namespace
 
-Installation::Installation(fs::path root) : root_(std::move(root)) {
+Installation::Installation(fs::path root, fs::path standIns) : root_(std::move(root)), standIns_(std::move(standIns)) {
   clear();
-  makeFolder(L"NORVIK\\Bin");
+  makeFolder(binaries);
   makeFolder(L"Resources");
+  for (const wchar_t* library : {L"Acctvfy.dll", L"kvd8rq3x.dll"}) {
+    const fs::path target = path(binaries) / library;
+    if (!CopyFileW((standIns_ / library).c_str(), target.c_str(), FALSE)) fail(target, L"made");
+  }
+  setSampleCountries();
+  restoreVerifier();
   SetEnvironmentVariableW(installationVariable, this->root().c_str());
+}
+
+Installation::~Installation() {
+  restoreVerifier();
 }
 
 /// An earlier run that ended in the middle may have left anything, read-only or not.
@@ -54,25 +69,20 @@ bool Installation::exists(const std::wstring& file) const {
 }
 
 std::optional<std::vector<std::wstring>> Installation::lines(const std::wstring& file) const {
-  const std::unique_ptr<void, HandleCloser> handle(
-      open(path(file), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
-  if (!handle) return std::nullopt;
-  std::string bytes(GetFileSize(handle.get(), nullptr), '\0');
-  DWORD read = 0;
-  ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
-  return splitLines(wide({bytes.data(), read}, CP_ACP));
+  const auto bytes = readFile(path(file));
+  if (!bytes) return std::nullopt;
+  return splitLines(wide(*bytes, CP_ACP));
 }
 
 void Installation::write(const std::wstring& file, const std::wstring& text) {
   const fs::path target = path(file);
   std::error_code none;
   fs::create_directories(target.parent_path(), none);
-  const std::unique_ptr<void, HandleCloser> handle(open(target, GENERIC_WRITE, 0, CREATE_ALWAYS));
-  const std::string bytes = narrow(text, CP_ACP);
-  DWORD written = 0;
-  if (!handle || !WriteFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
-    fail(target, L"written");
-  }
+  if (!writeFile(target, narrow(text, CP_ACP))) fail(target, L"written");
+}
+
+void Installation::copy(const std::wstring& from, const std::wstring& to) {
+  if (!CopyFileW(path(from).c_str(), path(to).c_str(), FALSE)) fail(path(to), L"made");
 }
 
 void Installation::makeFolder(const std::wstring& folder) {
@@ -104,6 +114,19 @@ void Installation::makeReadOnly(const std::wstring& fileOrFolder) {
   const std::unique_ptr<void, HandleCloser> handle(
       open(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING));
   if (handle) throw Failure(target.wstring() + L" can still be written: this user may do everything");
+}
+
+void Installation::setCountries(const std::string& text) {
+  const fs::path target = path(binaries) / L"FXCountries";
+  const auto bytes = enciphered(text);
+  if (!bytes || !writeFile(target, *bytes)) fail(target, L"enciphered");
+}
+
+void Installation::setSampleCountries() {
+  const fs::path sample = standIns_ / L"Countries.txt";
+  const auto text = readFile(sample);
+  if (!text) fail(sample, L"read");
+  setCountries(*text);
 }
 
 bool Installation::waitUntil(const std::function<bool()>& condition) const {

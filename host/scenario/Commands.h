@@ -31,6 +31,9 @@ std::span<const Command> userCommands();
 /// The installation and what else is around: files, faults, the clipboard.
 std::span<const Command> installationCommands();
 
+/// The stand-ins for the account verifier, the closed libraries and the country file.
+std::span<const Command> standInCommands();
+
 /// The command of that name, or null.
 const Command* findCommand(std::wstring_view name);
 

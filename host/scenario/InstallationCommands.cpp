@@ -78,6 +78,12 @@ Action readWrite(Tokens& tokens) {
   return [=](Player& player, const Statement&) { player.installation().write(file, text); };
 }
 
+Action readCopy(Tokens& tokens) {
+  const std::wstring from = tokens.text();
+  const std::wstring to = tokens.text();
+  return [=](Player& player, const Statement&) { player.installation().copy(from, to); };
+}
+
 template <void (Installation::*act)(const std::wstring&)>
 Action readFault(Tokens& tokens) {
   const std::wstring file = tokens.text();
@@ -104,6 +110,7 @@ using enum Command::Place;
 constexpr Command commands[] = {
     {L"file", L"file \"FILE\" has \"LINE\" | is MODELFILE | absent", anywhere, readFile},
     {L"write", L"write \"FILE\" \"TEXT\"", anywhere, readWrite},
+    {L"copy", L"copy \"FROM\" \"TO\"", anywhere, readCopy},
     {L"folder", L"folder \"FOLDER\"", anywhere, readFault<&Installation::makeFolder>},
     {L"remove", L"remove \"FILE OR FOLDER\"", anywhere, readFault<&Installation::remove>},
     {L"lock", L"lock \"FILE\"", anywhere, readFault<&Installation::lock>},

@@ -34,11 +34,14 @@ void differ(const std::wstring& expected, const std::wstring& seen) {
 }
 
 Player::Player(Surroundings surroundings)
-    : surroundings_(std::move(surroundings)), installation_(surroundings_.installation), user_(thread_) {}
+    : surroundings_(std::move(surroundings)),
+      installation_(surroundings_.installation, surroundings_.standIns),
+      user_(thread_) {}
 
 std::optional<std::wstring> Player::play() {
   try {
-    const auto statements = parseScript(readUtf8(surroundings_.scenario), {{L"root", installation_.root()}});
+    const auto statements = parseScript(readUtf8(surroundings_.scenario),
+                                        {{L"root", installation_.root()}, {L"folder", installation_.folder()}});
     begin();
     play(statements);
     finish();

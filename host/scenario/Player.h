@@ -26,6 +26,7 @@ namespace nv::host {
 struct Surroundings {
   std::filesystem::path scenario;      // the file itself
   std::filesystem::path installation;  // root of the stand-in installation, made anew
+  std::filesystem::path standIns;      // what the installation is given: see Installation
   std::filesystem::path pictures;      // folder for the scenario's pictures
 };
 

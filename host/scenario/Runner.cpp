@@ -52,7 +52,7 @@ int runScenarios(const Folders& folders, const std::vector<std::filesystem::path
 }
 
 int playScenario(const Folders& folders, const std::filesystem::path& file) {
-  Player player({file, folders.installation, folders.build / L"shots" / file.stem()});
+  Player player({file, folders.installation, folders.standIns, folders.build / L"shots" / file.stem()});
   const std::wstring name = file.stem().wstring();
   reportCrashes([&] { return L"FAIL " + name + L": " + player.position(); });
   const auto failure = player.play();

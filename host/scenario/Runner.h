@@ -11,6 +11,7 @@ struct Folders {
   std::filesystem::path program;       // nvhost.exe itself
   std::filesystem::path build;         // for everything that nvhost makes
   std::filesystem::path installation;  // root of the stand-in installation
+  std::filesystem::path standIns;      // what the installation is given: see Installation
 };
 
 /// Plays each file in a process of its own, prints a line for each and "N passed, N failed". Returns the exit code of

@@ -100,7 +100,7 @@ std::vector<Statement> parseScript(std::wstring_view text, const std::vector<Sub
 }
 
 const Command* findCommand(std::wstring_view name) {
-  for (const auto& family : {hostCommands(), userCommands(), installationCommands()}) {
+  for (const auto& family : {hostCommands(), userCommands(), installationCommands(), standInCommands()}) {
     const auto found = std::ranges::find(family, name, &Command::name);
     if (found != family.end()) return &*found;
   }

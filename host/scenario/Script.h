@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/scenario/Tokens.h"
+#include "host/base/Tokens.h"
 
 namespace nv::host {
 

@@ -50,7 +50,7 @@ struct Entry {
 class Demo {
  public:
   explicit Demo(const Folders& folders)
-      : pictures_(folders.build / L"demo"), installation_(folders.installation), user_(thread_) {}
+      : pictures_(folders.build / L"demo"), installation_(folders.installation, folders.standIns), user_(thread_) {}
   ~Demo() {
     thread_
         .begin([this] {

@@ -30,7 +30,7 @@ void showEmbedded(Biller& biller) {
 }  // namespace
 
 int showForPerson(const Folders& folders, std::wstring_view kind) {
-  const Installation installation(folders.installation);
+  const Installation installation(folders.installation, folders.standIns);
   const HostWindow main(L"NVHost - Bill Payments", POINT{20, 20}, SIZE{1000, 800});
   Biller biller([](const std::wstring& event) { printLine(L"event " + event); });
   setSampleBiller(biller, installation.dllPath());

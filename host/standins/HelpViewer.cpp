@@ -5,6 +5,8 @@
 //
 // `command` is the viewer's command number (15: a topic by its context number); the last word is the component's name
 // of the window that asks.
+#include <windows.h>
+
 #include "host/base/Text.h"
 #include "host/standins/Record.h"
 

@@ -94,6 +94,18 @@ TEST(Script, SaysWhatIsWrongWithALine) {
       {L"result 0\nend", "2: there is no show that this end could belong to"},
       {L"error 9", "1: there is no line before that could fail"},
       {L"result 99999999999", "1: 99999999999 is no number"},
+      {L"verifier ValidateBankID 1",
+       "1: nothing that a stand-in is asked is called ValidateBankID; it is written: ver"},
+      {L"verifier put Nickname fails 0x80004005", "1: nothing that a stand-in is asked is called put Nickname"},
+      {L"verifier put BusinessPIN 1", "1: put BusinessPIN can be told to fail, and nothing else"},
+      {L"verifier Check_bank_id fails 0x80004005", "1: fails is no number"},
+      {L"verifier Check_bank_id 0 \"text\"", "1: there is more on the line than the command takes"},
+      {L"verifier Check_bank_account2 0 null", "1: there is more on the line than the command takes"},
+      {L"verifier ValidateBankId 40000", "1: 40000 is no 16-bit number"},
+      {L"verifier BillerSearchID 1", "1: a text in double quotes is missing"},
+      {L"asked ValidateBankID never", "1: nothing that a stand-in is asked is called ValidateBankID"},
+      {L"asked put BusinessPIN \"1\"", "1: what was put is written behind the call that it was put for"},
+      {L"countries all", "1: a text in double quotes is missing; it is written: countries sample"},
   };
   for (const auto& [script, complaint] : cases) {
     EXPECT_TRUE(complaintAbout(script).starts_with(complaint)) << narrow(script) << ": " << complaintAbout(script);

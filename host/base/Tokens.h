@@ -1,6 +1,7 @@
-// One line of a scenario, taken apart: words, texts in double quotes, and the brackets of arrays.
+// One line in the notation of scenarios, taken apart: words, texts in double quotes, and the brackets of arrays.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,7 +10,7 @@
 
 namespace nv::host {
 
-/// A name that a text of a scenario may hold in braces, as in "{root}NORVIK", and what stands for it.
+/// A name that a text may hold in braces, as in "{root}NORVIK", and what stands for it.
 struct Substitution {
   std::wstring name;
   std::wstring value;
@@ -22,7 +23,8 @@ class Tokens {
   Tokens(std::wstring_view line, const std::vector<Substitution>& substitutions);
 
   bool atEnd() const { return next_ == tokens_.size(); }
-  bool nextIsWord() const { return !atEnd() && tokens_[next_].kind == Kind::word; }
+  bool nextIsWord() const { return nextIs(Kind::word); }
+  bool nextIsText() const { return nextIs(Kind::text); }
   /// Takes the next token when it is this word.
   bool take(std::wstring_view word);
 
@@ -31,6 +33,7 @@ class Tokens {
   std::wstring wordOrText();
   /// A number in decimal, or in hexadecimal behind "0x"; up to 32 bits.
   long number();
+  std::int16_t shortNumber();
   /// A text, a 16-bit number, true, false, or an array of texts with one or two dimensions.
   Value value();
   void end() const;

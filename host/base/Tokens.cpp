@@ -1,4 +1,4 @@
-#include "host/scenario/Tokens.h"
+#include "host/base/Tokens.h"
 
 #include <cwchar>
 #include <limits>
@@ -114,15 +114,19 @@ long Tokens::number() {
   return *number;
 }
 
+std::int16_t Tokens::shortNumber() {
+  const long wide = number();
+  const auto narrow = static_cast<std::int16_t>(wide);
+  if (narrow != wide) throw Failure(std::to_wstring(wide) + L" is no 16-bit number");
+  return narrow;
+}
+
 Value Tokens::value() {
   if (nextIs(Kind::text)) return text();
   if (nextIs(Kind::open)) return array();
   if (take(L"true")) return true;
   if (take(L"false")) return false;
-  const long wide = number();
-  const auto narrow = static_cast<std::int16_t>(wide);
-  if (narrow != wide) throw Failure(std::to_wstring(wide) + L" is no 16-bit number");
-  return narrow;
+  return shortNumber();
 }
 
 TextList Tokens::list() {

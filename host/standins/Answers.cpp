@@ -1,0 +1,114 @@
+#include "host/standins/Answers.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/base/Failure.h"
+#include "host/base/Text.h"
+#include "host/standins/Record.h"
+
+namespace nv::host {
+
+namespace {
+
+/// What a member has to give: a result, a text by reference with a number beside it, a text alone, an HRESULT.
+enum Gives : unsigned { result = 1, textAndLength = 2, noText = 4, textAlone = 8, failure = 16 };
+
+struct Member {
+  const wchar_t* name;
+  unsigned gives;
+};
+
+constexpr Member members[] = {
+    {L"create", failure},
+    {L"put PlayByPlay", failure},
+    {L"put DataPath", failure},
+    {L"put BusinessPIN", failure},
+    {L"put BillerSearchID", failure},
+    {L"put AccessNumber", failure},
+    {L"put ProgramVersion", failure},
+    {L"put BillerSearchURL", failure},
+    {L"put SessionNumber", failure},
+    {L"put RequestSourceCode", failure},
+    {L"put BankIdLength", failure},
+    {L"put AccountLength", failure},
+    {L"BillerSearchID", textAlone | noText | failure},
+    {L"VerifyAccount", result | textAndLength | noText | failure},
+    {L"ValidateBankId", result | textAndLength | noText | failure},
+    {L"ValidateBankAccount", result | textAndLength | noText | failure},
+    {L"Check_bank_id", result},
+    {L"Check_bank_account2", result | textAndLength},
+    {L"DES_decrypt_file", result},
+};
+
+const Member& takeMember(Tokens& tokens) {
+  std::wstring name = tokens.word();
+  if (name == L"put") name += L" " + tokens.word();
+  const auto member = std::ranges::find(members, name, &Member::name);
+  if (member == std::end(members)) throw Failure(L"nothing that a stand-in is asked is called " + name);
+  return *member;
+}
+
+void readText(Tokens& tokens, Answer& answer) {
+  answer.handedOut = Answer::Text::given;
+  answer.text = tokens.text();
+  if (!tokens.take(L"times")) return;
+  const std::wstring once = answer.text;
+  answer.text.clear();
+  for (long times = tokens.number(); times > 0; --times) answer.text += once;
+}
+
+/// Whether a noted line is a call of the member.
+bool isOf(const std::wstring& member, const std::wstring& line) {
+  return line == member || line.starts_with(member + L" ");
+}
+
+}  // namespace
+
+std::wstring readMember(Tokens& tokens) {
+  return takeMember(tokens).name;
+}
+
+std::pair<std::wstring, Answer> readAnswer(Tokens& tokens) {
+  const auto& [name, given] = takeMember(tokens);
+  const auto gives = [given](unsigned what) { return (given & what) != 0; };
+
+  Answer answer;
+  if (gives(failure) && tokens.take(L"fails")) {
+    answer.failure = tokens.number();
+    if (!tokens.atEnd()) answer.description = tokens.text();
+    return {name, answer};
+  }
+  if (given == failure) throw Failure(std::wstring(name) + L" can be told to fail, and nothing else");
+  if (gives(result)) answer.result = tokens.shortNumber();
+  if (gives(noText) && tokens.take(L"null")) {
+    answer.handedOut = Answer::Text::null;
+  } else if (gives(textAlone) || (gives(textAndLength) && tokens.nextIsText())) {
+    readText(tokens, answer);
+  }
+  if (answer.handedOut == Answer::Text::given) answer.length = static_cast<std::int16_t>(answer.text.size());
+  if (gives(textAndLength) && tokens.take(L"length")) answer.length = tokens.shortNumber();
+  return {name, answer};
+}
+
+std::optional<Answer> answerOf(const std::wstring& member) {
+  const auto lines = recorded(answersFile);
+  const auto told = std::find_if(lines.rbegin(), lines.rend(), [&](const auto& line) { return isOf(member, line); });
+  if (told == lines.rend()) return std::nullopt;
+  Tokens tokens(*told, {{L"root", installationInUse()}});
+  return readAnswer(tokens).second;
+}
+
+void noteAsked(std::wstring member, std::initializer_list<Value> arguments, const std::wstring& puts) {
+  for (const Value& argument : arguments) member.append(L" ").append(shown(argument));
+  record(askedFile, puts.empty() ? member : member + L" with" + puts);
+}
+
+std::optional<std::wstring> lastAsked(const std::wstring& member) {
+  const auto lines = recorded(askedFile);
+  const auto last = std::find_if(lines.rbegin(), lines.rend(), [&](const auto& line) { return isOf(member, line); });
+  if (last == lines.rend()) return std::nullopt;
+  return *last;
+}
+
+}  // namespace nv::host
