@@ -1,5 +1,7 @@
 #include "windows/services/AccountVerifier.h"
 
+#include <optional>
+
 #include "platform/RuntimeError.h"
 
 namespace nv::windows {
@@ -9,45 +11,62 @@ namespace {
 constexpr const wchar_t* progId = L"AccountVerifier.AccountVerifier";
 constexpr std::size_t slots = 7 + 15;  // of IDispatch and of the verifier's own members
 
-/// Throws what a failed call of the verifier has to say: its HRESULT, with the description that it left, if any.
-void check(HRESULT result) {
-  if (SUCCEEDED(result)) return;
-  if (result == E_OUTOFMEMORY) throw RuntimeError(ErrorNumber::outOfMemory);
-  std::wstring description = L"Automation error";
-  ComPtr<IErrorInfo> info;
-  Bstr text;
-  if (GetErrorInfo(0, info.out()) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
-    description = view(text.get());
-  }
-  throw RuntimeError(result, std::move(description));
+struct TypeFacts {
+  IID iid;
+  TYPEKIND kind;
+  bool dual;
+  std::size_t tableSize;  // of its virtual functions, in bytes
+};
+
+std::optional<TypeFacts> factsOf(ITypeInfo& info) {
+  TYPEATTR* attributes = nullptr;
+  if (FAILED(info.GetTypeAttr(&attributes))) return std::nullopt;
+  const TypeFacts facts{attributes->guid, attributes->typekind, (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0,
+                        attributes->cbSizeVft};
+  info.ReleaseTypeAttr(attributes);
+  return facts;
 }
 
-/// The verifier's dual interface, whose identifier its type information tells.
-ComPtr<IAccountVerifier> dualInterface(IDispatch& object) {
+/// The facts of the object's dual interface; nothing when it has none. An object describes the half of the interface
+/// that is called by name; the half that is called by slot is one reference away.
+std::optional<TypeFacts> dualFacts(IDispatch& object) {
   ComPtr<ITypeInfo> info;
-  TYPEATTR* attributes = nullptr;
-  ComPtr<IAccountVerifier> dual;
-  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.out())) || FAILED(info->GetTypeAttr(&attributes))) {
-    return dual;
+  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.out())) || !info) return std::nullopt;
+  auto facts = factsOf(*info.get());
+  if (!facts || !facts->dual) return std::nullopt;
+  if (facts->kind != TKIND_DISPATCH) return facts;
+  constexpr auto bySlot = static_cast<UINT>(-1);
+  HREFTYPE reference = 0;
+  ComPtr<ITypeInfo> own;
+  if (FAILED(info->GetRefTypeOfImplType(bySlot, &reference)) || FAILED(info->GetRefTypeInfo(reference, own.out()))) {
+    return std::nullopt;
   }
-  const IID iid = attributes->guid;
-  const bool isDual = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0 && attributes->cbSizeVft >= slots * sizeof(void*);
-  info->ReleaseTypeAttr(attributes);
-  if (isDual) object.QueryInterface(iid, dual.outVoid());
-  return dual;
+  return factsOf(*own.get());
+}
+
+/// Whether the object has the verifier's methods, whatever else it may be.
+bool isVerifier(IDispatch& object) {
+  for (std::wstring name : {L"VerifyAccount", L"ValidateBankId", L"ValidateBankAccount"}) {
+    LPOLESTR names = name.data();
+    DISPID id = DISPID_UNKNOWN;
+    if (FAILED(object.GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id))) return false;
+  }
+  return true;
 }
 
 class AccountVerifier final : public platform::AccountVerifier {
  public:
   explicit AccountVerifier(ComPtr<IAccountVerifier> verifier) : verifier_(std::move(verifier)) {}
 
-  void putPlayByPlay(bool enabled) override { check(verifier_->put_PlayByPlay(truth(enabled))); }
+  void putPlayByPlay(bool enabled) override {
+    call([&] { return verifier_->put_PlayByPlay(truth(enabled)); });
+  }
   void putDataPath(const std::wstring& path) override { put(&IAccountVerifier::put_DataPath, path); }
   void putBusinessPIN(const std::wstring& pin) override { put(&IAccountVerifier::put_BusinessPIN, pin); }
   void putBillerSearchID(const std::wstring& id) override { put(&IAccountVerifier::put_BillerSearchID, id); }
   std::wstring getBillerSearchID() override {
     Bstr id;
-    check(verifier_->get_BillerSearchID(id.out()));
+    call([&] { return verifier_->get_BillerSearchID(id.out()); });
     return std::wstring(view(id.get()));
   }
   void putAccessNumber(const std::wstring& number) override { put(&IAccountVerifier::put_AccessNumber, number); }
@@ -55,27 +74,36 @@ class AccountVerifier final : public platform::AccountVerifier {
   void putBillerSearchURL(const std::wstring& url) override { put(&IAccountVerifier::put_BillerSearchURL, url); }
   void putSessionNumber(const std::wstring& number) override { put(&IAccountVerifier::put_SessionNumber, number); }
   void putRequestSourceCode(const std::wstring& code) override { put(&IAccountVerifier::put_RequestSourceCode, code); }
-  void putBankIdLength(std::int16_t length) override { check(verifier_->put_BankIdLength(length)); }
-  void putAccountLength(std::int16_t length) override { check(verifier_->put_AccountLength(length)); }
+  void putBankIdLength(std::int16_t length) override {
+    call([&] { return verifier_->put_BankIdLength(length); });
+  }
+  void putAccountLength(std::int16_t length) override {
+    call([&] { return verifier_->put_AccountLength(length); });
+  }
 
   std::int16_t VerifyAccount(const std::wstring& bankId, const std::wstring& account, bool flag,
                              std::wstring& errorMessage, std::int16_t& secondResult) override {
+    const Bstr id = text(bankId);
+    const Bstr number = text(account);
     return ask(errorMessage, [&](BSTR* message, short* result) {
-      return verifier_->VerifyAccount(text(bankId).get(), text(account).get(), truth(flag), message, &secondResult,
-                                      result);
+      return verifier_->VerifyAccount(id.get(), number.get(), truth(flag), message, &secondResult, result);
     });
   }
   std::int16_t ValidateBankId(const std::wstring& bankId, bool flag, std::wstring& errorMessage,
                               std::int16_t& errorLength) override {
+    const Bstr id = text(bankId);
     return ask(errorMessage, [&](BSTR* message, short* result) {
-      return verifier_->ValidateBankId(text(bankId).get(), truth(flag), message, &errorLength, result);
+      return verifier_->ValidateBankId(id.get(), truth(flag), message, &errorLength, result);
     });
   }
   std::int16_t ValidateBankAccount(const std::wstring& bankId, const std::wstring& transit, const std::wstring& account,
                                    std::wstring& errorMessage, std::int16_t& errorLength, bool flag) override {
+    const Bstr id = text(bankId);
+    const Bstr branch = text(transit);
+    const Bstr number = text(account);
     return ask(errorMessage, [&](BSTR* message, short* result) {
-      return verifier_->ValidateBankAccount(text(bankId).get(), text(transit).get(), text(account).get(), message,
-                                            &errorLength, truth(flag), result);
+      return verifier_->ValidateBankAccount(id.get(), branch.get(), number.get(), message, &errorLength, truth(flag),
+                                            result);
     });
   }
 
@@ -88,18 +116,38 @@ class AccountVerifier final : public platform::AccountVerifier {
     return made;
   }
 
-  void put(HRESULT (STDMETHODCALLTYPE IAccountVerifier::*property)(BSTR), const std::wstring& value) {
-    check((verifier_.get()->*property)(text(value).get()));
+  /// Throws what a failed call has to say: its HRESULT, with the description that the verifier left, if it leaves any.
+  template <class Call>
+  void call(Call&& member) {
+    SetErrorInfo(0, nullptr);  // what others left is not the verifier's
+    const HRESULT result = member();
+    if (SUCCEEDED(result)) return;
+    if (result == E_OUTOFMEMORY) throw RuntimeError(ErrorNumber::outOfMemory);
+    std::wstring description = L"Automation error";
+    ComPtr<IErrorInfo> info;
+    Bstr text;
+    if (GetErrorInfo(0, info.out()) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
+      description = view(text.get());
+    }
+    throw RuntimeError(result, std::move(description));
   }
 
-  template <class Ask>
-  static std::int16_t ask(std::wstring& errorMessage, Ask&& call) {
+  void put(HRESULT (STDMETHODCALLTYPE IAccountVerifier::*property)(BSTR), const std::wstring& value) {
+    const Bstr copy = text(value);
+    call([&] { return (verifier_.get()->*property)(copy.get()); });
+  }
+
+  /// `method` takes the message and the result by reference.
+  template <class Method>
+  std::int16_t ask(std::wstring& errorMessage, Method&& method) {
     Bstr message = text(errorMessage);
-    BSTR inAndOut = message.release();
     short result = 0;
-    const HRESULT called = call(&inAndOut, &result);
-    message.reset(inAndOut);
-    check(called);
+    call([&] {
+      BSTR inAndOut = message.release();
+      const HRESULT asked = method(&inAndOut, &result);
+      message.reset(inAndOut);
+      return asked;
+    });
     errorMessage = view(message.get());
     return result;
   }
@@ -116,8 +164,12 @@ std::unique_ptr<platform::AccountVerifier> createAccountVerifier() {
       FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.outVoid()))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
-  ComPtr<IAccountVerifier> verifier = dualInterface(*object.get());
-  if (!verifier) throw RuntimeError(ErrorNumber::cannotCreateObject);
+  const auto facts = dualFacts(*object.get());
+  ComPtr<IAccountVerifier> verifier;
+  if (!facts || facts->tableSize < slots * sizeof(void*) || !isVerifier(*object.get()) ||
+      FAILED(object->QueryInterface(facts->iid, verifier.outVoid()))) {
+    throw RuntimeError(ErrorNumber::cannotCreateObject);
+  }
   return std::make_unique<AccountVerifier>(std::move(verifier));
 }
 

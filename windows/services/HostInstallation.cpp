@@ -31,12 +31,25 @@ std::wstring systemFolder() {
   return {path, length < MAX_PATH ? length : 0};
 }
 
+/// While it lives, the system asks nobody what to do about a file that is no library.
+class QuietLoading {
+ public:
+  QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
+  ~QuietLoading() { SetThreadErrorMode(before_, nullptr); }
+  QuietLoading(const QuietLoading&) = delete;
+  QuietLoading& operator=(const QuietLoading&) = delete;
+
+ private:
+  DWORD before_ = 0;
+};
+
 /// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
 /// search that the current directory takes part in. It stays loaded once it is: it may keep state between calls.
 HMODULE library(const std::wstring& folder, const wchar_t* name) {
   static std::mutex mutex;
   static auto& loaded = *new std::map<std::wstring, HMODULE>;
   const std::lock_guard lock(mutex);
+  const QuietLoading quiet;
   for (const std::wstring& place : {folder, applicationFolder(), systemFolder()}) {
     if (!isFullPath(place)) continue;
     const std::wstring path = joined(place, name);

@@ -1,0 +1,33 @@
+// A host installation for tests of what the component asks of one: a fresh folder, with the stand-ins of nvhost for the
+// account verifier and the closed libraries.
+#pragma once
+
+#include "host/application/Installation.h"
+#include "host/standins/Answers.h"
+#include "host/standins/Record.h"
+#include "host/standins/Setup.h"
+#include "tests/windows/Server.h"
+
+namespace nv::windows::test {
+
+/// Folder of the running tests, in the build.
+std::filesystem::path programFolder();
+
+class StandInsTest : public testing::Test {
+ protected:
+  StandInsTest();
+
+  /// Tells a stand-in what to answer, in the words of the scenario command `verifier`.
+  static void tell(const std::wstring& answer) { host::record(host::answersFile, answer); }
+  /// What the stand-ins have been asked since the last call, a line each.
+  std::vector<std::wstring> asked();
+
+  std::wstring dllPath() const { return installation.dllPath(); }
+  std::filesystem::path file(const wchar_t* name) const { return installation.dllPath() + name; }
+
+  const Apartment apartment;
+  // Each test has its own: a library that has been loaded stays loaded.
+  host::Installation installation;
+};
+
+}  // namespace nv::windows::test
