@@ -61,6 +61,26 @@ std::vector<Currency> currenciesOf(const StringArray& offered) {
   return currencies;
 }
 
+/// Keeps a file from being there: neither an old one nor what is made of it meanwhile.
+class RemovedFile {
+ public:
+  RemovedFile(platform::Files& files, const std::wstring& path) : files_(files), path_(path) { remove(); }
+  ~RemovedFile() { remove(); }
+  RemovedFile(const RemovedFile&) = delete;
+  RemovedFile& operator=(const RemovedFile&) = delete;
+
+ private:
+  void remove() noexcept {
+    try {
+      files_.remove(path_);
+    } catch (...) {  // NOLINT(bugprone-empty-catch): as a rule there is none
+    }
+  }
+
+  platform::Files& files_;
+  const std::wstring& path_;
+};
+
 }  // namespace
 
 std::span<const wchar_t* const> unitedStatesCodes() {
@@ -150,23 +170,15 @@ void frmRandomInfo::LoadCountries() {
 /// longer than it takes to read it.
 std::wstring frmRandomInfo::deciphered(const std::wstring& file) {
   const std::wstring copy = file + L".dec";
-  const auto removeCopy = [&] {
-    try {
-      component().services.files.remove(copy);
-    } catch (const RuntimeError&) {  // NOLINT(bugprone-empty-catch): as a rule there is none
-    }
-  };
-  removeCopy();
+  platform::Files& files = component().services.files;
+  const RemovedFile removed(files, copy);
   if (Random::Fileexists(component(), copy) != flagFalse) return {};  // somebody holds an old one
-  std::wstring text;
   try {
     component().services.installation.decipherFile(store().DLLPath, file, copy);
-    if (Random::Fileexists(component(), copy) != flagFalse) text = component().services.files.read(copy);
+    return Random::Fileexists(component(), copy) != flagFalse ? files.read(copy) : std::wstring();
   } catch (const RuntimeError&) {
-    text.clear();
+    return {};
   }
-  removeCopy();
-  return text;
 }
 
 void frmRandomInfo::setCountry(const std::wstring& code) {

@@ -1,0 +1,235 @@
+// The provinces, currencies and countries to choose from, and the keys of their lists.
+#include "dialogs/biller/ReferenceLists.h"
+
+#include <algorithm>
+#include <new>
+
+#include "dialogs/biller/CountryFile.h"
+#include "tests/support/BillerTest.h"
+
+namespace nv::test {
+namespace {
+
+constexpr const wchar_t* missing = L"The list of countries cannot be loaded, the country file is missing.";
+const Texts alwaysThere = {L"Canada;CA;1", L"United States;US;1"};
+
+Texts joined(const forms::RowTable& table) {
+  Texts rows;
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    std::wstring text;
+    for (std::size_t column = 0; column < table.columns(); ++column) {
+      text += (column == 0 ? L"" : L";") + std::wstring(table.cell(row, column));
+    }
+    rows.push_back(std::move(text));
+  }
+  return rows;
+}
+
+StringArray array(std::vector<StringArray::Bounds> bounds, const Texts& elements) {
+  StringArray array(std::move(bounds));
+  array.elements() = elements;
+  return array;
+}
+
+class ReferenceListsTest : public BillerTest {
+ protected:
+  /// What the opening dialog offers.
+  Texts offered(const wchar_t* list) {
+    const Texts rows = shown().rows(list);
+    random.Unload_From_Remote();
+    return rows;
+  }
+};
+
+TEST_F(ReferenceListsTest, ProvincesComeSortedAndRunsOfOneOnce) {
+  EXPECT_EQ(provinceCodes(L"QCGQCHQCJONKONLNBE"), (Texts{L"NB", L"ON", L"QC"}));
+  EXPECT_EQ(provinceCodes(L"ONKQCHONL"), (Texts{L"ON", L"ON", L"QC"})) << "not one behind the other";
+  EXPECT_EQ(provinceCodes(L"ONKQC"), (Texts{L"ON", L"QC"})) << "cut behind the code";
+  EXPECT_EQ(provinceCodes(L"ONKQ"), Texts{L"ON"});
+  EXPECT_EQ(provinceCodes(L""), Texts{});
+  EXPECT_EQ(offered(L"ran_payee_prov"), (Texts{L"AB", L"BC", L"NB", L"ON", L"QC"}));
+
+  unitedStates();
+  const Texts states = offered(L"ran_payee_prov");
+  EXPECT_EQ(states.size(), 59U);
+  EXPECT_TRUE(std::ranges::is_sorted(states));
+  for (const wchar_t* code : {L"CA", L"DC", L"PR", L"FM", L"WY"}) EXPECT_TRUE(std::ranges::count(states, code)) << code;
+}
+
+TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
+  const Texts common = {L"Canadian Dollar;CAD", L"US Dollar;USD",    L"Euro;EUR",
+                        L"British Pound;GBP",   L"Japanese Yen;JPY", L"Australian Dollar;AUD"};
+  const auto with = [&](Texts others) {
+    Texts rows = common;
+    rows.push_back(L"--------------------;---");
+    rows.insert(rows.end(), others.begin(), others.end());
+    return rows;
+  };
+  struct Case {
+    const char* what;
+    StringArray offered;
+    Texts rows;
+  };
+  const Case cases[] = {
+      {"none", {}, common},
+      {"the empty array that hosts begin with", array({{0, 0}, {0, 0}}, {L""}), common},
+      {"common ones only", array({{0, 1}}, {L"USD", L"EUR;"}), common},
+      {"codes, descriptions, blanks and repetitions",
+       array({{1, 7}}, {L"SEK - Swedish Krona", L" ", L"CHF;Swiss Franc", L"SEK", L"NOK", L" INR - Rupee - new ", L""}),
+       with({L"Swedish Krona;SEK", L"Swiss Franc;CHF", L";NOK", L"Rupee - new;INR"})},
+      {"two rows",
+       array({{0, 1}, {0, 3}}, {L"CHF", L"", L"SEK", L"CHF", L"Swiss Franc", L"Nothing", L"Swedish Krona", L"Again"}),
+       with({L"Swiss Franc;CHF", L"Swedish Krona;SEK"})},
+      {"other bounds, and a third row", array({{1, 3}, {5, 5}}, {L"CHF", L"Franc", L"?"}), with({L"Franc;CHF"})},
+      {"one row of two dimensions", array({{0, 0}, {0, 1}}, {L"CHF;Franc", L"SEK"}), with({L"Franc;CHF", L";SEK"})},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(joined(currencyRows(c.offered)), c.rows);
+  }
+  Texts described = common;
+  described[1] = L"Greenback;USD";
+  EXPECT_EQ(joined(currencyRows(array({{0, 1}}, {L"USD - Greenback", L"EUR"}))), described);
+
+  component.store.IPCurrencyList = array({{0, 0}}, {L"CHF"});
+  EXPECT_EQ(offered(L"cmbCurrencyCode"), with({L";CHF"}));
+}
+
+TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
+  struct Case {
+    const char* what;
+    const wchar_t* text;
+    Texts rows;  // behind those that are always there
+  };
+  const Case cases[] = {
+      {"empty", L"", {}},
+      {"a heading alone", L"Countries of the world", {}},
+      {"the file's order", L"H\nGermany,DE,49\nAustria,AT,43\n", {L"Germany;DE;49", L"Austria;AT;43"}},
+      {"the two neighbours once", L"H\r\nCANADA,CA,001\r\nUSA,US,001\r\nAustria,AT,43", {L"Austria;AT;43"}},
+      {"trimmed", L"H\n  Austria , AT ,  43  \n", {L"Austria;AT;43"}},
+      {"quoted",
+       L"H\n\"Korea, Republic of\",\"KR\",82\n\"The \"\"X\"\"\",XX,1\n",
+       {L"Korea, Republic of;KR;82", L"The \"X\";XX;1"}},
+      {"cut short", L"H\nAustria\nGermany,DE\n\nFrance,FR,33\nSpain,ES", {L"France;FR;33"}},
+      {"no code", L"H\nAustria,AUT,43\nGermany,D,49\nSpain,E1,34\nFrance,FR,33", {L"France;FR;33"}},
+      {"without a number", L"H\nAustria,AT,", {L"Austria;AT;"}},
+      {"more values", L"H\nAustria,AT,43,x,y\nFrance,FR,33", {L"Austria;AT;43", L"France;FR;33"}},
+      {"an open quote", L"H\nFrance,FR,33\n\"Austria,AT,43", {L"France;FR;33"}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Texts rows = alwaysThere;
+    rows.insert(rows.end(), c.rows.begin(), c.rows.end());
+    EXPECT_EQ(joined(countryRows(c.text, [](std::wstring_view) { return true; })), rows);
+  }
+  std::wstring large = L"H\r\n";
+  for (int i = 0; i < 100000; ++i) large += L"Austria,AT,43\r\n";
+  EXPECT_EQ(countryRows(large, [](std::wstring_view) { return true; }).size(), 100002U);
+}
+
+TEST_F(ReferenceListsTest, TheHostSaysWhichCountries) {
+  EXPECT_EQ(countryCodes(L" fr;CH,,kr|DE  AT"), (Texts{L"FR", L"CH", L"KR", L"DE", L"AT"}));
+  EXPECT_EQ(countryCodes(L" , "), Texts{});
+  struct Case {
+    const wchar_t* all;
+    const wchar_t* some;
+    std::size_t offered;
+  };
+  for (const Case& c : {Case{L"Y", L"", 5}, Case{L" Y ", L"FR", 5}, Case{L"N", L"fr;kr", 4}, Case{L"y", L"FR", 3},
+                        Case{L"", L"", 2}, Case{L"", L"CA", 2}}) {
+    component.store.CountryListAll = c.all;
+    component.store.CountryListPartial = c.some;
+    EXPECT_EQ(offered(L"ran_payee_country").size(), c.offered) << c.all << c.some;
+  }
+}
+
+TEST_F(ReferenceListsTest, WithoutItsFileThereAreTwoCountriesAndNoCopyStays) {
+  using Decipher = std::function<void(const std::wstring&, const std::wstring&)>;
+  const auto writes = [this](const wchar_t* text) {
+    return [this, text](const std::wstring&, const std::wstring& to) { files.put(to, text); };
+  };
+  const auto writesAndFails = [this](auto failure) {
+    return [this, failure](const std::wstring&, const std::wstring& to) {
+      files.put(to, L"H\r\nAustria,AT,43");
+      throw failure;
+    };
+  };
+  struct Case {
+    const char* what;
+    Decipher decipher;
+  };
+  const Case cases[] = {
+      {"nothing comes out", nullptr},
+      {"an empty file", writes(L"")},
+      {"not a text", writes(L"\x01\x02,\"\x03")},
+      {"the library is missing", [](auto&, auto&) { throw RuntimeError(ErrorNumber::fileNotFound); }},
+      {"a failure half way", writesAndFails(RuntimeError(ErrorNumber::invalidCall))},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    installation.decipher = c.decipher;
+    files.put(decipheredFile, L"H\r\nOld,OL,1");
+    EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
+    EXPECT_FALSE(files.exists(decipheredFile));
+  }
+  installation.decipher = writesAndFails(std::bad_alloc());
+  EXPECT_EQ(errorOf([&] { random.ShowForm_Remote(); }), 7);
+  EXPECT_FALSE(files.exists(decipheredFile));
+
+  installation.decipher = writes(L"H\r\nAustria,AT,43");
+  EXPECT_EQ(offered(L"ran_payee_country").size(), 3U);
+  EXPECT_FALSE(files.exists(decipheredFile));
+  EXPECT_EQ(installation.asked.back(),
+            std::wstring(L"DES_decrypt_file(") + dllPath + L", " + countryFile + L", " + decipheredFile + L")");
+
+  files.put(decipheredFile, L"H\r\nOld,OL,1");
+  files.fail(decipheredFile, ErrorNumber::permissionDenied);
+  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere) << "an old copy that somebody holds is not taken for the new";
+}
+
+TEST_F(ReferenceListsTest, AMissingFileIsTold) {
+  files.remove(countryFile);
+  messages.expect({.text = missing, .caption = title});
+  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
+  component.store.DLLPath.clear();
+  messages.expect({.text = missing, .caption = title});
+  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
+}
+
+TEST_F(ReferenceListsTest, TypingFindsARow) {
+  component.store.InternationalPayment = flagTrue;
+  User user = shown();
+  user.type(L"ran_payee_country", L"\b\bk 1-é[o");
+  EXPECT_EQ(user.text(L"ran_payee_country"), L"KO") << "letters only, in capitals";
+  EXPECT_EQ(user.row(L"ran_payee_country"), L"Korea, Republic of;KR;82");
+  messages.expect({.text = L"Is this biller for an international payment?",
+                   .caption = title,
+                   .buttons = platform::MessageBoxes::Buttons::yesNo,
+                   .answer = platform::MessageBoxes::Answer::yes});
+  user.click(L"ran_payee_email");
+  EXPECT_EQ(user.text(L"ran_payee_country"), L"KR");
+
+  user.type(L"cmbCurrencyCode", L"\b\b\beur");
+  EXPECT_EQ(user.text(L"cmbCurrencyCode"), L"EUR");
+  EXPECT_EQ(user.row(L"cmbCurrencyCode"), L"Euro;EUR");
+}
+
+TEST_F(ReferenceListsTest, EnterLeadsOn) {
+  User user = shown();
+  const auto leads = [&](const wchar_t* from, const wchar_t* to) {
+    user.click(from);
+    user.type(L"\r");
+    EXPECT_EQ(user.focus(), to);
+  };
+  host.tops.clear();
+  leads(L"ran_payee_country", L"ran_payee_postal");
+  EXPECT_EQ(host.tops.front(), user.control(L"ran_payee_country").topInForm());
+  leads(L"cmbCurrencyCode", L"ran_payee_ph_area");
+  user.control(L"ran_payee_ph_area").setVisible(false);
+  user.control(L"ran_Inter_payee_phone").setVisible(true);
+  user.control(L"ran_Inter_payee_phone").setEnabled(true);
+  leads(L"cmbCurrencyCode", L"ran_Inter_payee_phone");
+}
+
+}  // namespace
+}  // namespace nv::test
