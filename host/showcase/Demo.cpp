@@ -7,13 +7,24 @@
 #include "host/base/Text.h"
 #include "host/showcase/SampleBiller.h"
 #include "host/showcase/Showcase.h"
+#include "host/user/DropList.h"
+#include "host/user/Screen.h"
 #include "host/user/User.h"
 
 namespace nv::host {
 
 namespace {
 
-enum class Rows { notEmpty, changed };
+enum class Rows { notBlank, changed };
+
+std::wstring padded(std::wstring text, std::size_t width) {
+  text.resize(std::max(text.size(), width), L' ');
+  return text;
+}
+
+bool isBlank(const std::wstring& value) {
+  return value.find_first_not_of(L' ') == std::wstring::npos;
+}
 
 /// Prints both states of the record as a table with a mark on what changed.
 void printRecord(const std::vector<RecordValue>& before, const std::vector<RecordValue>& after, Rows rows) {
@@ -23,10 +34,10 @@ void printRecord(const std::vector<RecordValue>& before, const std::vector<Recor
     nameWidth = std::max(nameWidth, property.size());
     valueWidth = std::max(valueWidth, value.size());
   }
-  const auto row = [&](wchar_t mark, std::wstring property, std::wstring left, const std::wstring& right) {
-    property.resize(nameWidth, L' ');
-    left.resize(valueWidth, L' ');
-    printLine(std::wstring(L"   ") + mark + L' ' + property + L"  " + left + L"  " + right);
+  const auto row = [&](wchar_t mark, const std::wstring& property, const std::wstring& left,
+                       const std::wstring& right) {
+    printLine(std::wstring(L"   ") + mark + L' ' + padded(property, nameWidth) + L"  " + padded(left, valueWidth) +
+              L"  " + right);
   };
   printLine(L"");
   row(L' ', L"", L"before", L"after");
@@ -34,14 +45,14 @@ void printRecord(const std::vector<RecordValue>& before, const std::vector<Recor
     const std::wstring& left = before[i].value;
     const std::wstring& right = after[i].value;
     const bool changed = left != right;
-    if (rows == Rows::changed ? changed : !left.empty() || !right.empty()) {
+    if (rows == Rows::changed ? changed : !isBlank(left) || !isBlank(right)) {
       row(changed ? L'*' : L' ', before[i].property, left, right);
     }
   }
   printLine(rows == Rows::changed ? L"\n     All other values are as they were.\n" : L"\n   * changed in the dialog\n");
 }
 
-/// What the user enters.
+/// What the user enters: into a field by typing, into a list by choosing the row that shows the text.
 struct Entry {
   const wchar_t* control;
   const wchar_t* text;
@@ -50,7 +61,9 @@ struct Entry {
 class Demo {
  public:
   explicit Demo(const Folders& folders)
-      : pictures_(folders.build / L"demo"), installation_(folders.installation, folders.standIns), user_(thread_) {}
+      : pictures_(folders.build / L"demo"), installation_(folders.installation, folders.standIns), user_(thread_) {
+    std::filesystem::remove_all(pictures_);
+  }
   ~Demo() {
     thread_
         .begin([this] {
@@ -72,7 +85,16 @@ class Demo {
     });
     showModal();
     showEmbedded();
-    printLine(L"Pictures of the dialog are in " + pictures_.wstring() + L".");
+    printLine(L"Pictures of the dialog are in " + std::filesystem::proximate(pictures_).generic_wstring() + L".");
+  }
+
+  /// For whoever looks into a failure.
+  void takeScreen() const {
+    try {
+      Picture::ofScreen().save(pictures_ / L"failure.png");
+    } catch (const Failure& missing) {
+      printLine(missing.text());
+    }
   }
 
  private:
@@ -85,7 +107,7 @@ class Demo {
         {{L"ran_payee_street", L"88 PORT ROAD"}, {L"ran_payee_city", L"KENORA"}, {L"ran_payee_postal", L"P9N2X4"}});
     user_.await(L"the dialog stays", [&shown] { return UiThread::ready(shown); });
     printLine(L"     ShowForm returns " + std::to_wstring(shown.get()));
-    printRecord(before, record(), Rows::notEmpty);
+    printRecord(before, record(), Rows::notBlank);
   }
 
   void showEmbedded() {
@@ -107,21 +129,45 @@ class Demo {
     return thread_.ask([this] { return readRecord(*biller_); });
   }
 
+  /// Fills the dialog in as a user would, and accepts it.
   void useDialog(const std::wstring& name, const std::vector<Entry>& entries) {
     const HWND dialog = user_.awaitDialog(L"frmRandomInfo");
-    user_.pictureOf(dialog).save(pictures_ / (name + L"-opened.png"));
-    for (const auto& [control, text] : entries) {
-      std::wstring padded = control;
-      padded.resize(18, L' ');
-      printLine(L"     types " + padded + text);
-      user_.clear(user_.awaitControl(dialog, control));
-      user_.type(text);
-    }
-    user_.pictureOf(dialog).save(pictures_ / (name + L"-filled.png"));
+    takePicture(dialog, name + L"-opened.png");
+    for (const Entry& entry : entries) enter(user_.awaitControl(dialog, entry.control), entry);
+    takePicture(dialog, name + L"-filled.png");
     printLine(L"     presses OK");
     user_.click(user_.awaitControl(dialog, L"cmd_ok"));
-    user_.await(L"the dialog does not close", [dialog] { return !IsWindow(dialog); });
+    leave(dialog);
   }
+
+  void enter(HWND control, const Entry& entry) {
+    const bool list = thread_.ask([control] { return DropList::of(control).has_value(); });
+    printLine((list ? L"     chooses " : L"     types   ") + padded(entry.control, 20) + entry.text);
+    if (list) {
+      user_.choose(control, entry.text);
+    } else {
+      user_.clear(control);
+      user_.type(entry.text);
+    }
+  }
+
+  /// Waits until the dialog is gone. What it still has to say or to ask is agreed to.
+  void leave(HWND dialog) {
+    for (;;) {
+      bool asks = false;
+      user_.await(L"the dialog stays", [&] {
+        asks = messageBox(thread_.id()) != nullptr;
+        return asks || !IsWindow(dialog);
+      });
+      if (!asks) return;
+      const MessageBoxView box = user_.awaitMessageBox();
+      const std::wstring answer = box.buttons.starts_with(L"yes") ? L"yes" : L"ok";
+      printLine(L"     is told " + inQuotes(box.text) + L" and answers " + answer);
+      user_.answer(box, answer);
+    }
+  }
+
+  void takePicture(HWND dialog, const std::wstring& file) { user_.pictureOf(dialog).save(pictures_ / file); }
 
   std::filesystem::path pictures_;
   Installation installation_;
@@ -140,10 +186,11 @@ int runDemo(const Folders& folders) {
     demo.run();
     return 0;
   } catch (const Failure& failure) {
-    printLine(L"The demo failed: " + failure.text());
+    printLine(L"\nThe demo failed: " + failure.text());
   } catch (const HostError& error) {
-    printLine(L"The demo failed: " + error.shown());
+    printLine(L"\nThe demo failed: " + error.shown());
   }
+  demo.takeScreen();
   TerminateProcess(GetCurrentProcess(), 1);  // the host's thread may never come back from its dialog
   return 1;
 }

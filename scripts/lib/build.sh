@@ -2,7 +2,7 @@
 
 # build PRESET [TARGET...]: configures and builds quietly; on a failure shows what was said and ends the script.
 build() {
-  local preset=$1 log
+  local preset=$1 log begin=$SECONDS
   shift
   mkdir -p "$root/build"
   log=$root/build/$preset.log
@@ -12,4 +12,5 @@ build() {
     echo "building $preset failed; all of it in $log" >&2
     exit 1
   fi
+  echo "built $preset in $((SECONDS - begin)) s" >&2
 }
