@@ -95,6 +95,7 @@ std::int32_t ClsRandom::ShowForm_Remote() {
   entered(component_, L"ClsRandom - ShowForm_Remote");
   component_.store.importFlag = flagFalse;
   const auto form = connectedForm();
+  if (!form->loaded()) return 0;  // the host took it back while it loaded
   form->show();
   form->move(0, 0);
   return 0;
@@ -105,6 +106,8 @@ std::int32_t ClsRandom::ShowForm_Import() {
   const Importing importing(component_.store);
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   form->load();
+  const forms::UnloadedAtEnd unloaded(*form);
+  if (!form->loaded()) return 0;  // the host took it back while it loaded
   form->showReadOnly();
   form->showModal();
   return 0;

@@ -84,12 +84,17 @@ void Form::load() {
     detach();
     throw;
   }
+  if (showWhenLoaded_ && loaded()) show();
 }
 
 void Form::show() {
   const auto keep = shared_from_this();
   load();
   if (!loaded()) return;
+  if (!peer_) {  // Form_Load let others run, and one of them asks already
+    showWhenLoaded_ = true;
+    return;
+  }
   shown_ = true;
   peer_->show(false);
   activated();
@@ -99,7 +104,7 @@ void Form::showModal() {
   const auto keep = shared_from_this();
   load();
   if (!loaded()) return;
-  if (shown_) throw RuntimeError(ErrorNumber::invalidCall);  // a form that is up already cannot become modal
+  if (shown_ || !peer_) throw RuntimeError(ErrorNumber::invalidCall);  // a form that is up already cannot become modal
   try {
     shown_ = true;
     peer_->show(true);
@@ -109,6 +114,9 @@ void Form::showModal() {
     detach();
     throw;
   }
+  if (!goneUnasked_) return;
+  bool cancel = false;
+  Form_QueryUnload(cancel, UnloadMode::owner);
 }
 
 void Form::unload(UnloadMode mode) {
@@ -128,6 +136,7 @@ void Form::unload(UnloadMode mode) {
 
 void Form::windowGone() {
   const auto keep = shared_from_this();
+  goneUnasked_ = loaded();
   detach();
 }
 
@@ -201,6 +210,7 @@ void Form::sendKey(wchar_t key) {
 
 bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
   const auto keep = shared_from_this();
+  if (busy()) return true;
   if (pressed.code == keys::tab && (pressed.shift & ~shiftKey) == 0) {
     tab((pressed.shift & shiftKey) != 0);
     return true;
@@ -220,6 +230,7 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
 
 wchar_t Form::characterTyped(Control& control, wchar_t character) {
   const auto keep = shared_from_this();
+  if (busy()) return 0;
   Form_KeyPress(character);
   if (character != 0 && loaded()) control.keyPress.raise(character);
   return loaded() ? character : L'\0';
@@ -227,6 +238,7 @@ wchar_t Form::characterTyped(Control& control, wchar_t character) {
 
 bool Form::mnemonicTyped(wchar_t character) {
   const auto keep = shared_from_this();
+  if (busy()) return true;
   const auto count = controls_.size();
   const auto own = static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
   for (std::size_t step = 1; step <= count; ++step) {

@@ -75,6 +75,20 @@ class Form : public std::enable_shared_from_this<Form> {
   /// gotFocus. A control that the focus only passed through has neither. Does nothing when the control cannot have the
   /// focus now.
   void focus(Control& control);
+  /// While it lives, the form takes nothing from the user but closing: an outside party that is asked meanwhile may let
+  /// messages through.
+  class Busy {
+   public:
+    explicit Busy(Form& form) : form_(form) { ++form_.busy_; }
+    ~Busy() { --form_.busy_; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+   private:
+    Form& form_;
+  };
+  bool busy() const { return busy_ != 0; }
+
   /// Queues a keystroke for whatever control has the focus when it arrives.
   void sendKey(wchar_t key);
   /// The window's handle as a host knows it; 0 when not loaded.
@@ -90,7 +104,8 @@ class Form : public std::enable_shared_from_this<Form> {
   wchar_t characterTyped(Control& control, wchar_t character);
   /// Alt with a character. True when a control claimed it.
   bool mnemonicTyped(wchar_t character);
-  /// The window is gone without having been asked: the form follows, without events.
+  /// The window is gone without having been asked: the form follows. A modal one gets Form_QueryUnload afterwards, with
+  /// UnloadMode::owner; whoever embeds a form and destroys it need not be told.
   void windowGone();
   /// A run-time error came out of what the user did; the widgetset goes on after this.
   virtual void failed(const RuntimeError& /*error*/) noexcept {}
@@ -132,7 +147,27 @@ class Form : public std::enable_shared_from_this<Form> {
   Control* entered_ = nullptr;  // the control whose gotFocus was raised and whose lostFocus is due
   enum class Life { fresh, loaded, gone } life_ = Life::fresh;
   bool shown_ = false;
+  int busy_ = 0;
+  bool showWhenLoaded_ = false;
   bool askedToUnload_ = false;  // by other than code, and Form_QueryUnload has not returned
+  bool goneUnasked_ = false;    // the window was destroyed from outside
+};
+
+/// Unloads a form on leaving a scope, however that is left.
+class UnloadedAtEnd {
+ public:
+  explicit UnloadedAtEnd(Form& form) : form_(form) {}
+  ~UnloadedAtEnd() {
+    try {
+      form_.unload();
+    } catch (...) {  // NOLINT(bugprone-empty-catch): what led here counts
+    }
+  }
+  UnloadedAtEnd(const UnloadedAtEnd&) = delete;
+  UnloadedAtEnd& operator=(const UnloadedAtEnd&) = delete;
+
+ private:
+  Form& form_;
 };
 
 }  // namespace nv::forms

@@ -65,8 +65,13 @@ class TextBox : public TextField {
     changed(Aspect::mask);
   }
 
+  /// Whether the clipboard's text can be put in; by default it can.
+  bool takesPaste() const { return takesPaste_; }
+  void setTakesPaste(bool takes) { takesPaste_ = takes; }
+
  private:
   wchar_t passwordChar_ = 0;
+  bool takesPaste_ = true;
 };
 
 }  // namespace nv::forms

@@ -118,8 +118,9 @@ std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std:
   return reportedTrap(component, L"Random.ValidateBankId", refused, [&]() -> std::int16_t {
     errorMessage.clear();
     if (trimmed(bankId).empty()) return refuse(L"Invalid bank id", errorMessage, errorLength);
-    return askVerifier(component, [&](AccountVerifier& verifier) {
-      return verifier.ValidateBankId(std::wstring(bankId), flag, errorMessage, errorLength);
+    // Copies: the verifier may let messages through before it gets them.
+    return askVerifier(component, [&, id = std::wstring(bankId)](AccountVerifier& verifier) {
+      return verifier.ValidateBankId(id, flag, errorMessage, errorLength);
     });
   });
 }
@@ -133,9 +134,9 @@ std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId,
     if (trimmed(bankId).empty() || trimmed(transit).empty() || trimmed(account).empty()) {
       return refuse(L"Invalid bank account", errorMessage, errorLength);
     }
-    return askVerifier(component, [&](AccountVerifier& verifier) {
-      return verifier.ValidateBankAccount(std::wstring(bankId), std::wstring(transit), std::wstring(account),
-                                          errorMessage, errorLength, flag);
+    return askVerifier(component, [&, id = std::wstring(bankId), branch = std::wstring(transit),
+                                   number = std::wstring(account)](AccountVerifier& verifier) {
+      return verifier.ValidateBankAccount(id, branch, number, errorMessage, errorLength, flag);
     });
   });
 }

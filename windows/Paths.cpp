@@ -4,9 +4,10 @@ namespace nv::windows {
 
 std::string inAnsiCodePage(std::wstring_view text) {
   const int length = static_cast<int>(text.size());
-  const int needed = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+  constexpr DWORD noLikeness = WC_NO_BEST_FIT_CHARS;  // a "?" is honest
+  const int needed = WideCharToMultiByte(CP_ACP, noLikeness, text.data(), length, nullptr, 0, nullptr, nullptr);
   std::string bytes(static_cast<std::size_t>(needed), '\0');
-  WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), needed, nullptr, nullptr);
+  WideCharToMultiByte(CP_ACP, noLikeness, text.data(), length, bytes.data(), needed, nullptr, nullptr);
   return bytes;
 }
 

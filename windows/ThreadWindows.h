@@ -16,4 +16,31 @@ void forEachThreadWindow(Body&& body) {
   EnumThreadWindows(GetCurrentThreadId(), Visitor::visit, reinterpret_cast<LPARAM>(&body));
 }
 
+/// The thread's window that a new one belongs to: the active one or, while another program is in front, the topmost
+/// that accepts input; nullptr when there is none.
+inline HWND frontWindow() {
+  HWND window = GetActiveWindow();
+  if (window != nullptr) return window;
+  forEachThreadWindow([&window](HWND candidate) {
+    if (IsWindowVisible(candidate) && IsWindowEnabled(candidate)) window = candidate;
+    return window == nullptr;
+  });
+  return window;
+}
+
+/// Gives the keyboard focus back at the end to the window that had it at the beginning. A box over a dialog that stands
+/// in a window of the host leaves the focus with that window otherwise.
+class KeptFocus {
+ public:
+  KeptFocus() : window_(GetFocus()) {}
+  ~KeptFocus() {
+    if (window_ != nullptr && IsWindow(window_) && IsWindowEnabled(window_) && GetFocus() != window_) SetFocus(window_);
+  }
+  KeptFocus(const KeptFocus&) = delete;
+  KeptFocus& operator=(const KeptFocus&) = delete;
+
+ private:
+  HWND window_;
+};
+
 }  // namespace nv::windows

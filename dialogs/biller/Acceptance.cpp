@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "dialogs/biller/ForeignAccount.h"
 #include "dialogs/biller/ReferenceLists.h"
 #include "dialogs/biller/Texts.h"
 #include "dialogs/biller/frmRandomInfo.h"
@@ -67,10 +68,7 @@ bool beginsLikeNoNumber(std::wstring_view digits) {
 /// mending is to be done.
 class frmRandomInfo::Acceptance {
  public:
-  explicit Acceptance(frmRandomInfo& form) : form_(form) { form_.accepting_ = true; }
-  ~Acceptance() { form_.accepting_ = false; }
-  Acceptance(const Acceptance&) = delete;
-  Acceptance& operator=(const Acceptance&) = delete;
+  explicit Acceptance(frmRandomInfo& form) : form_(form), busy_(form) {}
 
   void run() {
     using Check = bool (Acceptance::*)();
@@ -274,14 +272,14 @@ class frmRandomInfo::Acceptance {
   }
 
   bool businessNumber() {
-    if (!hasBusinessNumber()) return false;
+    if (!hasBusinessNumber() || !form_.txtBusinessNum.enabled()) return false;
     TextBox& number = form_.txtBusinessNum;
     if (empty(number) || onlyZeros(textOf(number))) return stopAt(number);
     return Random::VerifyBusinessNumber(component(), number.text()) == flagFalse && stopAt(number);
   }
 
   bool bankId() {
-    if (form_.foreignCurrency_) return false;
+    if (!checksBankNumbers()) return false;
     TextBox& id = form_.txtBankID;
     id.setText(std::wstring(textOf(id)));
     if (id.text().empty()) return false;
@@ -302,14 +300,14 @@ class frmRandomInfo::Acceptance {
   }
 
   bool transit() {
-    if (form_.foreignCurrency_) return false;
+    if (!checksBankNumbers()) return false;
     TextBox& transit = form_.txtTransit;
     transit.setText(std::wstring(textOf(transit)));
     return onlyZeros(transit.text()) && stopSelected(transit);
   }
 
   bool account() {
-    if (form_.foreignCurrency_) return false;
+    if (!checksBankNumbers()) return false;
     TextBox& account = form_.txtAccount;
     account.setText(std::wstring(textOf(account)));
     if (account.text().size() > 21 || onlyZeros(account.text())) return stopSelected(account);
@@ -340,6 +338,7 @@ class frmRandomInfo::Acceptance {
       form_.lblBankInfoConfirm.setVisible(true);
       confirmation.setVisible(true);
       account.setPasswordChar(mask);
+      makeRoom(confirmation, account);
       return stopAt(confirmation);
     }
     return !sameTrimmed(confirmation, account) && stopSelected(confirmation);
@@ -358,13 +357,13 @@ class frmRandomInfo::Acceptance {
     if (!form_.foreignCurrency_ || !store().PayeeFXBankAccount.empty()) return false;
     if (form_.domestic()) {
       tell(L"Banking information is required for international payments.");
-      if (form_.cmdFXBankingInfo.available()) form_.cmdFXBankingInfo.press();
+      if (form_.loaded() && form_.cmdFXBankingInfo.available()) form_.cmdFXBankingInfo.press();
     }
     return true;
   }
 
   bool bankAccount() {
-    if (!anyBankNumber()) return false;
+    if (!anyBankNumber() || !form_.fraBankAcctInfo.visible()) return false;
     for (TextBox* number : {&form_.txtTransit, &form_.txtBankID, &form_.txtAccount}) {
       if (onlyZeros(textOf(*number))) return stopSelected(*number);
     }
@@ -396,7 +395,8 @@ class frmRandomInfo::Acceptance {
     const Pair transit = {form_.txtTransitConf, form_.txtTransit};
     const Pair bankId = {form_.txtBankIDConf, form_.txtBankID};
     const Pair account = {form_.txtAccountConf, form_.txtAccount};
-    if (transit.same() && bankId.same() && account.same()) {
+    const auto equal = [](const Pair& pair) { return pair.confirmation.text() == pair.field.text(); };
+    if (equal(transit) && equal(bankId) && equal(account)) {
       form_.clearConfirmation();
       form_.showConfirmation(false);
       return false;
@@ -459,7 +459,7 @@ class frmRandomInfo::Acceptance {
     const bool individual = form_.optCIndividual.selected();
     copy(individual ? individualTag : businessTag, store().PayeeIndBusnTag);
     set(individual ? individualFlag : businessFlag, store().PayeeIndBussFlg);
-    if (hasBusinessNumber()) {
+    if (hasBusinessNumber() && !empty(form_.txtBusinessNum)) {
       copy(form_.txtBusinessNum.text(), store().PayeeBusinessNum);
     } else {
       set(noBusinessNumber, store().PayeeBusinessNum);
@@ -490,17 +490,21 @@ class frmRandomInfo::Acceptance {
     values_.push_back({stored, std::wstring(entered)});
   }
 
+  /// Compared as the user sees them: a record that joins routing number and account is not a different one.
   void storeRoutingNumberDetails() {
-    const std::pair<std::wstring&, std::wstring> values[] = {
+    const ForeignAccount stored = foreignAccount(store());
+    if (trimmed(store().PayeeFXBankName) != textOf(form_.txtBankName) ||
+        trimmed(stored.number) != textOf(form_.txtRoutingNumber) ||
+        trimmed(stored.account) != textOf(form_.txtBankAccountNumber)) {
+      form_.foreignBankChanged_ = true;
+    }
+    std::pair<std::wstring&, std::wstring> values[] = {
         {store().PayeeFXBankName, std::wstring(textOf(form_.txtBankName))},
         {store().PayeeFXBankAccount, std::wstring(textOf(form_.txtBankAccountNumber))},
         {store().PayeeFXBankSwift, std::wstring(textOf(form_.txtRoutingNumber))},
         {store().PayeeFXBankCountry, unitedStatesCode},
     };
-    for (const auto& [stored, value] : values) {
-      if (trimmed(stored) != value) form_.foreignBankChanged_ = true;
-      stored = value;
-    }
+    for (auto& [kept, value] : values) kept = std::move(value);
   }
 
   // Outside parties
@@ -548,6 +552,8 @@ class frmRandomInfo::Acceptance {
     return country == canadaCode || country == unitedStatesCode;
   }
   bool hasBusinessNumber() const { return form_.optCBusiness.selected() && !form_.chkBNNotAvailable.checked(); }
+  /// The numbers of an international biller are not checked, nor are those that the user cannot see and mend.
+  bool checksBankNumbers() const { return !form_.foreignCurrency_ && form_.fraBankAcctInfo.visible(); }
   bool hasRoutingNumberDetails() const { return !form_.domestic() && form_.fraBankInfo.visible(); }
   static bool tooLong(const TextField& area, const TextField& number) {
     return area.text().size() + number.text().size() > 14;
@@ -588,20 +594,30 @@ class frmRandomInfo::Acceptance {
   }
   void showRekeying() {
     form_.showConfirmation(true);
-    for (TextBox* number : {&form_.txtTransit, &form_.txtBankID, &form_.txtAccount}) number->setPasswordChar(mask);
+    const std::pair<TextBox&, TextBox&> pairs[] = {{form_.txtTransit, form_.txtTransitConf},
+                                                   {form_.txtBankID, form_.txtBankIDConf},
+                                                   {form_.txtAccount, form_.txtAccountConf}};
+    for (const auto& [number, confirmation] : pairs) {
+      number.setPasswordChar(mask);
+      makeRoom(confirmation, number);
+    }
+  }
+  /// A number of the record may be longer than one can be typed: its confirmation, too.
+  static void makeRoom(TextBox& confirmation, const TextBox& number) {
+    confirmation.setMaxLength(std::max(number.maxLength(), static_cast<int>(number.text().size())));
   }
 
   frmRandomInfo& form_;
+  const Busy busy_;  // what was checked is what is stored
   std::vector<Value> values_;
   bool changed_ = false;
 };
 
 void frmRandomInfo::cmd_ok_Click() {
-  if (store().importFlag != flagFalse) {  // for viewing only: there is nothing to accept
+  if (readOnly_) {  // there is nothing to accept
     unload();
     return;
   }
-  if (accepting_) return;  // pressed again while an outside party is being asked
   Acceptance(*this).run();
 }
 

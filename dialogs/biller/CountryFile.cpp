@@ -86,7 +86,8 @@ forms::RowTable countryRows(std::wstring_view text, const std::function<bool(std
       if (count < countryColumns) cells[count] = value;
       ++count;
     } while (!endsLine);
-    const std::wstring& code = cells[countryCode];
+    std::wstring& code = cells[countryCode];
+    std::ranges::transform(code, code.begin(), asciiUpper);
     if (count < countryColumns || !isCode(code)) continue;
     if (code == canada[countryCode] || code == unitedStates[countryCode] || !offered(code)) continue;
     rows.add({cells[countryName], code, cells[countryPhone]});

@@ -45,6 +45,13 @@ void frmRandomInfo::connectFields() {
   connectFocusReports();
   connectPasteGuards();
   on(txtBusinessNum.lostFocus, {formName, L"txtBusinessNum_LostFocus"}, [this] { txtBusinessNum_LostFocus(); });
+  // These have nothing to do on being left, but are seen in the trace.
+  const std::pair<Control&, const wchar_t*> left[] = {{ran_payee_prov, L"ran_payee_prov_LostFocus"},
+                                                      {txtAccount, L"txtAccount_LostFocus"},
+                                                      {txtBankAccountNumber, L"txtBankAccountNumber_LostFocus"},
+                                                      {txtBankID, L"txtBankID_LostFocus"},
+                                                      {txtTransit, L"txtTransit_LostFocus"}};
+  for (const auto& [field, procedure] : left) on(field.lostFocus, {formName, procedure}, [] {});
 }
 
 void frmRandomInfo::moveOn(const Control& field, const std::vector<Control*>& candidates) {
@@ -198,7 +205,9 @@ void frmRandomInfo::changed(const TextField& field) {
   if (&field == &ran_payee_prov) {
     chooseKnownProvince();
   } else if (&field == &txtBusinessNum) {
-    if (!txtBusinessNum.text().empty()) optCBusiness.setSelected(true);
+    if (txtBusinessNum.text().empty()) return;
+    optCBusiness.setSelected(true);
+    chkBNNotAvailable.setChecked(false);  // it is available, then
   } else if (&field == &txtBankAccountNumber) {
     txtBankAccountNumber.setPasswordChar(0);
   }
@@ -296,6 +305,7 @@ void frmRandomInfo::connectPasteGuards() {
       {txtRoutingNumber, L"txtRoutingNumber_KeyDown", L"txtRoutingNumber_MouseDown"},
   };
   for (const Row& row : rows) {
+    row.field.setTakesPaste(false);
     on(row.field.keyDown, {formName, row.keyDown}, [](forms::KeyDown& key) { discardPaste(key); });
     on(row.field.mouseDown, {formName, row.mouseDown},
        [this](const forms::MouseDown& mouse) { denyPasteMenu(component(), mouse); });
@@ -308,6 +318,7 @@ void frmRandomInfo::txtBusinessNum_LostFocus() {
   const Control* const receiver = activeControl();
   if (receiver == &cmd_cancel || receiver == &chkBNNotAvailable || receiver == &optCIndividual) return;
   if (txtBusinessNum.text().empty()) return;
+  const Busy busy(*this);
   if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text()) != flagFalse) return;
   txtBusinessNum.selectAll();
   txtBusinessNum.setFocus();

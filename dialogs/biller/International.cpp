@@ -1,5 +1,6 @@
 // The international state of the biller dialog: the decisions on leaving the currency and the country, what the state
 // changes, and the foreign bank details.
+#include "dialogs/biller/ForeignAccount.h"
 #include "dialogs/biller/Texts.h"
 #include "dialogs/biller/frmRandomInfo.h"
 #include "dialogs/fxbank/frmFXBankInfo.h"
@@ -64,6 +65,7 @@ bool frmRandomInfo::acceptsInternational() {
               MessageBoxes::Buttons::yesNo) != MessageBoxes::Answer::yes) {
     return false;
   }
+  if (!loaded()) return false;  // closed over the question
   if (store().InternationalPayment != flagFalse) return true;
   message(
       L"International payment settings have not been setup. To set these, you can go to the System Administration "
@@ -141,21 +143,21 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
                                     {},
                                     {},
                                     {}};
-  const std::wstring& account = store().PayeeFXBankAccount;
+  const ForeignAccount account = foreignAccount(store());
   if (details.country == unitedStatesCode) {
-    details.routing = account.substr(0, routingNumberLength);
-    if (account.size() > routingNumberLength) details.usAccount = account.substr(routingNumberLength);
+    details.routing = account.number;
+    details.usAccount = account.account;
   } else {
-    details.account = account;
-    details.swift = store().PayeeFXBankSwift;
+    details.swift = account.number;
+    details.account = account.account;
   }
   const auto bank = std::make_shared<frmFXBankInfo>(component());
   bank->load();
+  const forms::UnloadedAtEnd unloaded(*bank);
   bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
-  if (store().importFlag != flagFalse) bank->showReadOnly();
+  if (readOnly_) bank->showReadOnly();
   bank->showModal();
-  if (bank->OKClicked() != flagFalse) storeForeignBank(bank->details());
-  bank->unload();
+  if (bank->OKClicked() != flagFalse && loaded()) storeForeignBank(bank->details());
 }
 
 void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {

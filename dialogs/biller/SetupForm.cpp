@@ -2,6 +2,7 @@
 // tell the kind.
 #include <algorithm>
 
+#include "dialogs/biller/ForeignAccount.h"
 #include "dialogs/biller/Texts.h"
 #include "dialogs/biller/frmRandomInfo.h"
 #include "dialogs/support/modFormController.h"
@@ -40,7 +41,8 @@ void frmRandomInfo::SetupForm() {
   const bool zip = homeCurrency == L"USD";
   lblPostalCode.setCaption(zip ? L"Zip Code:" : L"Postal Code:");
   lblProvince.setCaption(zip ? L"State:" : L"Prov/State:");
-  setCurrency(store().PayeeCurrency.empty() ? homeCurrency : store().PayeeCurrency);
+  const bool given = !store().PayeeCurrency.empty() && store().PayeeCurrency != separatorCode;
+  setCurrency(given ? store().PayeeCurrency : homeCurrency);
 
   foreignCurrency_ = domestic() && !inCanada() && trimmed(cmbCurrencyCode.text()) != canadianDollar;
   SetFXPhoneNumber(!inCanada() && !inUnitedStates());
@@ -193,14 +195,9 @@ void frmRandomInfo::SetupBusinessForm() {
   }
   ran_payee_country.setEnabled(false);
   txtBankName.setText(store().PayeeFXBankName);
-  const std::wstring& account = store().PayeeFXBankAccount;
-  if (store().PayeeFXBankCountry == unitedStatesCode) {
-    txtRoutingNumber.setText(account.substr(0, routingNumberLength));
-    txtBankAccountNumber.setText(account.size() > routingNumberLength ? account.substr(routingNumberLength) : L"");
-  } else {
-    txtRoutingNumber.setText(store().PayeeFXBankSwift);
-    txtBankAccountNumber.setText(account);
-  }
+  const ForeignAccount stored = foreignAccount(store());
+  txtRoutingNumber.setText(stored.number);
+  txtBankAccountNumber.setText(stored.account);
   arrangeUnitedStates();
 }
 
@@ -250,6 +247,11 @@ void frmRandomInfo::SetupIndividualForm() {
                                                          &imgHelpCSFTInfo[2],
                                                          &imgHelpCSFTInfo[4]};
   for (forms::Control* control : hidden) control->setVisible(false);
+  // A private person is no international biller, whatever the currency.
+  for (forms::Control* control : std::initializer_list<forms::Control*>{&lblFXBankingInfo, &cmdFXBankingInfo}) {
+    control->setVisible(false);
+  }
+  fraBankAcctInfo.setVisible(true);
   showMarks(2, 2, true);
   lblAsterisk[2].setEnabled(true);
   arrangeIndividual();

@@ -28,7 +28,4 @@ inline constexpr const wchar_t* businessTag = L"2";
 inline constexpr const wchar_t* individualFlag = L"I";
 inline constexpr const wchar_t* businessFlag = L" ";
 
-/// Of PayeeFXBankAccount, for a bank of the United States, what is the routing number; the account follows.
-inline constexpr std::size_t routingNumberLength = 9;
-
 }  // namespace nv

@@ -206,6 +206,7 @@ void frmRandomInfo::reportTop(const forms::Control& field) {
 }
 
 void frmRandomInfo::showReadOnly() {
+  readOnly_ = true;
   Frame1.setCaption(L"Information about this Biller/Payee");
   for (forms::Frame* fields : {&Frame3, &fraBankAcctInfo, &fraBankInfo}) fields->setEnabled(false);
   if (trimmed(store().PayeeFXBankCity).empty()) {
@@ -215,6 +216,8 @@ void frmRandomInfo::showReadOnly() {
   }
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
+  cmd_help.setPlace(cmd_ok.place());
+  cmd_ok.setPlace(cmd_cancel.place());
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
 }
 

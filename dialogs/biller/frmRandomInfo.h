@@ -244,7 +244,7 @@ class frmRandomInfo : public ComponentForm {
   bool foreignCurrency_ = false;  // the biller has been accepted as an international one
   bool foreignBankChanged_ =
       false;                       // details of the foreign bank in the record differ from what the dialog opened with
-  bool accepting_ = false;         // OK is at work
+  bool readOnly_ = false;          // shown for viewing only
   std::wstring pendingAccount_;    // bank account being re-keyed; empty while none is
   forms::Twips frame3Height_ = 0;  // as designed
 };

@@ -1,5 +1,7 @@
 #include "dialogs/fxbank/frmFXBankInfo.h"
 
+#include <utility>
+
 #include "dialogs/support/CountryColumn.h"
 #include "dialogs/support/Grid.h"
 #include "dialogs/support/PasteGuard.h"
@@ -166,6 +168,7 @@ void frmFXBankInfo::connect() {
        L"txtUSBankAccountConf_LostFocus"},
   };
   for (const Guard& guard : guards) {
+    guard.box.setTakesPaste(false);
     on(guard.box.keyDown, {billerObject, guard.keyDown}, [](forms::KeyDown& key) { discardPaste(key); });
     on(guard.box.mouseDown, {billerObject, guard.mouseDown},
        [this](const forms::MouseDown& mouse) { denyPasteMenu(component(), mouse); });
@@ -293,8 +296,10 @@ void frmFXBankInfo::cmbBankProv_Change() {
   const std::wstring& country = cmbBankCountry.text();
   if (country != L"CAN" && country != L"CA") return;
   cmbBankProv.setText(component().services.machine.upperCase(cmbBankProv.text()));
-  const bool erased = lastKeyInProvince_ == forms::keys::backspace || lastKeyInProvince_ == forms::keys::del;
-  if (!erased && !cmbBankProv.text().empty()) Random::ComboBoxAutoComplete(component(), cmbBankProv);
+  // Once for each key: what is completed, or set by code, is not completed again.
+  const int key = std::exchange(lastKeyInProvince_, 0);
+  const bool typed = key != 0 && key != forms::keys::backspace && key != forms::keys::del;
+  if (typed && !cmbBankProv.text().empty()) Random::ComboBoxAutoComplete(component(), cmbBankProv);
 }
 
 // The way out

@@ -6,11 +6,12 @@
 
 namespace nv {
 
-/// Discards Shift+Insert and Control+V.
+/// Discards Shift+Insert and Control+V, with whatever other modifiers they are pressed but Alt.
 inline void discardPaste(forms::KeyDown& key) {
   constexpr int v = 86;
-  const bool paste = (key.code == forms::keys::insert && key.shift == forms::shiftKey) ||
-                     (key.code == v && key.shift == forms::controlKey);
+  if ((key.shift & forms::altKey) != 0) return;
+  const bool paste = (key.code == forms::keys::insert && (key.shift & forms::shiftKey) != 0) ||
+                     (key.code == v && (key.shift & forms::controlKey) != 0);
   if (paste) key.code = 0;
 }
 

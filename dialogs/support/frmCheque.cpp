@@ -46,7 +46,6 @@ void frmCheque::Form_Load() {
 }
 
 void frmCheque::Form_KeyPress(wchar_t& key) {
-  entered(component(), L"frmCheque - Form_KeyPress");
   if (key == forms::keys::escape) unload();  // there is no button to do it
 }
 

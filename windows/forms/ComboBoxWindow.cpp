@@ -53,7 +53,7 @@ class ComboBoxWindow final : public ControlWindow {
 
   /// The system takes the height of the closed box from an item's height, and the window's for the list below it.
   void place() {
-    const RECT place = owner().placeOf(control());
+    const RECT place = lineArea();
     const int height = place.bottom - place.top;
     const int border = GetSystemMetrics(SM_CYEDGE) + 1;
     SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - 2 * border);
@@ -77,6 +77,14 @@ class ComboBoxWindow final : public ControlWindow {
     text_.withoutArrival(
         [this] { SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0); });
     if (text_.window() != nullptr) text_.apply(Aspect::text);
+  }
+
+  /// Enter and Escape close an open list, and do no more.
+  bool usesKey(WPARAM key) override {
+    const bool closes = key == VK_RETURN || key == VK_ESCAPE;
+    if (!closes || SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) == 0) return false;
+    SendMessageW(window(), CB_SHOWDROPDOWN, FALSE, 0);
+    return true;
   }
 
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }

@@ -37,7 +37,7 @@ void ControlWindow::create(HWND parent) {
   // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
                       (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
-  const RECT place = owner_.placeOf(control_);
+  const RECT place = area();
   window_ =
       CreateWindowExW(kind.extendedStyle, kind.windowClass, control_.caption().c_str(), style, place.left, place.top,
                       place.right - place.left, place.bottom - place.top, parent, nullptr, moduleInstance(), nullptr);
@@ -97,8 +97,20 @@ void ControlWindow::apply(Aspect aspect) {
   }
 }
 
+RECT ControlWindow::area() const {
+  return owner_.placeOf(control_);
+}
+
+RECT ControlWindow::lineArea() const {
+  constexpr int edges = 8;  // the window's edges and what an edit control keeps free inside them, in pixels at any dpi
+  RECT area = owner_.placeOf(control_);
+  const int spare = area.bottom - area.top - owner_.lineHeight(control_.font()) - edges;
+  if (spare > 0) InflateRect(&area, 0, -spare / 2);
+  return area;
+}
+
 void ControlWindow::place() {
-  const RECT place = owner_.placeOf(control_);
+  const RECT place = area();
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -150,7 +162,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       break;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      discardCharacter_ = form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});
+      discardCharacter_ = usesKey(wparam) || form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});
       if (discardCharacter_) return 0;
       break;
     case WM_CHAR: {
@@ -177,6 +189,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
 
 /// Returns whether the window is to see the button, too.
 bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
+  if (form().busy()) return false;
   form().activated();  // now and not later, since it may move the focus
   if (button == forms::leftButton && control_.takesFocus() && !control_.hasFocus()) {
     // The focus moves before the window acts on the click, so that the field being left has its say first. When that

@@ -74,6 +74,8 @@ class ControlWindow : public forms::ControlPeer {
   static LRESULT pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     return DefSubclassProc(window, message, wparam, lparam);
   }
+  /// A key that the window uses before the form sees it: those that work an open list. Returns whether it did.
+  virtual bool usesKey(WPARAM /*key*/) { return false; }
   /// Whether the window has a use for a character that was typed into it.
   virtual bool usesCharacter(wchar_t /*character*/) const { return true; }
   /// What the window tells its parent by WM_COMMAND.
@@ -91,6 +93,10 @@ class ControlWindow : public forms::ControlPeer {
   void adopt(HWND inner);
   /// The window that takes the keyboard focus for the control.
   virtual HWND focusWindow() const { return window_; }
+  /// Where the window stands, in pixels of its parent.
+  virtual RECT area() const;
+  /// The same for fields of one line: no taller than their text needs, so that text and label keep to one line.
+  RECT lineArea() const;
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }

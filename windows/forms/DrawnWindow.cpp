@@ -85,6 +85,8 @@ class HyperlinkWindow final : public DrawnWindow {
  public:
   HyperlinkWindow(FormWindow& owner, forms::Hyperlink& link) : DrawnWindow(owner, link), link_(link) {}
 
+  forms::Colour background() const override { return link_.backColor(); }
+
  private:
   void paint(HDC context, const RECT& area) override {
     const Selected font(context, owner().font(link_.font(), true));

@@ -42,6 +42,7 @@ void DropDownListWindow::apply(Aspect aspect) {
       break;
     default:
       if (!text_.apply(aspect)) ControlWindow::apply(aspect);
+      if (aspect == Aspect::look) ControlWindow::apply(Aspect::place);  // the font decides about the height
       if (aspect == Aspect::place || aspect == Aspect::look) placeText();
   }
 }
@@ -56,10 +57,15 @@ RECT DropDownListWindow::buttonArea() const {
 void DropDownListWindow::placeText() {
   RECT area;
   GetClientRect(window(), &area);
-  SetWindowPos(text_.window(), nullptr, 0, 0, buttonArea().left, area.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+  constexpr int inner = 1;  // a text box's text stands so far below its edge
+  SetWindowPos(text_.window(), nullptr, 0, inner, buttonArea().left, area.bottom - inner,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DropDownListWindow::paint(HDC context) {
+  RECT all;
+  GetClientRect(window(), &all);
+  FillRect(context, &all, owner().brush(list_.enabled() ? list_.backColor() : forms::colours::buttonFace));
   RECT button = buttonArea();
   const UINT state = (list_.enabled() ? 0U : DFCS_INACTIVE) | (popup_.open() ? DFCS_PUSHED : 0U);
   DrawFrameControl(context, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | state);
@@ -67,9 +73,7 @@ void DropDownListWindow::paint(HDC context) {
 
 LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (window == text_.window()) {
-    if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) {
-      if (keyDown(wparam)) return 0;
-    } else if (message == WM_KILLFOCUS) {
+    if (message == WM_KILLFOCUS) {
       drop(false);
     } else if (message == WM_MOUSEWHEEL && popup_.open()) {
       return SendMessageW(popup_.listWindow(), message, wparam, lparam);
@@ -142,8 +146,7 @@ void DropDownListWindow::moveTo(std::ptrdiff_t row) {
   if (window() != nullptr) list_.selectAll();
 }
 
-/// Keys that work the list. Returns whether the key was one.
-bool DropDownListWindow::keyDown(WPARAM key) {
+bool DropDownListWindow::usesKey(WPARAM key) {
   const int shift = shiftState();
   const bool open = popup_.open();
   const bool alt = shift == forms::altKey;

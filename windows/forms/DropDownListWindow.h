@@ -27,13 +27,14 @@ class DropDownListWindow final : public ControlWindow {
   void created() override;
   void apply(forms::Aspect aspect) override;
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  RECT area() const override { return lineArea(); }
+  bool usesKey(WPARAM key) override;
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
   HWND focusWindow() const override { return text_.window(); }
 
   void placeText();
   void paint(HDC context);
   RECT buttonArea() const;
-  bool keyDown(WPARAM key);
   void moveTo(std::ptrdiff_t row);
   /// The messages of the system's combo boxes, for tools that know how to work those.
   bool answer(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);

@@ -33,10 +33,10 @@ DWORD extendedStyleOf(const forms::Form& form) {
   return form.border() == forms::Border::embedded ? WS_EX_CONTROLPARENT : WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
 }
 
-/// The host's window that a new dialog belongs to: the thread's active top-level window.
+/// The host's window that a new dialog belongs to.
 HWND hostWindow() {
-  const HWND active = GetActiveWindow();
-  return active == nullptr ? nullptr : GetAncestor(active, GA_ROOT);
+  const HWND front = frontWindow();
+  return front == nullptr ? nullptr : GetAncestor(front, GA_ROOT);
 }
 
 RECT workAreaOf(HWND window) {
@@ -108,6 +108,7 @@ void FormWindow::update(Aspect aspect) {
 
 void FormWindow::show(bool modal) {
   if (modal) {
+    focusBefore_.emplace();
     disableOthers();
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
@@ -138,6 +139,7 @@ void FormWindow::close() {
   enableOthers();  // first, so that the owner becomes the active window and not another program's
   if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
   if (window_ != nullptr) DestroyWindow(window_);
+  focusBefore_.reset();
   // A modal loop may be waiting for a message while this came in past it.
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "forms/Form.h"
+#include "windows/ThreadWindows.h"
 #include "windows/forms/ControlWindow.h"
 #include "windows/forms/Graphics.h"
 
@@ -30,6 +32,7 @@ class FormWindow : public forms::FormPeer {
   const Scale& scale() const { return scale_; }
   HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
   HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
+  int lineHeight(const forms::Font& font) { return palette_.lineHeight(font, scale_.dpi()); }
   HICON icon(std::wstring_view resource, int width, int height) { return palette_.icon(resource, width, height); }
   /// Where a control stands in its parent window, in pixels, the scrolled part of the form taken into account.
   RECT placeOf(const forms::Control& control) const;
@@ -64,7 +67,8 @@ class FormWindow : public forms::FormPeer {
   forms::Form& form_;
   Palette& palette_;
   HWND window_ = nullptr;
-  HWND session_ = nullptr;  // of an embedded form
+  std::optional<KeptFocus> focusBefore_;  // of a modal form
+  HWND session_ = nullptr;                // of an embedded form
   Scale scale_;
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show

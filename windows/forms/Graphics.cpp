@@ -33,8 +33,16 @@ HBRUSH Palette::brush(forms::Colour colour) {
 }
 
 HFONT Palette::font(const forms::Font& font, bool underlined, int dpi) {
+  return cached(font, underlined, dpi).handle.get();
+}
+
+int Palette::lineHeight(const forms::Font& font, int dpi) {
+  return cached(font, false, dpi).lineHeight;
+}
+
+const Palette::CachedFont& Palette::cached(const forms::Font& font, bool underlined, int dpi) {
   for (const CachedFont& cached : fonts_) {
-    if (cached.font == font && cached.underlined == underlined && cached.dpi == dpi) return cached.handle.get();
+    if (cached.font == font && cached.underlined == underlined && cached.dpi == dpi) return cached;
   }
   LOGFONTW description{};
   description.lfHeight = -MulDiv(font.points, dpi, 72);
@@ -43,8 +51,16 @@ HFONT Palette::font(const forms::Font& font, bool underlined, int dpi) {
   description.lfCharSet = DEFAULT_CHARSET;
   description.lfQuality = CLEARTYPE_QUALITY;
   font.name.copy(description.lfFaceName, LF_FACESIZE - 1);
-  fonts_.push_back({font, underlined, dpi, FontHandle(CreateFontIndirectW(&description))});
-  return fonts_.back().handle.get();
+  FontHandle handle(CreateFontIndirectW(&description));
+  TEXTMETRICW metrics{};
+  const HDC screen = GetDC(nullptr);
+  {
+    const Selected selected(screen, handle.get());
+    GetTextMetricsW(screen, &metrics);
+  }
+  ReleaseDC(nullptr, screen);
+  fonts_.push_back({font, underlined, dpi, std::move(handle), static_cast<int>(metrics.tmHeight)});
+  return fonts_.back();
 }
 
 HICON Palette::icon(std::wstring_view resource, int width, int height) {

@@ -36,6 +36,8 @@ class Palette {
  public:
   HBRUSH brush(forms::Colour colour);
   HFONT font(const forms::Font& font, bool underlined, int dpi);
+  /// Height of a line of text in pixels.
+  int lineHeight(const forms::Font& font, int dpi);
   /// An icon of the component's resources in this size, in pixels; nullptr when there is none of that name.
   HICON icon(std::wstring_view resource, int width, int height);
 
@@ -45,6 +47,7 @@ class Palette {
     bool underlined;
     int dpi;
     FontHandle handle;
+    int lineHeight;
   };
   struct CachedIcon {
     std::wstring resource;
@@ -52,6 +55,8 @@ class Palette {
     int height;
     Icon handle;
   };
+  const CachedFont& cached(const forms::Font& font, bool underlined, int dpi);
+
   std::map<forms::Colour, Brush> brushes_;
   std::vector<CachedFont> fonts_;
   std::vector<CachedIcon> icons_;

@@ -21,13 +21,23 @@ class TextBoxWindow final : public ControlWindow {
     if (textBox_.passwordChar() != 0) apply(forms::Aspect::mask);
   }
 
+  RECT area() const override { return lineArea(); }
+
   void apply(forms::Aspect aspect) override {
-    if (aspect == forms::Aspect::mask) {
+    if (aspect == forms::Aspect::look) {
+      ControlWindow::apply(aspect);
+      ControlWindow::apply(forms::Aspect::place);  // the font decides about the height
+    } else if (aspect == forms::Aspect::mask) {
       SendMessageW(window(), EM_SETPASSWORDCHAR, textBox_.passwordChar(), 0);
       InvalidateRect(window(), nullptr, TRUE);
     } else if (!text_.apply(aspect)) {
       ControlWindow::apply(aspect);
     }
+  }
+
+  LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+    if (message == WM_PASTE && !textBox_.takesPaste()) return 0;  // by whatever menu or tool
+    return ControlWindow::handle(window, message, wparam, lparam);
   }
 
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }

@@ -6,18 +6,6 @@ namespace nv::windows {
 
 namespace {
 
-/// The window that a box must block: the thread's active one or, while another program is in front, its topmost that
-/// accepts input.
-HWND owner() {
-  HWND window = GetActiveWindow();
-  if (window != nullptr) return window;
-  forEachThreadWindow([&window](HWND candidate) {
-    if (IsWindowVisible(candidate) && IsWindowEnabled(candidate)) window = candidate;
-    return window == nullptr;
-  });
-  return window;
-}
-
 UINT flagOf(MessageBoxes::Icon icon) {
   switch (icon) {
     case MessageBoxes::Icon::critical:
@@ -33,8 +21,9 @@ UINT flagOf(MessageBoxes::Icon icon) {
 }  // namespace
 
 MessageBoxes::Answer MessageBoxes::show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) {
-  const HWND blocked = owner();
+  const HWND blocked = frontWindow();
   const UINT modality = blocked == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
+  const KeptFocus focus;
   const UINT kind = buttons == Buttons::yesNo ? MB_YESNO : MB_OK;
   const int answer =
       MessageBoxW(blocked, std::wstring(text).c_str(), std::wstring(caption).c_str(), kind | flagOf(icon) | modality);
