@@ -105,7 +105,7 @@ std::wstring Player::position() const {
 
 // Statements
 
-void Player::play(const std::vector<Statement>& statements) {
+void Player::play(std::span<const Statement> statements) {
   for (const Statement& statement : statements) {
     line_ = statement.line;
     source_ = statement.source;
@@ -187,8 +187,19 @@ void Player::show(Showing kind, const Statement& statement) {
   --showing_;
 }
 
-void Player::playBlock(const Statement& statement) {
-  play(statement.block);
+/// Plays the lines at the front of the block that answer message boxes, until the dialog is `shown`: some come before
+/// it. Returns how many lines these were.
+std::size_t Player::answerEarlyMessages(const Statement& statement, const std::function<bool()>& shown) {
+  for (std::size_t next = 0;; ++next) {
+    user_.await(L"no dialog appears", [&] { return shown() || messageBox(thread_.id()) != nullptr; });
+    if (shown()) return next;
+    if (next == statement.block.size()) throw unexpected(messageBox(thread_.id()));
+    play({&statement.block[next], 1});
+  }
+}
+
+void Player::playBlock(const Statement& statement, std::size_t from) {
+  play(std::span(statement.block).subspan(from));
   line_ = statement.endLine;
   source_ = L"end";
 }
@@ -203,16 +214,15 @@ void Player::showModal(Biller::Show kind, const Statement& statement) {
     return dialog_ != nullptr;
   };
   auto shown = thread_.begin([&biller = biller(), kind] { return biller.show(kind); });
-  user_.await(L"no dialog appears",
-              [&] { return appears() || UiThread::ready(shown) || messageBox(thread_.id()) != nullptr; });
+  const std::size_t played = answerEarlyMessages(statement, [&] { return appears() || UiThread::ready(shown); });
   if (UiThread::ready(shown)) {
     result_ = shown.get();
-    if (!statement.block.empty())
+    if (played < statement.block.size())
       throw Failure(L"the call returned " + std::to_wstring(result_) + L" without a dialog");
     return;
   }
   user_.settle();
-  playBlock(statement);
+  playBlock(statement, played);
   awaitReturn(shown, L"the dialog is still up");
   result_ = shown.get();
   user_.settle();
@@ -220,7 +230,7 @@ void Player::showModal(Biller::Show kind, const Statement& statement) {
 
 void Player::showRemote(bool embedFirst, const Statement& statement) {
   const std::wstring name = inUse_;
-  dialog_ = onHost([this, name, embedFirst] {
+  auto shown = thread_.begin([this, name, embedFirst] {
     auto& [biller, window] = instances_.at(name);
     if (!window || window->handle() == nullptr) window = windowFor(*biller);
     if (embedFirst) embed(*biller, *window);
@@ -228,9 +238,11 @@ void Player::showRemote(bool embedFirst, const Statement& statement) {
     if (!embedFirst) embed(*biller, *window);
     return biller->window();
   });
+  const std::size_t played = answerEarlyMessages(statement, [&] { return UiThread::ready(shown); });
+  dialog_ = shown.get();
   user_.await(L"the dialog does not appear", [this] { return IsWindowVisible(dialog_) != FALSE; });
   user_.settle();
-  playBlock(statement);
+  playBlock(statement, played);
   user_.settle();
   if (IsWindow(dialog_)) return;
   onHost([this, name] {

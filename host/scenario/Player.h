@@ -5,9 +5,11 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -86,14 +88,15 @@ class Player {
   };
 
   void begin();
-  void play(const std::vector<Statement>& statements);
+  void play(std::span<const Statement> statements);
   void play(const Statement& statement);
   void finish();
   std::wstring report(const std::wstring& failure);
   void perform(const Statement& statement);
   void showModal(Biller::Show kind, const Statement& statement);
   void showRemote(bool embedFirst, const Statement& statement);
-  void playBlock(const Statement& statement);
+  std::size_t answerEarlyMessages(const Statement& statement, const std::function<bool()>& shown);
+  void playBlock(const Statement& statement, std::size_t from);
   Failure unexpected(HWND messageBox);
 
   template <class Result>

@@ -70,16 +70,16 @@ std::wstring readMember(Tokens& tokens) {
 }
 
 std::pair<std::wstring, Answer> readAnswer(Tokens& tokens) {
-  const auto& [name, given] = takeMember(tokens);
-  const auto gives = [given](unsigned what) { return (given & what) != 0; };
+  const Member& member = takeMember(tokens);
+  const auto gives = [&member](unsigned what) { return (member.gives & what) != 0; };
 
   Answer answer;
   if (gives(failure) && tokens.take(L"fails")) {
     answer.failure = tokens.number();
     if (!tokens.atEnd()) answer.description = tokens.text();
-    return {name, answer};
+    return {member.name, answer};
   }
-  if (given == failure) throw Failure(std::wstring(name) + L" can be told to fail, and nothing else");
+  if (member.gives == failure) throw Failure(std::wstring(member.name) + L" can be told to fail, and nothing else");
   if (gives(result)) answer.result = tokens.shortNumber();
   if (gives(noText) && tokens.take(L"null")) {
     answer.handedOut = Answer::Text::null;
@@ -88,7 +88,7 @@ std::pair<std::wstring, Answer> readAnswer(Tokens& tokens) {
   }
   if (answer.handedOut == Answer::Text::given) answer.length = static_cast<std::int16_t>(answer.text.size());
   if (gives(textAndLength) && tokens.take(L"length")) answer.length = tokens.shortNumber();
-  return {name, answer};
+  return {member.name, answer};
 }
 
 std::optional<Answer> answerOf(const std::wstring& member) {
