@@ -78,6 +78,23 @@ class BillerTest : public ComponentTest {
     store.PayeeFXBankSwift = L"BNPAFRPP";
   }
 
+  /// Every text of the record and the context.
+  static Texts texts(const Store& store) {
+    Texts texts;
+    const auto add = [&texts](const auto& value) {
+      if constexpr (std::is_same_v<decltype(value), const std::wstring&>) texts.push_back(value);
+    };
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(store.Name);
+#define NV_METHOD(id, Name, Result)
+#include "component/properties.def"
+    return texts;
+  }
+
+  /// Puts a text into a field past the rules of typing.
+  static void put(const User& user, std::wstring_view field, const std::wstring& text) {
+    dynamic_cast<forms::TextField&>(user.control(field)).setText(text);
+  }
+
   User shown() {
     random.ShowForm_Remote();
     return widgetset.user(L"frmRandomInfo");
