@@ -190,6 +190,13 @@ TEST_F(ShowTest, TheHostMayReleaseTheObjectInsideAnEvent) {
   }
 }
 
+TEST_F(ShowTest, TheHostMayReleaseTheObjectWhenItHearsOfTheFirstField) {
+  auto released = std::make_unique<ClsRandom>(component, host);
+  host.whenFocusMoves = [&] { released.reset(); };
+  EXPECT_EQ(released->ShowForm_Remote(), 0);
+  EXPECT_TRUE(component.forms.empty());
+}
+
 TEST_F(ShowTest, ReleasingTheObjectTakesItsDialogAwayWithoutAnEvent) {
   {
     ClsRandom released(component, host);

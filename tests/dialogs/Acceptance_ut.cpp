@@ -17,6 +17,9 @@ constexpr const wchar_t* bankRequired = L"Bank information is required for the b
 constexpr const wchar_t* doubtfulId =
     L"That Bank ID does not appear to be valid. Please make sure you have not entered a cheque number. Are you sure "
     L"you want to use the Bank ID you have entered?";
+constexpr const wchar_t* duplicate =
+    L"A biller with this name, biller account number and currency already exists. A biller can only be added if the "
+    L"currency selected is not already used for this biller name / account number combination.";
 constexpr const wchar_t* completeMail = L"Please enter a complete e-mail address with the form 'name@example.com'.";
 constexpr const wchar_t* validMail = L"Please enter a valid e-mail address with the form 'name@example.com'.";
 constexpr const wchar_t* mailCaption = L"E-mail Address entry";
@@ -101,6 +104,7 @@ TEST_F(AcceptanceTest, AddressesAreRefused) {
       {"no postal code", with(&S::PayeePostal, L" "), L"ran_payee_postal"},
       {"long postal code", abroad(with(&S::PayeePostal, L"1234567890")), L"ran_payee_postal", L"1234567890"},
       {"postal code with a blank", with(&S::PayeePostal, L"K1A 0B1"), L"ran_payee_postal", L"K1A 0B1"},
+      {"postal code of another form", with(&S::PayeePostal, L"K1A011"), L"ran_payee_postal", L"K1A011"},
       {"short postal code", with(&S::PayeePostal, L"K1A0B"), L"ran_payee_postal", L"K1A0B"},
       {"postal code of another province", with(&S::PayeePostal, L"H1A0B1"), L"ran_payee_postal", L"H1A0B1"},
       {"zip code of six", us(L"NY", L"123456"), L"ran_payee_postal", L"123456"},
@@ -378,7 +382,22 @@ TEST_F(AcceptanceTest, ReKeyingEndsWithTheNumbersOrWithWhatTheyWere) {
   user.click(L"cmd_ok");
   EXPECT_EQ(user.focus(), L"txtTransitConf");
   EXPECT_EQ(user.text(L"txtTransitConf"), L"") << "a new beginning";
+
+  // What the account was before is not confirmed, and ends it, too.
+  Store& store = component.store;
+  store.Add = store.IPBillerNameAcctExist = flagTrue;
+  store.IPBillerCurrencies = StringArray({{0, 0}});
+  store.IPBillerCurrencies.at({0}) = L"CAD";
   put(user, L"txtAccount", L"1234567");
+  messages.expect({.text = duplicate, .caption = title});
+  user.click(L"cmd_ok");
+  EXPECT_FALSE(user.visible(L"txtTransitConf"));
+  put(user, L"txtAccount", L"99");
+  put(user, L"txtTransitConf", L"?");
+  user.click(L"cmd_ok");
+  EXPECT_EQ(user.text(L"txtTransitConf"), L"");
+  put(user, L"txtAccount", L"1234567");
+  store.IPBillerNameAcctExist = flagFalse;
   accepts(user);
 }
 
@@ -445,10 +464,7 @@ TEST_F(AcceptanceTest, ARecordThatBreaksEveryRuleIsMendedRuleByRule) {
       {L"txtAccount",
        L"The account number you have entered is invalid, spaces in the middle are not allowed.",
        {{L"txtAccount", L""}, {L"txtTransit", L""}}},
-      {L"cmbCurrencyCode",
-       L"A biller with this name, biller account number and currency already exists. A biller can only be added if the "
-       L"currency selected is not already used for this biller name / account number combination.",
-       {}},
+      {L"cmbCurrencyCode", duplicate, {}},
   };
   User user = shown();
   put(user, L"ran_payee_country", L"");
@@ -521,10 +537,7 @@ TEST_F(AcceptanceTest, TheBankOfTheUnitedStatesIsKeptThoughALaterCheckStops) {
   User user = shown();
   put(user, L"txtConfirmBankAccountNumber", L"123456");
   put(user, L"ran_payee_city", L"ALBANY");
-  messages.expect({.text = L"A biller with this name, biller account number and currency already exists. A biller can "
-                           L"only be added if the currency selected is not already used for this biller name / account "
-                           L"number combination.",
-                   .caption = title});
+  messages.expect({.text = duplicate, .caption = title});
   user.click(L"cmd_ok");
   EXPECT_TRUE(user.open());
   EXPECT_EQ(store.PayeeFXBankSwift, L"021000021");
@@ -578,10 +591,7 @@ TEST_F(AcceptanceTest, ACurrencyIsUsedOnceForANewBiller) {
     component.store.IPBillerCurrencies.at({5}) = c.used;
     User user = shown();
     if (!c.accepted) {
-      messages.expect({.text = L"A biller with this name, biller account number and currency already exists. A biller "
-                               L"can only be added if the currency selected is not already used for this biller name / "
-                               L"account number combination.",
-                       .caption = title});
+      messages.expect({.text = duplicate, .caption = title});
       user.click(L"cmd_ok");
       EXPECT_EQ(user.focus(), L"cmbCurrencyCode");
       random.Unload_From_Remote();

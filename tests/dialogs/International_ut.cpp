@@ -54,6 +54,11 @@ TEST_F(InternationalTest, LeavingTheCurrencyDecides) {
       {"no", accepted, L"EUR", [this] { no(); }, L"CAD", false},
       {"yes, without settings", nullptr, L"USD", [this] { yesInVain(); }, L"CAD", false},
       {"no, without settings", nullptr, L"USD", [this] { no(); }, L"CAD", false},
+      {"foreign currency in Canada",
+       [this] { component.store.PayeeCurrency = L"EUR", component.store.InternationalPayment = flagTrue; }, L"EUR",
+       [this] { yes(); }, L"EUR", true},
+      {"Canadian dollars abroad", [this] { international(), component.store.PayeeCurrency = L"CAD"; }, L"EUR",
+       [this] { no(); }, L"CAD", false},
       {"international before", [this] { international(); }, L"USD", nullptr, L"USD", true},
       {"international before, now Canadian", [this] { international(); }, L"CAD", nullptr, L"CAD", false},
       {"international before, now separator", [this] { international(); }, L"---", nullptr, L"CAD", false},
@@ -103,6 +108,21 @@ TEST_F(InternationalTest, TheQuestionIsAskedUntilItIsAccepted) {
   no();
   choose(L"ran_payee_country", L"FR");
   EXPECT_EQ(user.text(L"ran_payee_country"), L"CA");
+}
+
+TEST_F(InternationalTest, BackInCanadaTheBillerIsDomestic) {
+  component.store.InternationalPayment = flagTrue;
+  User user = shown();
+  for (int time = 0; time < 2; ++time) {
+    yes();
+    user.choose(L"ran_payee_country", L"FR");
+    user.click(L"ran_payee_email");
+    EXPECT_EQ(user.text(L"txtPhoneCountryCode"), L"33");
+    user.choose(L"ran_payee_country", L"CA");
+    user.click(L"ran_payee_email");
+    EXPECT_EQ(user.text(L"txtPhoneCountryCode"), L"1");
+    EXPECT_TRUE(user.visible(L"ran_payee_ph_area"));
+  }
 }
 
 TEST_F(InternationalTest, AnIndividualStaysInCanadianDollars) {
