@@ -55,6 +55,7 @@ void frmRandomInfo::connectFields() {
 }
 
 void frmRandomInfo::moveOn(const Control& field, const std::vector<Control*>& candidates) {
+  if (!field.hasFocus()) return;  // what code puts into a field leads nobody away from another
   const std::vector<Control*>& order = controls();
   const auto behind = std::ranges::find(order, &field);
   const auto next = std::find_if(behind, order.end(), [&](Control* control) {
@@ -238,7 +239,7 @@ void frmRandomInfo::connectBankNumbers() {
     on(row.field.change, {formName, row.procedure}, [this, row] {
       row.field.setPasswordChar(0);
       const bool full = static_cast<int>(row.field.text().size()) == row.field.maxLength();
-      if (full && row.field.reachable()) row.next.setFocus();
+      if (full && row.field.hasFocus()) row.next.setFocus();
       if (hasBankNumbers()) return;
       pendingAccount_.clear();
       clearConfirmation();

@@ -204,7 +204,7 @@ class frmRandomInfo : public ComponentForm {
   void changed(const forms::TextField& field);
   void chooseKnownProvince();
   void txtBusinessNum_LostFocus();
-  /// The first available of `candidates` behind `field` in tab order takes the focus.
+  /// The first available of `candidates` behind `field` in tab order takes the focus from it.
   void moveOn(const forms::Control& field, const std::vector<forms::Control*>& candidates);
   bool hasBankNumbers() const;
   void clearConfirmation();

@@ -189,6 +189,17 @@ TEST_F(InternationalTest, AnotherCountryWantsItsOwnNumber) {
   EXPECT_EQ(user.text(L"txtPhoneCountryCode"), L"41") << "nobody knows the code of the unknown";
 }
 
+TEST_F(InternationalTest, ATelephoneCodeThatFillsItsFieldLeadsNobodyAway) {
+  countries += L"Trinidad and Tobago,TT,1868\r\n";
+  component.store.InternationalPayment = flagTrue;
+  User user = shown();
+  user.choose(L"ran_payee_country", L"TT");
+  yes();
+  user.tab();
+  EXPECT_EQ(user.text(L"txtFaxCountryCode"), L"1868");
+  EXPECT_EQ(user.focus(), L"ran_payee_postal");
+}
+
 TEST_F(InternationalTest, LeavingTheDialogDecidesNothing) {
   for (const wchar_t* list : {L"cmbCurrencyCode", L"ran_payee_country"}) {
     host.events.clear();
