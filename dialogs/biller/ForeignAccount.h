@@ -1,9 +1,11 @@
 // The two numbers of a foreign bank account as the record keeps them.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "component/Store.h"
+#include "platform/Text.h"
 
 namespace nv {
 
@@ -12,12 +14,15 @@ struct ForeignAccount {
   std::wstring account;
 };
 
-/// Of a bank of the United States the account field holds the 9-digit routing number followed by the account, while the
-/// field for the SWIFT code is empty; otherwise the two are kept apart.
+/// Of a bank of the United States the account field holds the 9-digit routing number followed by the account, unless
+/// the routing number stands in the field for the SWIFT code, where accepting such a biller puts it. Otherwise the two
+/// are kept apart.
 inline ForeignAccount foreignAccount(const Store& store) {
   constexpr std::size_t routingNumberLength = 9;
   const std::wstring& account = store.PayeeFXBankAccount;
-  const bool joined = store.PayeeFXBankCountry == L"US" && store.PayeeFXBankSwift.empty();
+  const std::wstring& swift = store.PayeeFXBankSwift;
+  const bool apart = swift.size() == routingNumberLength && std::ranges::all_of(swift, isDigit);
+  const bool joined = store.PayeeFXBankCountry == L"US" && !apart;
   if (!joined) return {store.PayeeFXBankSwift, account};
   return {account.substr(0, routingNumberLength),
           account.size() > routingNumberLength ? account.substr(routingNumberLength) : std::wstring()};

@@ -356,12 +356,19 @@ TEST_F(AcceptanceTest, ADoubtfulAccountIsTypedTwice) {
   ok(L"txtAccountConf", L"999");
   user.type(L"\b12345678");
   ok(L"txtTransitConf", L"99999");
-  put(user, L"txtTransitConf", L" 12345 ");
+  put(user, L"txtTransitConf", L"12345");
   ok(L"txtBankIDConf", L"999");
   put(user, L"txtBankIDConf", L"001");
   user.type(L"txtAccount", L"\b9");  // seen in clear again, and no longer what was confirmed
   EXPECT_FALSE(user.masked(L"txtAccount"));
   ok(L"txtAccountConf", L"12345678");
+  put(user, L"txtAccountConf", L"12345679 ");
+  ok(L"txtTransitConf");
+  for (const wchar_t* name : {L"txtTransitConf", L"txtBankIDConf", L"txtAccountConf"}) {
+    EXPECT_EQ(user.text(name), L"") << "a difference in blanks alone begins anew";
+  }
+  put(user, L"txtTransitConf", L"12345");
+  put(user, L"txtBankIDConf", L"001");
   put(user, L"txtAccountConf", L"12345679");
   accepts(user);
   EXPECT_EQ(component.store.PayeeBankAccount, L"12345679");
