@@ -10,10 +10,6 @@ namespace nv::Random {
 
 namespace {
 
-bool isDigit(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
-
 /// The general number test: an optional sign, digits with group separators, at most one decimal point, an exponent.
 bool isNumeric(std::wstring_view text) {
   std::size_t at = 0;

@@ -112,7 +112,7 @@ Action readUnload(Tokens&) {
 
 using enum Command::Place;
 
-constexpr Command commands[] = {
+constexpr Command hostTable[] = {
     {L"let", L"let PROPERTY VALUE", anywhere, readLet},
     {L"expect", L"expect PROPERTY VALUE", anywhere, readExpect},
     {L"new", L"new INSTANCE", anywhere, readInstance<&Player::createBiller>},
@@ -128,7 +128,7 @@ constexpr Command commands[] = {
 }  // namespace
 
 std::span<const Command> hostCommands() {
-  return commands;
+  return hostTable;
 }
 
 }  // namespace nv::host

@@ -107,7 +107,7 @@ Action readExpectClipboard(Tokens& tokens) {
 
 using enum Command::Place;
 
-constexpr Command commands[] = {
+constexpr Command installationTable[] = {
     {L"file", L"file \"FILE\" has \"LINE\" | is MODELFILE | absent", anywhere, readFile},
     {L"write", L"write \"FILE\" \"TEXT\"", anywhere, readWrite},
     {L"copy", L"copy \"FROM\" \"TO\"", anywhere, readCopy},
@@ -123,7 +123,7 @@ constexpr Command commands[] = {
 }  // namespace
 
 std::span<const Command> installationCommands() {
-  return commands;
+  return installationTable;
 }
 
 }  // namespace nv::host

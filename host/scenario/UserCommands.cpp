@@ -146,7 +146,7 @@ Action readShot(Tokens& tokens) {
 
 using enum Command::Place;
 
-constexpr Command commands[] = {
+constexpr Command userTable[] = {
     {L"type", L"type [CONTROL] \"TEXT\"", inBlock, readType},
     {L"clear", L"clear CONTROL", inBlock, readClear},
     {L"key", L"key KEY...", inBlock, readKey},
@@ -165,7 +165,7 @@ constexpr Command commands[] = {
 }  // namespace
 
 std::span<const Command> userCommands() {
-  return commands;
+  return userTable;
 }
 
 }  // namespace nv::host

@@ -91,7 +91,7 @@ class MessageBuffer {
 
  private:
   static constexpr std::ptrdiff_t size = 256;
-  static constexpr std::ptrdiff_t room = 64 * 1024;
+  static constexpr std::ptrdiff_t room = 65536;
   static constexpr std::ptrdiff_t guard = 64;
   static constexpr char guardByte = '\x5A';
 
