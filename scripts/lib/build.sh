@@ -1,16 +1,28 @@
-# Building. To be sourced; needs $root (the checkout).
+# Building. To be sourced; needs $root (the checkout). Scripts that run at the same time wait here for each other.
 
-# build PRESET [TARGET...]: configures and builds quietly; on a failure shows what was said and ends the script.
-build() {
-  local preset=$1 log begin=$SECONDS
+# quietly PRESET COMMAND...: runs the command, alone in the preset's build; on a failure shows what was said and ends the
+# script.
+quietly() {
+  local preset=$1 log=$root/build/$1.log
   shift
   mkdir -p "$root/build"
-  log=$root/build/$preset.log
-  echo "building $preset" >&2
-  if ! { cmake -S "$root" --preset "$preset" && cmake --build "$root/build/$preset" ${*:+--target "$@"}; } >"$log" 2>&1; then
+  if ! flock "$root/build/$preset.lock" "$@" >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     echo "building $preset failed; all of it in $log" >&2
     exit 1
   fi
+}
+
+configure() {
+  quietly "$1" cmake -S "$root" --preset "$1"
+}
+
+# build PRESET [TARGET...]
+build() {
+  local preset=$1 begin=$SECONDS
+  shift
+  echo "building $preset" >&2
+  configure "$preset"
+  quietly "$preset" cmake --build "$root/build/$preset" ${*:+--target "$@"}
   echo "built $preset in $((SECONDS - begin)) s" >&2
 }

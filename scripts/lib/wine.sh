@@ -45,5 +45,6 @@ use_wineserver() {
 leave_wine() {
   [ -n "${WINEPREFIX:-}" ] && wineserver -k >/dev/null 2>&1
   [ -n "${display_pid:-}" ] && kill "$display_pid" 2>/dev/null
+  display_pid=
   return 0
 }
