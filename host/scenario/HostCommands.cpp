@@ -95,12 +95,18 @@ Action readSize(Tokens&) {
       if ((GetWindowLongW(dialog, GWL_STYLE) & WS_CAPTION) == WS_CAPTION) throw Failure(L"the window has a caption");
       RECT inside{};
       GetClientRect(dialog, &inside);
-      const SIZE seen{toTwips(inside.right, dialog), toTwips(inside.bottom, dialog)};
-      if (told.cx <= 0 || told.cy <= 0 || told.cx != seen.cx || told.cy != seen.cy) {
+      if (told.cx <= 0 || told.cy <= 0 || toPixels(told.cx, dialog) != inside.right ||
+          toPixels(told.cy, dialog) != inside.bottom) {
+        const SIZE seen{toTwips(inside.right, dialog), toTwips(inside.bottom, dialog)};
         differ(L"the window to be " + shown(told) + L" as Get_Width and Get_Height tell", shown(seen));
       }
     });
   };
+}
+
+Action readInclude(Tokens& tokens) {
+  const std::wstring file = tokens.word();
+  return [=](Player& player, const Statement&) { player.include(file); };
 }
 
 Action readUnload(Tokens&) {
@@ -123,6 +129,7 @@ constexpr Command hostTable[] = {
     {L"events", L"events none | EVENT...", anywhere, readEvents},
     {L"size", L"size", anywhere, readSize},
     {L"unload", L"unload", anywhere, readUnload},
+    {L"include", L"include FILE", anywhere, readInclude},
 };
 
 }  // namespace

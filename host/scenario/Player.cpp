@@ -36,12 +36,12 @@ void differ(const std::wstring& expected, const std::wstring& seen) {
 Player::Player(Surroundings surroundings)
     : surroundings_(std::move(surroundings)),
       installation_(surroundings_.installation, surroundings_.standIns),
-      user_(thread_) {}
+      user_(thread_),
+      file_(surroundings_.scenario.filename()) {}
 
 std::optional<std::wstring> Player::play() {
   try {
-    const auto statements = parseScript(readUtf8(surroundings_.scenario),
-                                        {{L"root", installation_.root()}, {L"folder", installation_.folder()}});
+    const auto statements = read(surroundings_.scenario);
     begin();
     play(statements);
     finish();
@@ -51,6 +51,7 @@ std::optional<std::wstring> Player::play() {
   } catch (const HostError& error) {
     return report(error.shown());
   } catch (const ScriptError& error) {
+    file_ = error.file;
     line_ = error.line;
     return report(error.text);
   }
@@ -97,7 +98,7 @@ void Player::finish() {
 }
 
 std::wstring Player::position() const {
-  std::wstring text = surroundings_.scenario.filename().wstring() + L": ";
+  std::wstring text = file_ + L": ";
   if (line_ > 0) text.insert(text.size() - 1, std::to_wstring(line_) + L":");
   if (!source_.empty()) text += source_ + L": ";
   return text;
@@ -105,8 +106,18 @@ std::wstring Player::position() const {
 
 // Statements
 
+std::vector<Statement> Player::read(const std::filesystem::path& file) const {
+  return parseScript(readUtf8(file), file.filename(),
+                     {{L"root", installation_.root()}, {L"folder", installation_.folder()}});
+}
+
+void Player::include(const std::filesystem::path& file) {
+  play(read(surroundings_.scenario.parent_path() / file));
+}
+
 void Player::play(std::span<const Statement> statements) {
   for (const Statement& statement : statements) {
+    file_ = statement.file;
     line_ = statement.line;
     source_ = statement.source;
     play(statement);
@@ -200,6 +211,7 @@ std::size_t Player::answerEarlyMessages(const Statement& statement, const std::f
 
 void Player::playBlock(const Statement& statement, std::size_t from) {
   play(std::span(statement.block).subspan(from));
+  file_ = statement.file;
   line_ = statement.endLine;
   source_ = L"end";
 }

@@ -48,6 +48,9 @@ class Player {
   /// The line that is being played, as "file:line: text: ".
   std::wstring position() const;
 
+  /// Plays the lines of another file, which stands beside the scenario.
+  void include(const std::filesystem::path& file);
+
   // For the commands. Failures are Failure and HostError.
 
   User& user() { return user_; }
@@ -87,6 +90,7 @@ class Player {
     std::unique_ptr<HostWindow> window;
   };
 
+  std::vector<Statement> read(const std::filesystem::path& file) const;
   void begin();
   void play(std::span<const Statement> statements);
   void play(const Statement& statement);
@@ -119,6 +123,7 @@ class Player {
   int showing_ = 0;  // how many shows are up, one inside the other
   LONG result_ = 0;
 
+  std::wstring file_;
   int line_ = 0;
   std::wstring source_;
 };

@@ -12,8 +12,8 @@ namespace {
 
 class Parser {
  public:
-  Parser(std::vector<std::wstring> lines, const std::vector<Substitution>& substitutions)
-      : lines_(std::move(lines)), substitutions_(substitutions) {}
+  Parser(std::vector<std::wstring> lines, std::wstring file, const std::vector<Substitution>& substitutions)
+      : lines_(std::move(lines)), file_(std::move(file)), substitutions_(substitutions) {}
 
   std::vector<Statement> parse() {
     auto statements = block(false);
@@ -22,7 +22,7 @@ class Parser {
   }
 
  private:
-  [[noreturn]] void fail(std::wstring text) const { throw ScriptError{line_, std::move(text)}; }
+  [[noreturn]] void fail(std::wstring text) const { throw ScriptError{file_, line_, std::move(text)}; }
 
   /// Reads lines up to the end of the file or, `inside` a block, up to the line `end`, which is left.
   std::vector<Statement> block(bool inside) {
@@ -58,6 +58,7 @@ class Parser {
       fail(name + L" acts on a dialog: it belongs between a show and its end");
     }
     Statement statement;
+    statement.file = file_;
     statement.line = line_;
     statement.source = lines_[next_].substr(lines_[next_].find_first_not_of(L" \t"));
     statement.facesMessageBox = command->place == Command::Place::atMessageBox;
@@ -86,6 +87,7 @@ class Parser {
   }
 
   std::vector<std::wstring> lines_;
+  std::wstring file_;
   const std::vector<Substitution>& substitutions_;
   std::size_t next_ = 0;
   int line_ = 0;
@@ -93,10 +95,11 @@ class Parser {
 
 }  // namespace
 
-std::vector<Statement> parseScript(std::wstring_view text, const std::vector<Substitution>& substitutions) {
+std::vector<Statement> parseScript(std::wstring_view text, const std::wstring& file,
+                                   const std::vector<Substitution>& substitutions) {
   constexpr std::wstring_view byteOrderMark = L"\xFEFF";
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  return Parser(splitLines(text), substitutions).parse();
+  return Parser(splitLines(text), file, substitutions).parse();
 }
 
 const Command* findCommand(std::wstring_view name) {

@@ -24,6 +24,7 @@ struct ExpectedError {
 };
 
 struct Statement {
+  std::wstring file;  // name of the file that it stands in
   int line = 0;
   std::wstring source;  // as written
   Action action;
@@ -37,11 +38,14 @@ struct Statement {
 
 /// A line that cannot be understood.
 struct ScriptError {
+  std::wstring file;
   int line;
   std::wstring text;
 };
 
-/// Reads a scenario. Fails with ScriptError at the first line that is wrong.
-std::vector<Statement> parseScript(std::wstring_view text, const std::vector<Substitution>& substitutions);
+/// Reads a scenario, or a file that one includes. Fails with ScriptError at the first line that is wrong.
+/// @param file its name, for reports.
+std::vector<Statement> parseScript(std::wstring_view text, const std::wstring& file,
+                                   const std::vector<Substitution>& substitutions);
 
 }  // namespace nv::host

@@ -25,7 +25,7 @@ Value valueOf(std::wstring_view text) {
 
 std::string complaintAbout(std::wstring_view script) {
   try {
-    parseScript(script, substitutions);
+    parseScript(script, L"a.scenario", substitutions);
     return "none";
   } catch (const ScriptError& error) {
     return std::to_string(error.line) + ": " + narrow(error.text);
@@ -58,8 +58,9 @@ TEST(Script, GroupsTheLinesOfAShow) {
       L"  end\n"
       L"end\n"
       L"result 0",
-      substitutions);
+      L"a.scenario", substitutions);
   ASSERT_EQ(script.size(), 3U);
+  EXPECT_EQ(script[0].file, L"a.scenario");
   EXPECT_EQ(script[0].line, 2);
   EXPECT_EQ(script[0].error->number, 9);
   EXPECT_FALSE(script[0].error->description);
