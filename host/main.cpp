@@ -62,7 +62,8 @@ int run(std::vector<std::wstring> arguments) {
   folders.installation = folders.build / L"host" / L"installation";
   if (arguments.empty()) throw Failure(usage);
   const std::wstring command = arguments[0];
-  const std::vector<std::filesystem::path> files(arguments.begin() + 1, arguments.end());
+  std::vector<std::filesystem::path> files;
+  for (std::size_t i = 1; i < arguments.size(); ++i) files.push_back(std::filesystem::absolute(arguments[i]));
 
   if (command == L"show" && files.size() <= 1) {
     const Apartment apartment(COINIT_APARTMENTTHREADED);

@@ -43,6 +43,7 @@ Installation::Installation(fs::path root, fs::path standIns) : root_(std::move(r
   setSampleCountries();
   restoreVerifier();
   SetEnvironmentVariableW(installationVariable, this->root().c_str());
+  SetCurrentDirectoryW(root_.c_str());
 }
 
 Installation::~Installation() {
