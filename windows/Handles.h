@@ -88,6 +88,13 @@ struct HookTraits {
 };
 using Hook = Unique<HookTraits>;
 
+struct ThemeTraits {
+  using Value = HTHEME;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) { CloseThemeData(value); }
+};
+using Theme = Unique<ThemeTraits>;
+
 struct IconTraits {
   using Value = HICON;
   static Value invalid() { return nullptr; }

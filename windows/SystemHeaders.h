@@ -9,4 +9,6 @@
 #include <oleauto.h>
 #include <olectl.h>
 #include <shellapi.h>
+#include <uxtheme.h>
+#include <vssym32.h>
 #include <windowsx.h>

@@ -9,9 +9,15 @@ namespace {
 constexpr UINT workMessage = WM_APP;
 constexpr UINT checkMessage = WM_APP + 1;
 constexpr UINT_PTR restTimer = 1;
+constexpr UINT systemTimer = 0x0118;  // WM_SYSTIMER
 
 /// The object of the thread that asks; its hooks have no other way to it.
 thread_local UiThread* running = nullptr;
+
+/// Carets, and the question whether the mouse has left a window, go on for ever and are no work.
+bool isWork(UINT message) {
+  return message != systemTimer && message != WM_NCHITTEST;
+}
 
 bool isPress(UINT message) {
   switch (message) {
@@ -179,6 +185,7 @@ void UiThread::checkRest() {
 }
 
 void UiThread::retrieved(const MSG& message) {
+  if (!isWork(message.message)) return;
   const bool isInput = (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) ||
                        (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
                        (message.message >= WM_NCMOUSEMOVE && message.message <= WM_NCXBUTTONDBLCLK);
@@ -202,7 +209,7 @@ LRESULT CALLBACK UiThread::onRetrieved(int code, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK UiThread::onHandled(int code, WPARAM wParam, LPARAM lParam) {
-  if (code == HC_ACTION) running->change([] {});
+  if (code == HC_ACTION && isWork(reinterpret_cast<const CWPRETSTRUCT*>(lParam)->message)) running->change([] {});
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 

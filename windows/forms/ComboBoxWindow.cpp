@@ -55,7 +55,7 @@ class ComboBoxWindow final : public ControlWindow {
   void place() {
     const RECT place = lineArea();
     const int height = place.bottom - place.top;
-    const int border = GetSystemMetrics(SM_CYEDGE) + 1;
+    const int border = systemMetric(SM_CYEDGE, owner().scale().dpi()) + 1;
     SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - 2 * border);
     const int row = static_cast<int>(SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
     SetWindowPos(window(), nullptr, place.left, place.top, place.right - place.left, height + droppedRows * row,

@@ -50,25 +50,52 @@ void DropDownListWindow::apply(Aspect aspect) {
 RECT DropDownListWindow::buttonArea() const {
   RECT area;
   GetClientRect(window(), &area);
-  area.left = std::max<LONG>(area.left, area.right - GetSystemMetrics(SM_CXVSCROLL));
+  area.left = std::max<LONG>(area.left, area.right - systemMetric(SM_CXVSCROLL, owner().scale().dpi()));
   return area;
 }
 
 void DropDownListWindow::placeText() {
   RECT area;
   GetClientRect(window(), &area);
-  constexpr int inner = 1;  // a text box's text stands so far below its edge
-  SetWindowPos(text_.window(), nullptr, 0, inner, buttonArea().left, area.bottom - inner,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  // An edit window without an edge keeps its text at its top; ours stands in the middle, as in the other fields.
+  const int top = std::max<int>(0, (area.bottom - owner().lineHeight(list_.font())) / 2);
+  SetWindowPos(text_.window(), nullptr, 0, top, buttonArea().left, area.bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// How the parts of the system's combo boxes look that are drawn here; each part has the same four states.
+int DropDownListWindow::themedState() const {
+  if (!list_.enabled()) return CBXS_DISABLED;
+  return popup_.open() ? CBXS_PRESSED : CBXS_NORMAL;
 }
 
 void DropDownListWindow::paint(HDC context) {
-  RECT all;
-  GetClientRect(window(), &all);
-  FillRect(context, &all, owner().brush(list_.enabled() ? list_.backColor() : forms::colours::buttonFace));
+  RECT area;
+  GetClientRect(window(), &area);
+  FillRect(context, &area, owner().brush(background()));
   RECT button = buttonArea();
+  if (const Theme theme(OpenThemeData(window(), VSCLASS_COMBOBOX)); theme) {
+    DrawThemeBackground(theme.get(), context, CP_DROPDOWNBUTTONRIGHT, themedState(), &button, nullptr);
+    return;
+  }
   const UINT state = (list_.enabled() ? 0U : DFCS_INACTIVE) | (popup_.open() ? DFCS_PUSHED : 0U);
   DrawFrameControl(context, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | state);
+}
+
+/// The edge as the current visual style has it, over that of the system.
+void DropDownListWindow::paintEdge() {
+  const Theme theme(OpenThemeData(window(), VSCLASS_COMBOBOX));
+  if (!theme) return;
+  RECT whole;
+  RECT inside;
+  GetWindowRect(window(), &whole);
+  GetClientRect(window(), &inside);
+  MapWindowPoints(window(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
+  OffsetRect(&inside, -whole.left, -whole.top);
+  OffsetRect(&whole, -whole.left, -whole.top);
+  const HDC context = GetWindowDC(window());
+  ExcludeClipRect(context, inside.left, inside.top, inside.right, inside.bottom);
+  DrawThemeBackground(theme.get(), context, CP_BORDER, themedState(), &whole, nullptr);
+  ReleaseDC(window(), context);
 }
 
 LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -85,6 +112,11 @@ LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPA
   switch (message) {
     case WM_ERASEBKGND:
       return TRUE;
+    case WM_NCPAINT: {
+      const LRESULT painted = ControlWindow::handle(window, message, wparam, lparam);
+      paintEdge();
+      return painted;
+    }
     case WM_PRINTCLIENT:
       paint(reinterpret_cast<HDC>(wparam));
       return 0;

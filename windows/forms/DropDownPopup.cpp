@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "windows/Instance.h"
+#include "windows/Surroundings.h"
 #include "windows/forms/DropDownListWindow.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
@@ -19,6 +20,7 @@ thread_local DropDownPopup* openPopup = nullptr;
 }  // namespace
 
 void DropDownPopup::create() {
+  const CurrentControls controls;
   const HWND root = GetAncestor(owner_.window(), GA_ROOT);
   popup_ =
       CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, dropDownPopupClass, L"",
@@ -78,9 +80,10 @@ void DropDownPopup::show(const RECT& anchor, HFONT font) {
 
   const int rows = std::clamp(static_cast<int>(list_.rows().size()), 1, mostVisibleRows);
   const bool scrolls = list_.rows().size() > static_cast<std::size_t>(mostVisibleRows);
-  const int border = 2 * GetSystemMetrics(SM_CXBORDER);
+  const int dpi = owner_.owner().scale().dpi();
+  const int border = 2 * systemMetric(SM_CXBORDER, dpi);
   const int width =
-      std::max<int>(anchor.right - anchor.left, columns + border + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0));
+      std::max<int>(anchor.right - anchor.left, columns + border + (scrolls ? systemMetric(SM_CXVSCROLL, dpi) : 0));
   int height = heightOf(rows) + border;
 
   MONITORINFO monitor{};

@@ -54,8 +54,10 @@ SIZE sizeOf(const RECT& rect) {
 
 FormWindow::FormWindow(forms::Form& form, Palette& palette) : form_(form), palette_(palette) {
   const HWND owner = embedded() ? nullptr : hostWindow();
-  CreateWindowExW(extendedStyleOf(form), formClass, form.caption().c_str(), styleOf(form), 0, 0, 0, 0, owner, nullptr,
-                  moduleInstance(), this);
+  // On the screen of its owner from the start: the dpi is asked of the window.
+  const RECT work = workAreaOf(owner);
+  CreateWindowExW(extendedStyleOf(form), formClass, form.caption().c_str(), styleOf(form), work.left, work.top, 0, 0,
+                  owner, nullptr, moduleInstance(), this);
   if (window_ == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
   try {
     scale_ = Scale(dpiOf(window_));
@@ -186,15 +188,15 @@ void FormWindow::arrange(bool centre) {
     return;
   }
   RECT frame{0, 0, content.cx, content.cy};
-  AdjustWindowRectEx(&frame, styleOf(form_), FALSE, extendedStyleOf(form_));
+  addFrame(frame, styleOf(form_), extendedStyleOf(form_), scale_.dpi());
   SIZE outer = sizeOf(frame);
 
   const HWND owner = GetWindow(window_, GW_OWNER);
   const RECT work = workAreaOf(owner == nullptr ? window_ : owner);
   const SIZE room = sizeOf(work);
   // What does not fit is reached by scrolling; a bar along one side takes its width from the other.
-  if (outer.cy > room.cy) outer.cx += GetSystemMetrics(SM_CXVSCROLL);
-  if (outer.cx > room.cx) outer.cy += GetSystemMetrics(SM_CYHSCROLL);
+  if (outer.cy > room.cy) outer.cx += systemMetric(SM_CXVSCROLL, scale_.dpi());
+  if (outer.cx > room.cx) outer.cy += systemMetric(SM_CYHSCROLL, scale_.dpi());
   outer.cx = std::min(outer.cx, room.cx);
   outer.cy = std::min(outer.cy, room.cy);
 
@@ -406,9 +408,13 @@ LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_ERASEBKGND:
       paintBackground(reinterpret_cast<HDC>(wparam));
       return TRUE;
-    case messageDpiChanged:
+    case messageDpiChanged: {
+      // The place that the system proposes stays on the new screen.
+      const RECT& proposed = *reinterpret_cast<const RECT*>(lparam);
+      SetWindowPos(window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
       rescale(HIWORD(wparam));
       return 0;
+    }
     case messageDpiChangedAfterParent:
       rescale(dpiOf(window));
       return 0;

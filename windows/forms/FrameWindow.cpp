@@ -35,6 +35,7 @@ class FrameWindow final : public ControlWindow {
       case WM_NCHITTEST:
         return HTCLIENT;  // a group box lets clicks through to the window behind it
       case WM_ENABLE:
+      case WM_MOUSEMOVE:
         return 0;  // its look does not change
       case WM_SETTEXT:
         return DefWindowProcW(window, message, wparam, lparam);

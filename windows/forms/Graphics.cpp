@@ -1,14 +1,12 @@
 #include "windows/forms/Graphics.h"
 
 #include "windows/Instance.h"
+#include "windows/SystemFunction.h"
 
 namespace nv::windows {
 
 int dpiOf(HWND window) {
-  // Known to newer systems only.
-  using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
-  static const auto getDpiForWindow = reinterpret_cast<GetDpiForWindowFunction>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  static const auto getDpiForWindow = systemFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
   if (getDpiForWindow != nullptr) {
     const UINT dpi = getDpiForWindow(window);
     if (dpi != 0) return static_cast<int>(dpi);
@@ -17,6 +15,21 @@ int dpiOf(HWND window) {
   const int dpi = GetDeviceCaps(context, LOGPIXELSX);
   ReleaseDC(window, context);
   return dpi;
+}
+
+int systemMetric(int index, int dpi) {
+  static const auto metricForDpi = systemFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
+  return metricForDpi == nullptr ? GetSystemMetrics(index) : metricForDpi(index, static_cast<UINT>(dpi));
+}
+
+void addFrame(RECT& inside, DWORD style, DWORD extendedStyle, int dpi) {
+  using AdjustForDpi = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+  static const auto adjustForDpi = systemFunction<AdjustForDpi>("AdjustWindowRectExForDpi");
+  if (adjustForDpi == nullptr) {
+    AdjustWindowRectEx(&inside, style, FALSE, extendedStyle);
+  } else {
+    adjustForDpi(&inside, style, FALSE, extendedStyle, static_cast<UINT>(dpi));
+  }
 }
 
 COLORREF rgb(forms::Colour colour) {

@@ -12,6 +12,10 @@ namespace nv::windows {
 
 /// Dots per inch at which a window is drawn, by its monitor where the system tells that, else by its screen.
 int dpiOf(HWND window);
+/// One of GetSystemMetrics' measures, in pixels at that dpi.
+int systemMetric(int index, int dpi);
+/// Widens the inside of a window, in pixels, by its frame.
+void addFrame(RECT& inside, DWORD style, DWORD extendedStyle, int dpi);
 
 /// Turns twips into pixels and back at a given dpi. Edges are converted, not sizes, so that what touches in twips
 /// touches in pixels.

@@ -1,5 +1,7 @@
 #include "windows/forms/WindowsWidgetset.h"
 
+#include <optional>
+
 #include "forms/Button.h"
 #include "forms/ComboBox.h"
 #include "forms/DropDownList.h"
@@ -7,6 +9,7 @@
 #include "forms/Image.h"
 #include "forms/Label.h"
 #include "forms/Toggle.h"
+#include "windows/Surroundings.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
@@ -14,7 +17,11 @@
 namespace nv::windows {
 
 std::unique_ptr<forms::FormPeer> WindowsWidgetset::realise(forms::Form& form) {
+  const CurrentControls controls;
   registerWindowClasses();
+  // An embedded form is the host's child, and follows its dpi.
+  std::optional<ScreenDpi> dpi;
+  if (form.border() == forms::Border::dialog) dpi.emplace();
   return std::make_unique<FormWindow>(form, palette_);
 }
 

@@ -1,0 +1,99 @@
+// What the DLL says of itself, and what its windows are made of in a host that asks for nothing.
+#include "tests/windows/Server.h"
+#include "windows/SystemFunction.h"
+
+namespace nv::windows::test {
+
+TEST(Version, IsThatOfTheProject) {
+  const std::wstring path = serverPath();
+  std::vector<char> block(GetFileVersionInfoSizeW(path.c_str(), nullptr));
+  ASSERT_FALSE(block.empty());
+  ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+  void* value = nullptr;
+  UINT size = 0;
+  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &value, &size));
+  const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(value);
+  const std::wstring numbers = std::to_wstring(HIWORD(fixed.dwFileVersionMS)) + L"." +
+                               std::to_wstring(LOWORD(fixed.dwFileVersionMS)) + L"." +
+                               std::to_wstring(HIWORD(fixed.dwFileVersionLS));
+  EXPECT_EQ(numbers, L"" NV_VERSION);
+  ASSERT_TRUE(
+      VerQueryValueW(block.data(), const_cast<wchar_t*>(L"\\StringFileInfo\\040904B0\\ProductVersion"), &value, &size));
+  EXPECT_STREQ(static_cast<const wchar_t*>(value), L"" NV_VERSION);
+}
+
+namespace {
+
+/// An object whose dialog opens without a word: there is a country file.
+class Resources : public ::testing::Test {
+ protected:
+  Resources() {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    countries_ = std::wstring(folder) + L"FXCountries";
+    const FileHandle file(
+        CreateFileW(countries_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    object = Server::get().create();
+    putText(object.get(), &_ClsRandom::put_DLLPath, folder);
+  }
+  ~Resources() override { DeleteFileW(countries_.c_str()); }
+
+ private:
+  Apartment apartment_;
+  std::wstring countries_;
+
+ protected:
+  ComPtr<_ClsRandom> object;
+};
+
+/// Those of version 6 know a text to show in an empty field.
+bool isCurrent(HWND edit) {
+  return SendMessageW(edit, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(L"cue")) != FALSE;
+}
+
+HANDLE awarenessOfDialog = nullptr;
+
+/// Notes what a dialog knows of its dpi as soon as it is active, and closes it.
+LRESULT CALLBACK lookWhenActive(int code, WPARAM wparam, LPARAM lparam) {
+  const HWND window = reinterpret_cast<HWND>(wparam);
+  if (code == HCBT_ACTIVATE && GetPropW(window, L"NVRandom.Name") != nullptr) {
+    awarenessOfDialog = systemFunction<HANDLE(WINAPI*)(HWND)>("GetWindowDpiAwarenessContext")(window);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  }
+  return CallNextHookEx(nullptr, code, wparam, lparam);
+}
+
+}  // namespace
+
+/// This program has no manifest: its own controls are the old ones, before and after.
+TEST_F(Resources, WindowsUseTheCurrentControlsInAnyHost) {
+  const auto hostsEdit = [] {
+    return CreateWindowW(L"EDIT", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+  };
+  const HWND before = hostsEdit();
+  EXPECT_FALSE(isCurrent(before));
+  long dialog = 0;
+  ASSERT_EQ(S_OK, object->Get_hWnd(&dialog));
+  EXPECT_TRUE(isCurrent(findControl(reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog)), L"ran_payee_street")));
+  const HWND after = hostsEdit();
+  EXPECT_FALSE(isCurrent(after));
+  DestroyWindow(before);
+  DestroyWindow(after);
+}
+
+/// A dialog of its own knows the dpi of its screen, whatever the host knows, and the host goes on as it was.
+TEST_F(Resources, ModalDialogsKnowTheirScreensDpi) {
+  const auto ofThread = systemFunction<HANDLE(WINAPI*)()>("GetThreadDpiAwarenessContext");
+  const auto awareness = systemFunction<int(WINAPI*)(HANDLE)>("GetAwarenessFromDpiAwarenessContext");
+  if (ofThread == nullptr || awareness == nullptr) GTEST_SKIP() << "a system without a dpi by screen";
+  constexpr int perMonitor = 2;  // DPI_AWARENESS_PER_MONITOR_AWARE
+  const int before = awareness(ofThread());
+  ASSERT_NE(perMonitor, before);
+  long result = 0;
+  const Hook hook(SetWindowsHookExW(WH_CBT, lookWhenActive, nullptr, GetCurrentThreadId()));
+  ASSERT_EQ(S_OK, object->ShowForm(&result));
+  EXPECT_EQ(perMonitor, awareness(awarenessOfDialog));
+  EXPECT_EQ(before, awareness(ofThread()));
+}
+
+}  // namespace nv::windows::test

@@ -1,0 +1,35 @@
+// What the component's windows are made in, whatever the host is like: the current common controls, which the DLL's
+// manifest asks for, and awareness of the dpi of the screen that a dialog stands on. Each lasts as long as its object.
+#pragma once
+
+#include "windows/SystemHeaders.h"
+
+namespace nv::windows {
+
+/// Controls made meanwhile are those that the DLL's manifest names. Where that is not possible, they are the host's.
+class CurrentControls {
+ public:
+  CurrentControls();
+  ~CurrentControls();
+  CurrentControls(const CurrentControls&) = delete;
+  CurrentControls& operator=(const CurrentControls&) = delete;
+
+ private:
+  bool active_ = false;
+  ULONG_PTR cookie_ = 0;
+};
+
+/// Top-level windows made meanwhile know the dpi of their screen, and are told when it changes: Windows 10 1703 and
+/// later. On older systems, and for child windows, it is the host's awareness that counts.
+class ScreenDpi {
+ public:
+  ScreenDpi();
+  ~ScreenDpi();
+  ScreenDpi(const ScreenDpi&) = delete;
+  ScreenDpi& operator=(const ScreenDpi&) = delete;
+
+ private:
+  HANDLE before_ = nullptr;
+};
+
+}  // namespace nv::windows
