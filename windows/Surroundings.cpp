@@ -32,7 +32,14 @@ HANDLE setAwareness(HANDLE awareness) {
   static const auto set = systemFunction<SetThreadDpiAwareness>("SetThreadDpiAwarenessContext");
   return set == nullptr ? nullptr : set(awareness);
 }
-constexpr LONG_PTR perMonitorVersion2 = -4;  // DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2
+
+/// Awareness by screen, newest kind first: DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2 and its forerunner.
+HANDLE setScreenAwareness() {
+  for (const LONG_PTR kind : {-4, -3}) {
+    if (const HANDLE before = setAwareness(reinterpret_cast<HANDLE>(kind))) return before;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
@@ -45,7 +52,7 @@ CurrentControls::~CurrentControls() {
   if (active_) DeactivateActCtx(0, cookie_);
 }
 
-ScreenDpi::ScreenDpi() : before_(setAwareness(reinterpret_cast<HANDLE>(perMonitorVersion2))) {}
+ScreenDpi::ScreenDpi() : before_(setScreenAwareness()) {}
 
 ScreenDpi::~ScreenDpi() {
   if (before_ != nullptr) setAwareness(before_);

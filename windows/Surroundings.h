@@ -19,7 +19,7 @@ class CurrentControls {
   ULONG_PTR cookie_ = 0;
 };
 
-/// Top-level windows made meanwhile know the dpi of their screen, and are told when it changes: Windows 10 1703 and
+/// Top-level windows made meanwhile know the dpi of their screen, and are told when it changes: Windows 10 1607 and
 /// later. On older systems, and for child windows, it is the host's awareness that counts.
 class ScreenDpi {
  public:

@@ -4,6 +4,7 @@
 
 #include "forms/Frame.h"
 #include "windows/Instance.h"
+#include "windows/SystemFunction.h"
 #include "windows/ThreadWindows.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/WindowClasses.h"
@@ -340,6 +341,9 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wparam,
     auto* const self = static_cast<FormWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
     self->window_ = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    // The first systems that know a dpi by screen want to be asked for the frame, too.
+    static const auto scaleFrame = systemFunction<BOOL(WINAPI*)(HWND)>("EnableNonClientDpiScaling");
+    if (scaleFrame != nullptr) scaleFrame(window);
   }
   auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
