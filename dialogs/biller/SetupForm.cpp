@@ -268,6 +268,7 @@ void frmRandomInfo::Form_Activate() {
     fraBankInfo.setEnabled(false);
   }
   if (fraBankInfo.enabled() || Frame1.enabled()) ctHyperLink1.setEnabled(true);
+  if (readOnly_) cmd_ok.setFocus();  // "Close", not the help before it
 }
 
 // The kind of biller, and of payment
