@@ -129,7 +129,8 @@ class AccountVerifier final : public platform::AccountVerifier {
     if (GetErrorInfo(0, info.out()) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
       description = view(text.get());
     }
-    throw RuntimeError(result, std::move(description));
+    const bool classic = HRESULT_FACILITY(result) == FACILITY_CONTROL;  // the number of an automation language
+    throw RuntimeError(classic ? HRESULT_CODE(result) : result, std::move(description));
   }
 
   void put(HRESULT (STDMETHODCALLTYPE IAccountVerifier::*property)(BSTR), const std::wstring& value) {
