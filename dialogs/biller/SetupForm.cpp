@@ -268,7 +268,7 @@ void frmRandomInfo::Form_Activate() {
     fraBankInfo.setEnabled(false);
   }
   if (fraBankInfo.enabled() || Frame1.enabled()) ctHyperLink1.setEnabled(true);
-  if (readOnly_) cmd_ok.setFocus();  // "Close", not the help before it
+  if (!Frame1.enabled()) cmd_ok.setFocus();  // nothing is left but to close
 }
 
 // The kind of biller, and of payment
