@@ -46,8 +46,8 @@ const Texts address = {L"ran_payee_street", L"ran_payee_city", L"ran_payee_prov"
                        L"ran_payee_postal"};
 const Texts northAmerica = {L"txtPhoneCountryCode", L"ran_payee_ph_area",  L"ran_payee_phone",
                             L"txtFaxCountryCode",   L"ran_payee_fax_area", L"ran_payee_faxnumber"};
-const Texts abroad = {L"txtPhoneCountryCode", L"ran_Inter_payee_phone", L"txtFaxCountryCode",
-                      L"ran_inter_payee_faxnumber"};
+const Texts dialledAbroad = {L"txtPhoneCountryCode", L"ran_Inter_payee_phone", L"txtFaxCountryCode",
+                             L"ran_inter_payee_faxnumber"};
 const Texts web = {L"ran_payee_email", L"ran_payee_www", L"ran_payee_contact"};
 const Texts domesticBank = {L"txtTransit", L"txtBankID", L"txtAccount"};
 const Texts routing = {L"txtBankName", L"txtRoutingNumber", L"txtBankAccountNumber"};
@@ -74,12 +74,13 @@ std::vector<SetupFormTest::Mode> SetupFormTest::modes() {
            Texts{L"optCBusiness", L"txtBusinessNum", L"chkBNNotAvailable"} + domesticBank + buttons},
       {"domestic individual", [this](Store&) { individual(); }, title, L"Recipient Email Address",
        bank + domesticBank + cheque + bankMarks + Texts{L"lblAsterisk(2)", L"ran_payee_email", L"ran_payee_name"},
-       hidden + unitedStatesBank + foreign + address + currency + northAmerica + abroad + discounts + kind + note +
+       hidden + unitedStatesBank + foreign + address + currency + northAmerica + dialledAbroad + discounts + kind +
+           note +
            Texts{L"ran_payee_www", L"ran_payee_contact", L"lblAsterisk(0)", L"lblAsterisk(6)", L"lblCurrency",
                  L"Label3", L"Label19", L"Label20"},
        Texts{L"ran_payee_email"} + domesticBank + cheque + buttons},
       {"international", [this](Store& store) { international(), store.NVMemberType = L"B"; }, title, L"Email:",
-       address + currency + abroad + web + discounts + foreign + kind + marks,
+       address + currency + dialledAbroad + web + discounts + foreign + kind + marks,
        hidden + unitedStatesBank + cheque + bankMarks + bank + Texts{L"ran_payee_ph_area"},
        // From the country the focus goes straight to the telephone number, which is to be entered anew.
        Texts{L"ran_payee_street", L"ran_payee_city", L"ran_payee_prov", L"ran_payee_country", L"ran_Inter_payee_phone",
@@ -165,74 +166,6 @@ TEST_F(SetupFormTest, NothingOverlapsOrReachesOutOfItsFrame) {
   }
 }
 
-TEST_F(SetupFormTest, TheCountryAndCurrencyOnRecordAreChosenElseTheHosts) {
-  struct Case {
-    const wchar_t* mode;
-    const wchar_t* home;
-    const wchar_t* country;
-    const wchar_t* currency;
-    const wchar_t* seenCountry;
-    const wchar_t* countryRow;
-    const wchar_t* seenCurrency;
-  };
-  const Case cases[] = {
-      {L" ", L"CAD", L"CAN", L"CAD", L"CA", L"Canada;CA;1", L"CAD"},
-      {L" ", L"CAD", L" CAN ", L"", L"CA", L"Canada;CA;1", L"CAD"},
-      {L" ", L"USD", L"USA", L"", L"US", L"United States;US;1", L"USD"},
-      {L" ", L"CAD", L"FR", L"EUR", L"FR", L"France;FR;33", L"EUR"},
-      {L" ", L"USD", L"", L"GBP", L"CA", L"Canada;CA;1", L"GBP"},
-      {L"US", L"USD", L"", L"", L"US", L"United States;US;1", L"USD"},
-      {L"US", L"CAD", L"", L"", L"CA", L"Canada;CA;1", L"CAD"},
-      {L" ", L"CAD", L"ZZ", L"XXX", L"ZZ", L"", L"XXX"},  // in no list, and shown all the same
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.country << " in " << c.home);
-    look(
-        [&](Store& store) {
-          store.WhatKindOfBiller = c.mode;
-          store.CurrencyCodeFromMain = c.home;
-          store.PayeeCountry = c.country;
-          store.PayeeCurrency = c.currency;
-          store.PayeeProv = L"ZZ";
-        },
-        [&](User& user) {
-          EXPECT_EQ(user.text(L"ran_payee_country"), c.seenCountry);
-          EXPECT_EQ(user.row(L"ran_payee_country"), c.countryRow);
-          EXPECT_EQ(user.text(L"cmbCurrencyCode"), c.seenCurrency);
-          EXPECT_EQ(user.text(L"ran_payee_prov"), L"ZZ");
-          const bool zip = std::wstring(c.home) == L"USD";
-          EXPECT_EQ(user.caption(L"lblPostalCode"), zip ? L"Zip Code:" : L"Postal Code:");
-          EXPECT_EQ(user.caption(L"lblProvince"), zip ? L"State:" : L"Prov/State:");
-          const bool international = std::wstring(c.seenCurrency) != L"CAD";
-          EXPECT_EQ(user.enabled(L"fraBusinessNum"), !international);
-          const bool dialsAsHere = std::wstring(c.seenCountry) == L"CA" || std::wstring(c.seenCountry) == L"US";
-          EXPECT_EQ(user.visible(L"ran_payee_ph_area"), dialsAsHere);
-          EXPECT_EQ(user.visible(L"ran_inter_payee_faxnumber"), !dialsAsHere);
-        });
-  }
-}
-
-TEST_F(SetupFormTest, NumbersGoIntoTheFieldsInUse) {
-  look([](Store& store) { store.PayeePhoneCountryCode = store.PayeeFaxCountryCode = L""; },
-       [](User& user) {
-         EXPECT_EQ(user.text(L"ran_payee_fax_area"), L"613");
-         EXPECT_EQ(user.text(L"ran_Inter_payee_phone"), L"");
-         EXPECT_EQ(user.text(L"txtPhoneCountryCode"), L"1");
-         EXPECT_EQ(user.text(L"txtFaxCountryCode"), L"1");
-       });
-  look([this](Store& store) { international(), store.PayeeFaxCountryCode = L"41", bankAccount(); },
-       [](User& user) {
-         EXPECT_EQ(user.text(L"ran_Inter_payee_phone"), L"145678901");
-         EXPECT_EQ(user.text(L"ran_inter_payee_faxnumber"), L"145678902");
-         EXPECT_EQ(user.text(L"ran_payee_phone"), L"");
-         EXPECT_EQ(user.text(L"txtPhoneCountryCode"), L"33");
-         EXPECT_EQ(user.text(L"txtFaxCountryCode"), L"41");
-         EXPECT_EQ(user.text(L"txtAccount"), L"1234567") << "of the record, though out of sight";
-       });
-  look([this](Store& store) { bankAccount(), store.PayeeBankId.clear(); },
-       [](User& user) { EXPECT_EQ(user.text(L"txtAccount"), L"") << "without a bank there is no account"; });
-}
-
 TEST_F(SetupFormTest, TheBankOfTheUnitedStatesIsTakenApart) {
   struct Case {
     const wchar_t* country;
@@ -265,94 +198,6 @@ TEST_F(SetupFormTest, TheBankOfTheUnitedStatesIsTakenApart) {
   }
 }
 
-TEST_F(SetupFormTest, TheBankBlockIsForUsersWithPermission) {
-  struct Case {
-    const wchar_t* tag;
-    std::int16_t permission;
-    bool enabled;
-  };
-  for (const Case& c : {Case{L"2", flagTrue, true}, Case{L"2", flagFalse, false}, Case{L"1", flagFalse, true}}) {
-    look([&](Store& store) { store.PayeeIndBusnTag = c.tag, store.UserBankAcctPermission = c.permission; },
-         [&](User& user) { EXPECT_EQ(user.enabled(L"txtAccount"), c.enabled) << c.tag << c.permission; });
-  }
-}
-
-TEST_F(SetupFormTest, TheKindAndItsNumber) {
-  struct Case {
-    const wchar_t* flag;
-    const wchar_t* number;
-    bool business;
-    bool unavailable;
-    const wchar_t* seenNumber;
-    bool numberEnabled;
-  };
-  const Case cases[] = {
-      {L" ", L"", true, true, L"", false},
-      {L" ", L"         ", true, true, L"", false},
-      {L" ", L"123456782rt0001", true, false, L"123456782RT0001", true},
-      {L"X", L"123456782", true, false, L"123456782", true},
-      {L"X", L"", true, false, L"", true},  // the layout selects business where the record tells nothing
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.flag << c.number);
-    look([&](Store& store) { store.PayeeIndBussFlg = c.flag, store.PayeeBusinessNum = c.number; },
-         [&](User& user) {
-           EXPECT_EQ(user.checked(L"optCBusiness"), c.business);
-           EXPECT_EQ(user.checked(L"chkBNNotAvailable"), c.unavailable);
-           EXPECT_EQ(user.text(L"txtBusinessNum"), c.seenNumber);
-           EXPECT_EQ(user.enabled(L"txtBusinessNum"), c.numberEnabled);
-           EXPECT_EQ(user.seen(L"txtBusinessNum").backColor,
-                     c.numberEnabled ? forms::colours::windowBackground : forms::colours::buttonFace);
-         });
-  }
-  look([this](Store&) { individual(); },
-       [](User& user) {
-         EXPECT_TRUE(user.checked(L"optCIndividual"));
-         EXPECT_EQ(user.focus(), L"ran_payee_email");
-       });
-}
-
-TEST_F(SetupFormTest, DiscountsAreForMembersOfOneType) {
-  struct Case {
-    const wchar_t* member;
-    const wchar_t* discounts;
-    bool enabled;
-    bool checked;
-  };
-  for (const Case& c : {Case{L"B", L"1", true, true}, Case{L"B", L"0", true, false}, Case{L"B", L"", true, false},
-                        Case{L"A", L"1", false, false}, Case{L"", L"1", false, false}}) {
-    look([&](Store& store) { store.NVMemberType = c.member, store.PayeeDiscountsApply = c.discounts; },
-         [&](User& user) {
-           EXPECT_EQ(user.enabled(L"chkDiscountsApply"), c.enabled) << c.member;
-           EXPECT_EQ(user.checked(L"chkDiscountsApply"), c.checked) << c.member;
-         });
-  }
-}
-
-TEST_F(SetupFormTest, ActivationRestylesAndLeadsToTheStreet) {
-  component.store.FormStyle = 2;
-  User user = shown();
-  EXPECT_EQ(user.seen(L"lblStreet").backColor, forms::colours::white);
-  user.type(L"ran_payee_contact", L"X");
-  component.store.FormStyle = 1;
-  component.forms.setActive(nullptr);
-  user.activate();
-  EXPECT_EQ(user.seen(L"lblStreet").backColor, forms::colours::buttonFace);
-  EXPECT_EQ(user.focus(), L"ran_payee_street");
-}
-
-TEST_F(SetupFormTest, AnImportedBillerOfTheUnitedStatesOnlyFollowsItsLink) {
-  unitedStates();
-  component.store.PayeeFXBankCity = L"NEW YORK";
-  component.store.USBillPaymentURL = L"http://payments.example";
-  widgetset.whenModal([](User& user) {
-    EXPECT_FALSE(user.enabled(L"txtBankName"));
-    EXPECT_TRUE(user.enabled(L"cmd_ok"));
-    user.click(L"cmd_ok");
-  });
-  random.ShowForm_Import();
-}
-
 // The buttons that tell the kind
 
 TEST_F(SetupFormTest, ABusinessHasANumberOrNone) {
@@ -379,37 +224,6 @@ TEST_F(SetupFormTest, ABusinessHasANumberOrNone) {
   EXPECT_EQ(user.text(L"txtBusinessNum"), L"");
 }
 
-TEST_F(SetupFormTest, NotAvailableMeansABusiness) {
-  component.store.PayeeIndBussFlg = L"I";
-  User user = shown();
-  auto& unavailable = dynamic_cast<forms::CheckBox&>(user.control(L"chkBNNotAvailable"));
-  user.click(L"optCIndividual");
-  unavailable.setEnabled(true);
-  user.click(L"chkBNNotAvailable");
-  EXPECT_TRUE(user.checked(L"optCBusiness"));
-}
-
-TEST_F(SetupFormTest, EnterLeadsOnFromTheBoxesAndButtons) {
-  component.store.NVMemberType = L"B";
-  User user = shown();
-  for (const auto& [from, to] :
-       {std::pair{L"chkBNNotAvailable", L"txtTransit"}, std::pair{L"chkDiscountsApply", L"ran_payee_contact"}}) {
-    user.control(from).setFocus();
-    user.type(L"\r");
-    EXPECT_EQ(user.focus(), to);
-  }
-  for (const wchar_t* button : {L"optBusiness", L"optEmployee"}) {
-    user.control(button).setVisible(true);
-    user.control(button).setFocus();
-    user.type(L"\r");
-    EXPECT_EQ(user.focus(), L"txtTransit");
-  }
-  user.control(L"txtTransit").setEnabled(false);
-  user.control(L"optBusiness").setFocus();
-  user.type(L"\r");
-  EXPECT_EQ(user.focus(), L"cmd_ok");
-}
-
 TEST_F(SetupFormTest, ThePaymentKindOpensAndClosesTheBankBlock) {
   individual();
   component.store.UserBankAcctPermission = flagFalse;
@@ -426,15 +240,6 @@ TEST_F(SetupFormTest, ThePaymentKindOpensAndClosesTheBankBlock) {
   user.control(L"fraBankAcctInfo").setEnabled(false);
   business.setSelected(true);
   EXPECT_TRUE(user.enabled(L"txtAccount"));
-}
-
-TEST_F(SetupFormTest, TheHostHearsWhereTheKindIsChosen) {
-  User user = shown();
-  for (const wchar_t* name : {L"optCBusiness", L"chkBNNotAvailable"}) {
-    host.tops.clear();
-    user.control(name).setFocus();
-    EXPECT_EQ(host.tops, std::vector<std::int16_t>{static_cast<std::int16_t>(user.control(name).topInForm())});
-  }
 }
 
 }  // namespace
