@@ -1,4 +1,4 @@
-// The top-level windows of the calling thread, the host's and the component's.
+// The top-level windows of the calling thread, the host's and the component's, and its keyboard focus.
 #pragma once
 
 #include "windows/SystemHeaders.h"
@@ -28,13 +28,16 @@ inline HWND frontWindow() {
   return window;
 }
 
-/// Gives the keyboard focus back at the end to the window that had it at the beginning. A box over a dialog that stands
-/// in a window of the host leaves the focus with that window otherwise.
+/// Gives the keyboard back, when a window of ours in front of the host's has gone, to the control that had it: a host
+/// that an embedded dialog stands in rarely does, and its window would keep the focus for itself.
 class KeptFocus {
  public:
   KeptFocus() : window_(GetFocus()) {}
   ~KeptFocus() {
-    if (window_ != nullptr && IsWindow(window_) && IsWindowEnabled(window_) && GetFocus() != window_) SetFocus(window_);
+    if (!IsWindow(window_)) return;
+    const HWND top = GetAncestor(window_, GA_ROOT);
+    const HWND focus = GetFocus();
+    if (GetActiveWindow() == top && (focus == top || focus == nullptr)) SetFocus(window_);
   }
   KeptFocus(const KeptFocus&) = delete;
   KeptFocus& operator=(const KeptFocus&) = delete;
