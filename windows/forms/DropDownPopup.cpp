@@ -129,7 +129,9 @@ void DropDownPopup::rowChanged() {
     highlight(*row);
     ListView_EnsureVisible(rows_, static_cast<int>(*row), FALSE);
   } else {
-    ListView_SetItemState(rows_, -1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    // That one row, not all: a list of a hundred thousand asks about each.
+    const int marked = ListView_GetNextItem(rows_, -1, LVNI_SELECTED);
+    if (marked >= 0) ListView_SetItemState(rows_, marked, 0, LVIS_SELECTED | LVIS_FOCUSED);
   }
 }
 
