@@ -2,7 +2,7 @@
 ; that is removed. For the machine or for the user, silent with /S, with all that a developer needs with /FULL.
 Unicode true
 ManifestDPIAware true
-SetCompressor /SOLID lzma
+SetCompressor lzma
 Name "NVRandom ${VERSION}"
 OutFile "${OUTPUT}"
 BrandingText "NVRandom ${VERSION}"
