@@ -139,8 +139,7 @@ TEST_F(AccountVerifierTest, FailuresKeepTheirNumberAndDescription) {
       {L"put BankIdLength fails 0x80004005 \"No such length\"", E_FAIL, L"No such length", putLength},
       {L"put PlayByPlay fails 0x80004001", E_NOTIMPL, L"Automation error", putTrace},
       {L"BillerSearchID fails 0x80010105", static_cast<std::int32_t>(0x80010105), L"Automation error", getId},
-      {L"ValidateBankId fails 0x800A0035 \"ACCOUNT3.VLD is missing\"", static_cast<std::int32_t>(0x800A0035),
-       L"ACCOUNT3.VLD is missing", ask},
+      {L"ValidateBankId fails 0x800A0035 \"ACCOUNT3.VLD is missing\"", 53, L"ACCOUNT3.VLD is missing", ask},
       {L"ValidateBankId fails 0x8007000E", 7, L"Out of memory", ask},
   };
   const auto verifier = createAccountVerifier();
@@ -230,7 +229,7 @@ TEST_F(VerifierFaultsTest, AreToldAndLoggedOnceAndTheNextQuestionIsAnswered) {
       {[](auto&) { tell(L"create fails 0x80004005"); }, L"ActiveX component can't create object", L"429"},
       {[](auto&) { tell(L"put SessionNumber fails 0x80004005"); }, L"Automation error", L"-2147467259"},
       {[](auto& member) { tell(member + L" fails 0x8002000A"); }, L"Automation error", L"-2147352566"},
-      {[](auto& member) { tell(member + L" fails 0x800A0005 \"No \\\"rules\\\"\""); }, L"No \"rules\"", L"-2146828283"},
+      {[](auto& member) { tell(member + L" fails 0x800A0005 \"No \\\"rules\\\"\""); }, L"No \"rules\"", L"5"},
   };
   for (const Check& check : checks) {
     for (const Fault& fault : faults) {
