@@ -134,7 +134,7 @@ Section "NVRandom" SectionProduct
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
 SectionEnd
 
-Section /o "Guide, interface, samples and symbols" SectionDeveloper
+Section /o "For developers" SectionDeveloper
   SetOutPath "$INSTDIR"
   File /r "${PAYLOAD}\developer\*.*"
 SectionEnd
@@ -146,7 +146,7 @@ SectionEnd
 
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
   !insertmacro MUI_DESCRIPTION_TEXT ${SectionProduct} "The component, registered for 32-bit and 64-bit programs."
-  !insertmacro MUI_DESCRIPTION_TEXT ${SectionDeveloper} "For developers of hosts."
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionDeveloper} "Guide, interface, samples and symbols, for developers of hosts."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
 Function .onInit
