@@ -10,7 +10,7 @@ struct Setting {
 };
 
 /// What the user may edit, and what a biller that is new to the host begins with.
-const Setting record[] = {
+const Setting sampleRecord[] = {
     {L"PayeeName", L"LAKEHEAD HYDRO AND POWER"},
     {L"PayeeBillAccount", L"4410772903"},
     {L"PayeeStreet", L"1200 HARBOUR STREET"},
@@ -62,12 +62,12 @@ const Setting context[] = {
 void setSampleBiller(Biller& biller, const std::wstring& dllPath) {
   biller.put(L"DLLPath", dllPath);
   for (const auto& [property, value] : context) biller.put(property, value);
-  for (const auto& [property, value] : record) biller.put(property, value);
+  for (const auto& [property, value] : sampleRecord) biller.put(property, value);
 }
 
 std::vector<RecordValue> readRecord(Biller& biller) {
   std::vector<RecordValue> values;
-  for (const auto& [property, value] : record) {
+  for (const auto& [property, value] : sampleRecord) {
     values.push_back({property, std::get<std::wstring>(biller.get(property))});
   }
   return values;

@@ -59,6 +59,8 @@ TEST(Endurance, ShowingAndCancellingGivesEverythingBack) {
   ASSERT_GT(shows, 10);
   const Apartment apartment;
   const auto object = Server::get().create();
+  const CountryFolder countries;
+  putText(object.get(), &_ClsRandom::put_DLLPath, countries.path().c_str());
   putText(object.get(), &_ClsRandom::put_PayeeStreet, L"1 MAIN STREET");
   const Hook hook(SetWindowsHookExW(WH_CBT, closeWhenActive, nullptr, GetCurrentThreadId()));
   Usage early;

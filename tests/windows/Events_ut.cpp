@@ -19,6 +19,8 @@ void showAndClose(_ClsRandom* object) {
 
 class Events : public testing::Test {
  protected:
+  Events() { putText(object.get(), &_ClsRandom::put_DLLPath, countries.path().c_str()); }
+
   /// A listener that notes the events under a letter and then does something.
   Sink::Handler noting(
       char letter, std::function<HRESULT()> then = [] { return S_OK; }) {
@@ -31,6 +33,7 @@ class Events : public testing::Test {
   }
 
   Apartment apartment;
+  CountryFolder countries;
   ComPtr<_ClsRandom> object = Server::get().create();
   ComPtr<IConnectionPoint> point = eventsOf(object.get());
   std::string heard;

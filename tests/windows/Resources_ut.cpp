@@ -24,26 +24,16 @@ TEST(Version, IsThatOfTheProject) {
 
 namespace {
 
-/// An object whose dialog opens without a word: there is a country file.
 class Resources : public ::testing::Test {
  protected:
-  Resources() {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    countries_ = std::wstring(folder) + L"FXCountries";
-    const FileHandle file(
-        CreateFileW(countries_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    object = Server::get().create();
-    putText(object.get(), &_ClsRandom::put_DLLPath, folder);
-  }
-  ~Resources() override { DeleteFileW(countries_.c_str()); }
+  Resources() { putText(object.get(), &_ClsRandom::put_DLLPath, countries_.path().c_str()); }
 
  private:
   Apartment apartment_;
-  std::wstring countries_;
+  CountryFolder countries_;
 
  protected:
-  ComPtr<_ClsRandom> object;
+  ComPtr<_ClsRandom> object = Server::get().create();
 };
 
 /// Those of version 6 know a text to show in an empty field.

@@ -99,6 +99,18 @@ void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)
   EXPECT_HRESULT_SUCCEEDED((object->*setter)(value.get()));
 }
 
+CountryFolder::CountryFolder() {
+  wchar_t folder[MAX_PATH];
+  GetTempPathW(MAX_PATH, folder);
+  path_ = folder;
+  const FileHandle file(CreateFileW((path_ + L"FXCountries").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+CountryFolder::~CountryFolder() {
+  DeleteFileW((path_ + L"FXCountries").c_str());
+}
+
 HWND findControl(HWND parent, const wchar_t* name) {
   Search search{name, nullptr};
   EnumChildWindows(parent, visit, reinterpret_cast<LPARAM>(&search));

@@ -76,6 +76,20 @@ ComPtr<IConnectionPoint> eventsOf(_ClsRandom* object);
 std::wstring getText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*getter)(BSTR*));
 void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)(BSTR), const wchar_t* text);
 
+/// A folder with a country file in it, so that the dialog opens without a word.
+class CountryFolder {
+ public:
+  CountryFolder();
+  ~CountryFolder();
+  CountryFolder(const CountryFolder&) = delete;
+  CountryFolder& operator=(const CountryFolder&) = delete;
+  /// To be set as DLLPath.
+  const std::wstring& path() const { return path_; }
+
+ private:
+  std::wstring path_;
+};
+
 /// The first window below `parent` that carries this control name; nullptr when there is none.
 HWND findControl(HWND parent, const wchar_t* name);
 

@@ -196,7 +196,8 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
     // ended in a question to the user, or the focus went elsewhere, the click is over.
     const LONG time = GetMessageTime();
     form().focus(control_);
-    if (window_ == nullptr || !control_.hasFocus() || GetMessageTime() != time) return false;
+    const bool askedMeanwhile = GetMessageTime() != time && GetKeyState(VK_LBUTTON) >= 0;
+    if (window_ == nullptr || !control_.hasFocus() || askedMeanwhile) return false;
   }
   POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
   MapWindowPoints(window, window_, &point, 1);
