@@ -27,9 +27,11 @@ struct ExpectedBox {
 };
 
 /// Message boxes. One that differs from the next expected one, that nobody expects, or that does not come by the end
-/// fails the test.
+/// fails the test; or whatever comes is answered by `answerAny`.
 class FakeMessageBoxes : public platform::MessageBoxes {
  public:
+  std::function<Answer(std::wstring_view text, Buttons buttons)> answerAny;
+
   ~FakeMessageBoxes() override;
   void expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
   Answer show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) override;

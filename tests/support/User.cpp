@@ -73,6 +73,7 @@ Control& User::target(std::wstring_view name) const {
 
 void User::click(std::wstring_view name) {
   act([&] {
+    if (form_->busy()) return;
     Control& clicked = target(name);
     if (clicked.takesFocus()) {
       form_->focus(clicked);
@@ -84,7 +85,9 @@ void User::click(std::wstring_view name) {
 }
 
 void User::rightClick(std::wstring_view name) {
-  act([&] { target(name).mouseDown.raise({.button = rightButton}); });
+  act([&] {
+    if (!form_->busy()) target(name).mouseDown.raise({.button = rightButton});
+  });
 }
 
 void User::type(std::wstring_view name, std::wstring_view text) {
@@ -146,6 +149,7 @@ void User::paste(std::wstring_view text) {
 void User::choose(std::wstring_view name, std::wstring_view cell) {
   click(name);
   act([&] {
+    if (form_->busy()) return;
     const auto& rows = window(name).seen().rows;
     for (std::size_t row = 0; row < rows.size(); ++row) {
       const std::wstring cells = L";" + rows[row] + L";";
@@ -159,6 +163,10 @@ void User::choose(std::wstring_view name, std::wstring_view cell) {
 
 void User::check(std::wstring_view name, bool checked) {
   if (seen(name).checked != checked) click(name);
+}
+
+void User::settle() {
+  act([] {});
 }
 
 void User::activate() {

@@ -48,6 +48,8 @@ class User {
   void choose(std::wstring_view control, std::wstring_view cell);
   /// Clicks the check box unless it is as wanted.
   void check(std::wstring_view control, bool checked = true);
+  /// Lets what is queued arrive.
+  void settle();
   /// Comes back to the form from elsewhere.
   void activate();
   void closeBox() { ask(forms::UnloadMode::user); }

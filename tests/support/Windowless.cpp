@@ -191,11 +191,14 @@ void FormWindow::show(bool modal) {
 void FormWindow::runModal() {
   const auto running = running_ = std::make_shared<bool>(true);
   const std::wstring name(form_.windowName());
-  if (widgetset_.scripts_.empty()) {
+  if (widgetset_.scripts_.empty() && !widgetset_.whenAnyModal) {
     ADD_FAILURE() << name << " is shown modally, and nobody was to work in it";
   } else {
-    const auto script = std::move(widgetset_.scripts_.front());
-    widgetset_.scripts_.pop_front();
+    auto script = widgetset_.whenAnyModal;
+    if (!widgetset_.scripts_.empty()) {
+      script = std::move(widgetset_.scripts_.front());
+      widgetset_.scripts_.pop_front();
+    }
     try {
       User user(widgetset_, form_);
       script(user);

@@ -124,6 +124,8 @@ class WindowlessWidgetset : public forms::Widgetset {
 
   /// What the user does in the next form that is shown modally; one script for each.
   void whenModal(Script script) { scripts_.push_back(std::move(script)); }
+  /// What the user does in every form that is shown modally and has no script.
+  Script whenAnyModal;
 
   /// The user of the form shown last under this window name.
   User user(std::wstring_view windowName);

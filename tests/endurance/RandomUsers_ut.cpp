@@ -1,0 +1,360 @@
+// Random users, random hosts and random outside parties, for as long as wanted: whatever they do, the rules that every
+// dialog keeps hold after each step.
+//
+// The environment decides: NVRANDOM_SECONDS lets users with ever new seeds work for so long, NVRANDOM_SEED repeats the
+// one session of that seed and tells what happens in it. Without either, the sessions are the same every time.
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+#include "dialogs/fxbank/frmFXBankInfo.h"
+#include "forms/TextField.h"
+#include "platform/Text.h"
+#include "tests/support/BillerTest.h"
+#include "tests/support/RandomUser.h"
+
+namespace nv::test {
+namespace {
+
+using platform::MessageBoxes;
+
+/// What sessions came to, so that nobody takes idling for endurance.
+struct Tally {
+  int steps = 0;
+  int acceptedBillers = 0;
+  int acceptedBanks = 0;
+};
+
+using Record = std::map<std::wstring_view, std::wstring>;
+
+/// The biller record by the names of its properties.
+Record recordOf(const Store& store) {
+  Record record;
+  const auto add = [&record](std::wstring_view name, const auto& value) {
+    if constexpr (std::is_same_v<decltype(value), const std::wstring&>) {
+      if (name.starts_with(L"Payee")) record.emplace(name, value);
+    }
+  };
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(L## #Name, store.Name);
+#define NV_METHOD(id, Name, Result)
+#include "component/properties.def"
+  return record;
+}
+
+std::string narrow(std::wstring_view text) {
+  std::string result;
+  for (const wchar_t c : text) result += c >= L' ' && c <= L'~' ? static_cast<char>(c) : '?';
+  return result;
+}
+
+/// One session: a record, a host that shows it in some mode, a user who works in what comes up.
+class Session : public BillerTest {
+ public:
+  Session(std::uint32_t seed, bool aloud, Tally& tally) : dice_(seed), user_(dice_), aloud_(aloud), tally_(tally) {
+    arrange();
+    listen();
+  }
+  ~Session() override {
+    acting_ = 2;  // nobody does anything more
+    object_.reset();
+    random.Unload_From_Remote();
+  }
+
+  void play() {
+    for (std::size_t shows = 1 + dice_.below(3); shows > 0 && !HasFailure(); --shows) show();
+  }
+
+  void TestBody() override {}
+
+ private:
+  // The surroundings
+
+  void arrange() {
+    Store& store = component.store;
+    store.PlayByPlayEnabled = flagTrue;
+    files.makeFolder(L"C:\\Apps\\Norvik");
+    switch (dice_.below(5)) {
+      case 0:
+        individual();
+        break;
+      case 1:
+        unitedStates();
+        break;
+      case 2:
+        international();
+        break;
+      case 3:
+        bankAccount();
+        break;
+      default:
+        break;
+    }
+    for (Flag16* flag : {&store.Add, &store.InternationalPayment, &store.UseAcctvfy, &store.IPBillerNameAcctExist}) {
+      if (dice_.oneIn(3)) *flag = flagTrue;
+    }
+    if (dice_.oneIn(5)) store.UserBankAcctPermission = flagFalse;
+    if (dice_.oneIn(5)) store.PayeeStreet = std::wstring(90, L'X');
+    if (dice_.oneIn(5)) store.PayeeCountry = L"ZZ";
+    if (dice_.oneIn(5)) {
+      store.IPCurrencyList = StringArray({{0, 0}});
+      store.IPCurrencyList.at({0}) = L"CHF - Swiss franc";
+    }
+    store.IPBillerCurrencies = StringArray({{0, 0}});
+    store.IPBillerCurrencies.at({0}) = L"EUR";
+    if (dice_.oneIn(8)) files.remove(countryFile);
+    store.USBillPaymentURL = L"http://norvik.example";
+    known_ = recordOf(store);
+  }
+
+  void listen() {
+    object_ = std::make_shared<ClsRandom>(component, host);
+    if (aloud_) user_.told = [this](const std::wstring& act) { say("user: " + narrow(act)); };
+    messages.answerAny = [this](std::wstring_view text, MessageBoxes::Buttons buttons) {
+      return answer(text, buttons);
+    };
+    widgetset.whenAnyModal = [this](User& user) { workIn(user); };
+    installation.whenAsked = [this](const std::wstring& name) {
+      say("asked: " + narrow(name));
+      static constexpr std::int16_t results[] = {1, 1, 1, 0, 2};
+      installation.answers[name] = {dice_.pick(results), dice_.oneIn(2) ? L"Not known." : L"", 10};
+      meanwhile(true);
+    };
+    host.whenTold = host.whenFocusMoves = [this] { meanwhile(false); };
+  }
+
+  void say(const std::string& what) const {
+    if (aloud_) printf("  %*s%s\n", 2 * acting_, "", what.c_str());
+  }
+
+  MessageBoxes::Answer answer(std::wstring_view text, MessageBoxes::Buttons buttons) {
+    say("box: " + narrow(text));
+    EXPECT_FALSE(text.starts_with(L"The following error")) << std::wstring(text);
+    meanwhile(false);
+    if (buttons == MessageBoxes::Buttons::ok) return MessageBoxes::Answer::ok;
+    return dice_.oneIn(2) ? MessageBoxes::Answer::yes : MessageBoxes::Answer::no;
+  }
+
+  // The host
+
+  void show() {
+    const std::size_t mode = dice_.below(4);
+    if (mode == 0)
+      return call("ShowForm", [](ClsRandom& object) {
+        const std::int32_t result = object.ShowForm();
+        EXPECT_TRUE(result == 0 || result == Store::cancelledResult) << result;
+      });
+    if (mode == 1) return call("ShowForm_Import", [](ClsRandom& object) { EXPECT_EQ(object.ShowForm_Import(), 0); });
+    call("ShowForm_Remote", [](ClsRandom& object) { EXPECT_EQ(object.ShowForm_Remote(), 0); });
+    for (std::size_t steps = 20 + dice_.below(60); steps > 0 && !HasFailure(); --steps) {
+      const auto form = inFront();
+      if (!form) break;
+      User user(widgetset, *form);
+      step(user);
+    }
+    if (dice_.oneIn(2)) call("Unload_From_Remote", [](ClsRandom& object) { object.Unload_From_Remote(); });
+  }
+
+  /// A call of the host's. It may have let go of the object: it makes another then, and the call holds it while it
+  /// runs.
+  template <class Call>
+  void call(const char* name, Call&& call) {
+    say(std::string("host: ") + name);
+    if (!object_) object_ = std::make_shared<ClsRandom>(component, host);
+    const auto held = object_;
+    try {
+      call(*held);
+    } catch (...) {
+      ADD_FAILURE() << name << " failed with " << RuntimeError::current().number();
+    }
+  }
+
+  /// What others do while somebody asks them something, if they do anything: the host, and the user when messages pass.
+  void meanwhile(bool userToo) {
+    if (acting_ >= 2 || !dice_.oneIn(12)) return;
+    ++acting_;
+    const auto form = inFront();
+    switch (dice_.below(userToo ? 9 : 7)) {
+      case 0:
+        call("Unload_From_Remote", [](ClsRandom& object) { object.Unload_From_Remote(); });
+        break;
+      case 1:
+        call("Get_hWnd", [](ClsRandom& object) { object.Get_hWnd(); });
+        break;
+      case 2:
+        call("ShowForm_Remote", [](ClsRandom& object) { object.ShowForm_Remote(); });
+        break;
+      case 3:
+        say("host: release");
+        object_.reset();
+        break;
+      case 4:
+        call("PayeeName", [](ClsRandom& object) { EXPECT_FALSE(object.getPayeeName().empty()); });
+        break;
+      case 5:
+        say("host: destroys the window");
+        if (form) form->windowGone();
+        break;
+      case 6:
+        if (acting_ == 1) show();
+        break;
+      default:
+        if (!form) break;
+        User user(widgetset, *form);
+        step(user);
+        break;
+    }
+    --acting_;
+  }
+
+  /// The form that takes input, if there is one.
+  std::shared_ptr<forms::Form> inFront() const {
+    const auto forms = component.forms.all();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+      const FormWindow* const window = widgetset.window(**form);
+      if (window != nullptr && window->visible() && widgetset.takesInput(*window)) return *form;
+    }
+    return nullptr;
+  }
+
+  // The user
+
+  void workIn(User& user) {
+    for (std::size_t steps = dice_.below(80); steps > 0 && user.open() && !HasFailure(); --steps) step(user);
+    if (!user.open()) return;
+    say("user: has done enough");
+    user.closeBox();
+  }
+
+  void step(User& user) {
+    ++tally_.steps;
+    ++stepping_;
+    for (const auto& form : component.forms.all()) seen_.insert(form);
+    if (dice_.oneIn(30)) widgetset.pending.push_back([this] { meanwhile(true); });
+    user_.act(user);
+    --stepping_;
+    for (const auto& form : component.forms.all()) check(*form);
+    checkRecord();
+  }
+
+  // The rules
+
+  /// The focus is where it can be, and the windows show what the controls hold.
+  void check(forms::Form& form) const {
+    const FormWindow* const window = widgetset.window(form);
+    if (window == nullptr || !window->visible()) return;
+    if (const forms::Control* const active = form.activeControl()) {
+      EXPECT_TRUE(active->reachable() && active->takesFocus()) << active->fullName() << " has the focus";
+      EXPECT_EQ(window->focused(), active) << active->fullName() << " has not got the keyboard";
+    }
+    for (const forms::Control* control : form.controls()) {
+      const Seen& seen = static_cast<const ControlWindow*>(control->peer())->seen();
+      EXPECT_EQ(seen.visible, control->visible()) << control->fullName();
+      EXPECT_EQ(seen.enabled, control->enabled()) << control->fullName();
+      const auto* field = dynamic_cast<const forms::TextField*>(control);
+      EXPECT_EQ(seen.text, field != nullptr ? field->text() : control->caption()) << control->fullName();
+    }
+  }
+
+  static std::wstring_view held(const forms::Form& form, std::wstring_view name) {
+    for (const forms::Control* control : form.controls()) {
+      if (control->fullName() == name) return trimmed(dynamic_cast<const forms::TextField&>(*control).text());
+    }
+    return {};
+  }
+  static const forms::Control& controlOf(const forms::Form& form, std::wstring_view name) {
+    return **std::ranges::find(form.controls(), name, &forms::Control::fullName);
+  }
+
+  /// The record is as it was, unless OK was pressed meanwhile, in a dialog that holds what the record holds now: a bank
+  /// dialog that closed, a biller dialog that closed (or tells its host just now) or - for the bank of a biller in the
+  /// United States - is still open.
+  void checkRecord() {
+    for (const std::wstring& label : traced()) pressedOK_ = pressedOK_ || label.ends_with(L"cmd_ok_Click");
+    const Record now = recordOf(component.store);
+    bool biller = false;
+    bool bank = false;
+    for (const auto& [name, value] : now) {
+      if (value == known_[name]) continue;
+      (name.starts_with(L"PayeeFXBank") ? bank : biller) = true;
+      say(narrow(name) + " is now \"" + narrow(value) + "\"");
+    }
+    if (biller) {
+      ++tally_.acceptedBillers;
+      EXPECT_TRUE(pressedOK_ && anySeen([&](const forms::Form& form) { return acceptedAsBiller(form); }))
+          << "the record changed, and nobody accepted it";
+    }
+    if (bank) {
+      ++tally_.acceptedBanks;
+      EXPECT_TRUE(pressedOK_ && anySeen([&](const forms::Form& form) { return acceptedAsBank(form); }))
+          << "the bank on record changed, and nobody accepted it";
+    }
+    known_ = now;
+    if (stepping_ > 0) return;
+    pressedOK_ = false;
+    seen_.clear();
+  }
+  template <class Test>
+  bool anySeen(Test test) const {
+    return std::ranges::any_of(seen_, [&](const auto& form) { return test(*form); });
+  }
+  bool acceptedAsBiller(const forms::Form& form) const {
+    const Store& store = component.store;
+    return form.name() == L"RandomInfo" && (!form.loaded() || form.busy()) &&
+           held(form, L"ran_payee_street") == store.PayeeStreet && held(form, L"ran_payee_city") == store.PayeeCity &&
+           held(form, L"ran_payee_prov") == store.PayeeProv && held(form, L"ran_payee_email") == store.PayeeEmail &&
+           held(form, L"txtAccount") == store.PayeeBankAccount && held(form, L"cmbCurrencyCode") == store.PayeeCurrency;
+  }
+  bool acceptedAsBank(const forms::Form& form) const {
+    const Store& store = component.store;
+    if (form.name() == L"RandomInfo") {
+      return controlOf(form, L"fraBankInfo").visible() && held(form, L"txtBankName") == store.PayeeFXBankName &&
+             held(form, L"txtRoutingNumber") == store.PayeeFXBankSwift &&
+             held(form, L"txtBankAccountNumber") == store.PayeeFXBankAccount;
+    }
+    const auto* bank = dynamic_cast<const frmFXBankInfo*>(&form);
+    if (bank == nullptr || bank->loaded()) return false;
+    const frmFXBankInfo::Details details = bank->details();
+    return details.name == store.PayeeFXBankName && details.street == store.PayeeFXBankAddress &&
+           (details.country == L"US" ? details.routing + details.usAccount : details.account) ==
+               store.PayeeFXBankAccount;
+  }
+
+  Dice dice_;
+  RandomUser user_;
+  bool aloud_;
+  Tally& tally_;
+  std::shared_ptr<ClsRandom> object_;
+  Record known_;
+  std::set<std::shared_ptr<const forms::Form>> seen_;  // the forms that were up since OK was last not being worked off
+  bool pressedOK_ = false;
+  int stepping_ = 0;
+  int acting_ = 0;
+};
+
+TEST(RandomUsers, BreakNoRule) {
+  const char* const seedWanted = std::getenv("NVRANDOM_SEED");
+  const char* const secondsWanted = std::getenv("NVRANDOM_SECONDS");
+  const auto begin = std::chrono::steady_clock::now();
+  constexpr std::uint32_t sessionsOfEveryRun = 400;
+  std::uint32_t first = secondsWanted != nullptr ? std::random_device()() : 1;
+  if (seedWanted != nullptr) first = static_cast<std::uint32_t>(std::strtoul(seedWanted, nullptr, 10));
+  const auto goesOn = [&](std::uint32_t sessions) {
+    if (seedWanted != nullptr) return sessions < 1;
+    if (secondsWanted == nullptr) return sessions < sessionsOfEveryRun;
+    return std::chrono::steady_clock::now() - begin < std::chrono::seconds(std::atoi(secondsWanted));
+  };
+  Tally tally;
+  std::uint32_t sessions = 0;
+  for (; goesOn(sessions) && !testing::Test::HasFailure(); ++sessions) {
+    SCOPED_TRACE("to see it again: NVRANDOM_SEED=" + std::to_string(first + sessions));
+    Session(first + sessions, seedWanted != nullptr, tally).play();
+  }
+  printf("  %u random users, seeds from %u on: %d steps, %d billers and %d banks accepted\n", sessions, first,
+         tally.steps, tally.acceptedBillers, tally.acceptedBanks);
+  if (seedWanted != nullptr) return;
+  EXPECT_GT(tally.acceptedBillers, 0);
+  EXPECT_GT(tally.acceptedBanks, 0);
+}
+
+}  // namespace
+}  // namespace nv::test
