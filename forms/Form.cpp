@@ -74,8 +74,8 @@ void Form::load() {
   if (loaded()) return;
   if (life_ == Life::gone) throw RuntimeError(ErrorNumber::invalidCall);
   const auto keep = shared_from_this();
+  loadedForms_.add(keep);  // may fail, and nothing has happened then
   life_ = Life::loaded;
-  loadedForms_.add(keep);
   try {
     Form_Load();
     // The windows come last: they are made once, in the state that Form_Load arranged.
