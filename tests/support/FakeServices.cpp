@@ -30,7 +30,7 @@ platform::MessageBoxes::Answer FakeMessageBoxes::show(std::wstring_view text, st
 }
 
 void FakeFiles::write(const std::wstring& path, std::wstring_view text, Opening opening) {
-  const std::wstring file = key(path);
+  const std::wstring file = used(path);
   const auto folderEnd = file.rfind(L'\\');
   if (folderEnd != std::wstring::npos && !folders_.contains(file.substr(0, folderEnd))) {
     throw RuntimeError(ErrorNumber::pathNotFound);
@@ -43,7 +43,7 @@ void FakeFiles::write(const std::wstring& path, std::wstring_view text, Opening 
 }
 
 std::uint64_t FakeFiles::length(const std::wstring& path) {
-  const std::wstring file = key(path);
+  const std::wstring file = used(path);
   check(file);
   if (folders_.contains(file)) throw RuntimeError(ErrorNumber::pathAccess);
   const auto found = contents_.find(file);
@@ -84,6 +84,11 @@ std::wstring FakeFiles::key(std::wstring_view path) {
     if (c != L'\\' || !key.ends_with(L'\\')) key += asciiUpper(c);
   }
   return key;
+}
+
+std::wstring FakeFiles::used(const std::wstring& path) const {
+  if (whenUsed) whenUsed(path);
+  return key(path);
 }
 
 void FakeFiles::check(const std::wstring& key) const {

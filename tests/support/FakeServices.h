@@ -53,6 +53,8 @@ class FakeFiles : public platform::Files {
   /// Makes the folder and those above it.
   void makeFolder(std::wstring_view path);
   void put(std::wstring_view path, std::wstring text) { contents_[key(path)] = std::move(text); }
+  /// Runs before a file is used; what it throws, the use fails with.
+  std::function<void(const std::wstring& path)> whenUsed;
   /// From now on every use of the file fails so: locked, read-only, disk full.
   void fail(std::wstring_view path, ErrorNumber error) { failures_[key(path)] = error; }
 
@@ -64,6 +66,7 @@ class FakeFiles : public platform::Files {
 
  private:
   static std::wstring key(std::wstring_view path);
+  std::wstring used(const std::wstring& path) const;
   void check(const std::wstring& key) const;
 
   std::map<std::wstring, std::wstring> contents_;
@@ -78,7 +81,7 @@ class FakeMachine : public platform::Machine {
   std::wstring clock = L"15/11/2026 1:58:04 PM";
   std::wstring windows = L"C:\\WINDOWS";
   std::wstring system = L"C:\\WINDOWS\\system32";
-  /// Runs before the clock or a directory is told; what it throws, the question fails with.
+  /// Runs before anything but letters is asked; what it throws, the question fails with.
   std::function<void()> whenAsked;
 
   std::wstring now() override { return answer(clock); }
@@ -88,10 +91,14 @@ class FakeMachine : public platform::Machine {
   std::wstring upperCase(std::wstring_view text) override;
   std::wstring lowerCase(std::wstring_view text) override;
   int addFont(const std::wstring& path) override {
+    if (whenAsked) whenAsked();
     addedFonts.push_back(path);
     return fontsInFile;
   }
-  void emptyClipboard() override { clipboard.clear(); }
+  void emptyClipboard() override {
+    if (whenAsked) whenAsked();
+    clipboard.clear();
+  }
 
   int fontsInFile = 1;
   std::vector<std::wstring> addedFonts;
@@ -125,6 +132,7 @@ class FakeShell : public platform::Shell {
     return result;
   }
   void showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) override {
+    if (whenAsked) whenAsked();
     helps.push_back({file, topic, window});
   }
 };

@@ -1,0 +1,202 @@
+// Outside parties that fail or, while they are asked, let the user and the host go on: at each question in turn.
+#include <algorithm>
+
+#include "platform/Text.h"
+#include "tests/support/BillerTest.h"
+
+namespace nv::test {
+namespace {
+
+using platform::MessageBoxes;
+
+/// A business with a bank account in the embedded dialog, and a user who uses all that asks somebody outside.
+class Asking : public BillerTest {
+ public:
+  explicit Asking(bool useLibrary) {
+    bankAccount();
+    component.store.UseAcctvfy = useLibrary ? flagTrue : flagFalse;
+    component.store.PayeeBusinessNum = L"100200308";
+    component.store.USBillPaymentURL = L"http://norvik.example";
+    component.store.PlayByPlayEnabled = flagTrue;
+    files.makeFolder(L"C:\\Apps\\Norvik");
+    before = texts(component.store);
+    installation.whenAsked = [this](const std::wstring& name) { question(name); };
+    files.whenUsed = [this](const std::wstring& path) { question(path == errorLog ? L"the log" : path); };
+    machine.whenAsked = [this] { question(L"the machine"); };
+    shell.whenAsked = [this] { question(L"the shell"); };
+    messages.answerAny = [this](std::wstring_view text, MessageBoxes::Buttons buttons) {
+      boxes.emplace_back(text);
+      return buttons == MessageBoxes::Buttons::ok ? MessageBoxes::Answer::ok : MessageBoxes::Answer::yes;
+    };
+  }
+
+  void TestBody() override {}
+
+  /// Whom the question in hand goes to; runs at each.
+  std::function<void(const std::wstring& whom)> whenQuestioned;
+
+  void work(User& user) {
+    user.click(L"imgHelpCSFTInfo(1)");
+    user.rightClick(L"ran_payee_email");
+    user.click(L"cmd_help");
+    user.click(L"cmd_ok");
+  }
+  std::size_t logLines() const { return static_cast<std::size_t>(std::ranges::count(files.text(errorLog), L'\n')); }
+  Texts record() const { return texts(component.store); }
+
+  using BillerTest::component;
+  using BillerTest::host;
+  using BillerTest::random;
+  using BillerTest::widgetset;
+
+  Texts before;
+  Texts boxes;
+
+ private:
+  void question(const std::wstring& whom) {
+    if (whenQuestioned) whenQuestioned(whom);
+  }
+};
+
+/// Whom a show with these means asks, question by question.
+Texts questions(bool useLibrary, Texts* record = nullptr) {
+  Asking asking(useLibrary);
+  Texts whom;
+  asking.whenQuestioned = [&](const std::wstring& name) { whom.push_back(name); };
+  asking.random.ShowForm_Remote();
+  User user = asking.widgetset.user(L"frmRandomInfo");
+  asking.work(user);
+  EXPECT_EQ(asking.boxes, Texts());
+  EXPECT_EQ(asking.host.events, Texts{L"CSBOK"});
+  if (record != nullptr) *record = asking.record();
+  return whom;
+}
+
+TEST(OutsideParties, EachFailureIsToldOnceAndLeavesTheDialogOpen) {
+  for (const bool useLibrary : {false, true}) {
+    Texts accepted;
+    const Texts whom = questions(useLibrary, &accepted);
+    std::size_t told = 0;
+    for (std::size_t failing = 0; failing < whom.size() && !HasFailure(); ++failing) {
+      SCOPED_TRACE(testing::Message() << "question " << failing << ", to " << whom[failing]);
+      Asking asking(useLibrary);
+      std::size_t question = 0;
+      asking.whenQuestioned = [&](const std::wstring&) {
+        if (question++ == failing) throw RuntimeError(ErrorNumber::permissionDenied);
+      };
+      if (errorOf([&] { asking.random.ShowForm_Remote(); }) != 0) {  // the host is told, and may try again
+        EXPECT_EQ(asking.boxes, Texts());
+        EXPECT_TRUE(asking.component.forms.empty());
+        asking.random.ShowForm_Remote();
+      }
+      User user = asking.widgetset.user(L"frmRandomInfo");
+      asking.work(user);
+      EXPECT_LE(asking.boxes.size(), 1U);
+      const bool isError = !asking.boxes.empty() && asking.boxes.front().starts_with(L"The following error");
+      EXPECT_EQ(asking.logLines(), isError ? 1U : 0U);
+      const bool refused = user.open();
+      EXPECT_EQ(asking.record(), refused ? asking.before : accepted);
+      EXPECT_EQ(asking.host.events, refused ? Texts() : Texts{L"CSBOK"});
+      if (refused) {
+        EXPECT_EQ(asking.boxes.size(), 1U) << "the user is told why";
+        user.click(L"cmd_ok");  // and may try again
+        EXPECT_EQ(asking.record(), accepted);
+      }
+      told += asking.boxes.size();
+    }
+    EXPECT_GE(told, useLibrary ? 2U : 24U) << "a check that cannot be made is told";
+  }
+}
+
+/// What happens in the middle of a question, and whether the attempt to accept survives it.
+struct Interruption {
+  const char* what;
+  bool goesOn;
+  std::function<void(Asking&, User&)> happens;
+};
+
+const Interruption interruptions[] = {
+    {"OK again", true, [](Asking&, User& user) { user.click(L"cmd_ok"); }},
+    {"Alt+O", true, [](Asking&, User& user) { user.altKey(L'O'); }},
+    {"typing", true, [](Asking&, User& user) { user.type(L"1\t2\r "); }},
+    {"Delete", true, [](Asking&, User& user) { user.key(User::deleteKey); }},
+    {"choosing", true, [](Asking&, User& user) { user.choose(L"ran_payee_country", L"France"); }},
+    {"Escape", true, [](Asking&, User& user) { user.key(forms::keys::escape); }},
+    {"Cancel", true, [](Asking&, User& user) { user.click(L"cmd_cancel"); }},
+    {"coming back", true, [](Asking&, User& user) { user.activate(); }},
+    {"a second show", true, [](Asking& asking, User&) { asking.random.ShowForm_Remote(); }},
+    {"a question for the window", true, [](Asking& asking, User&) { EXPECT_NE(asking.random.Get_hWnd(), 0); }},
+    {"a modal show, cancelled", true,
+     [](Asking& asking, User&) {
+       asking.widgetset.whenModal([](User& other) { other.click(L"cmd_cancel"); });
+       EXPECT_EQ(asking.random.ShowForm(), Store::cancelledResult);
+     }},
+    {"the close box", false, [](Asking&, User& user) { user.closeBox(); }},
+    {"the end of the session", false, [](Asking&, User& user) { user.endSession(); }},
+    {"unloading", false, [](Asking& asking, User&) { asking.random.Unload_From_Remote(); }},
+    {"the window's end", false, [](Asking&, User& user) { user.form().windowGone(); }},
+    {"unloading and a new show", false,
+     [](Asking& asking, User&) {
+       asking.random.Unload_From_Remote();
+       asking.random.ShowForm_Remote();
+     }},
+};
+
+TEST(OutsideParties, LetOthersGoOnWhileTheyAreAsked) {
+  for (const bool useLibrary : {false, true}) {
+    Texts accepted;
+    const Texts whom = questions(useLibrary, &accepted);
+    for (const Interruption& interruption : interruptions) {
+      for (std::size_t at = 0; at < whom.size() && !HasFailure(); ++at) {
+        if (whom[at].starts_with(L"C:") || whom[at].starts_with(L"the ")) continue;  // these let nobody in
+        SCOPED_TRACE(testing::Message() << interruption.what << " at question " << at << ", to " << whom[at]);
+        Asking asking(useLibrary);
+        std::shared_ptr<User> user;
+        std::size_t question = 0;
+        asking.whenQuestioned = [&](const std::wstring&) {
+          if (question++ == at && user) interruption.happens(asking, *user);
+        };
+        asking.random.ShowForm_Remote();
+        user = std::make_shared<User>(asking.widgetset.user(L"frmRandomInfo"));
+        const bool whileLoading = question > at;
+        asking.work(*user);
+        const bool goesOn = whileLoading || interruption.goesOn;
+        EXPECT_FALSE(user->form().loaded());
+        EXPECT_EQ(asking.record(), goesOn ? accepted : asking.before);
+        EXPECT_EQ(std::ranges::count(asking.host.events, L"CSBOK"), goesOn ? 1 : 0);
+        EXPECT_EQ(asking.boxes, Texts());
+        asking.random.Unload_From_Remote();
+      }
+    }
+  }
+}
+
+/// A host whose object goes in the middle of an event, whichever it is.
+TEST(OutsideParties, TheHostMayReleaseTheObjectInEveryEvent) {
+  for (const bool focusMoves : {false, true}) {
+    for (const wchar_t* const way : {L"cmd_ok", L"cmd_cancel", L""}) {
+      for (int event = 0; event < 4; ++event) {
+        SCOPED_TRACE(testing::Message() << way << ", event " << event);
+        Asking asking(false);
+        auto object = std::make_unique<ClsRandom>(asking.component, asking.host);
+        int seen = 0;
+        (focusMoves ? asking.host.whenFocusMoves : asking.host.whenTold) = [&] {
+          if (seen++ == event) object.reset();
+        };
+        object->ShowForm_Remote();
+        if (object) {
+          User user = asking.widgetset.user(L"frmRandomInfo");
+          for (int field = 0; field < 3 && user.open(); ++field) user.tab();
+          if (user.open()) *way != L'\0' ? user.click(way) : user.closeBox();
+        }
+        EXPECT_EQ(object == nullptr, seen > event);
+        EXPECT_TRUE(!object || !focusMoves || seen <= event);
+        object.reset();
+        EXPECT_TRUE(asking.component.forms.empty());
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace nv::test
