@@ -1,5 +1,5 @@
 // Showing the dialog again and again costs nothing that is not given back.
-#include "tests/windows/Server.h"
+#include "tests/windows/StandIns.h"
 
 #include <psapi.h>
 
@@ -9,10 +9,23 @@ namespace nv::windows::test {
 
 namespace {
 
-/// Presses the close box of every dialog of the thread as soon as it is active.
-LRESULT CALLBACK closeWhenActive(int code, WPARAM wparam, LPARAM lparam) {
+enum class Way { accept, cancel };
+
+/// How the user leaves the next dialog.
+Way way = Way::cancel;
+
+void leave(HWND dialog) {
+  if (way == Way::cancel) {
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+    return;
+  }
+  PostMessageW(findControl(dialog, L"cmd_ok"), BM_CLICK, 0, 0);
+}
+
+/// Leaves every dialog of the thread as soon as it is active.
+LRESULT CALLBACK leaveWhenActive(int code, WPARAM wparam, LPARAM lparam) {
   const HWND window = reinterpret_cast<HWND>(wparam);
-  if (code == HCBT_ACTIVATE && GetPropW(window, L"NVRandom.Name") != nullptr) PostMessageW(window, WM_CLOSE, 0, 0);
+  if (code == HCBT_ACTIVATE && GetPropW(window, L"NVRandom.Name") != nullptr) leave(window);
   return CallNextHookEx(nullptr, code, wparam, lparam);
 }
 
@@ -53,31 +66,79 @@ int showsWanted() {
   return wanted != nullptr ? std::atoi(wanted) : 60;
 }
 
-/// Many shows, each cancelled by its close box: what is in use after the last is what was after the tenth.
-TEST(Endurance, ShowingAndCancellingGivesEverythingBack) {
-  const int shows = showsWanted();
-  ASSERT_GT(shows, 10);
-  const Apartment apartment;
-  const auto object = Server::get().create();
-  const CountryFolder countries;
-  putText(object.get(), &_ClsRandom::put_DLLPath, countries.path().c_str());
-  putText(object.get(), &_ClsRandom::put_PayeeStreet, L"1 MAIN STREET");
-  const Hook hook(SetWindowsHookExW(WH_CBT, closeWhenActive, nullptr, GetCurrentThreadId()));
-  Usage early;
-  for (int show = 1; show <= shows; ++show) {
-    long result = 0;
-    ASSERT_EQ(S_OK, object->ShowForm(&result));
-    ASSERT_EQ(50000, result);
-    if (show == 10) early = usage();
+class Endurance : public StandInsTest {
+ protected:
+  Endurance() {
+    setAcceptable(object.get(), dllPath());
+    object->put_Add(1);
   }
+
+  void showModal() {
+    long result = -1;
+    ASSERT_EQ(S_OK, object->ShowForm(&result));
+    ASSERT_EQ(way == Way::accept ? 0 : 50000, result);
+  }
+  void showImport() {
+    long result = -1;
+    ASSERT_EQ(S_OK, object->ShowForm_Import(&result));
+    ASSERT_EQ(0, result);
+  }
+  /// In a window of the host's, which takes the dialog away itself or lets the user leave it.
+  void showRemote(bool unload) {
+    const HWND window = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 900, 700,
+                                        nullptr, nullptr, nullptr, nullptr);
+    long handle = 0;
+    ASSERT_EQ(S_OK, object->Get_hWnd(&handle));
+    const HWND dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    SetParent(dialog, window);
+    long result = -1;
+    ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
+    ASSERT_EQ(0, result);
+    unload ? static_cast<void>(object->Unload_From_Remote()) : leave(dialog);
+    MSG message;
+    while (IsWindow(dialog) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    DestroyWindow(window);
+  }
+  void show(int turn) {
+    way = turn % 2 == 0 ? Way::accept : Way::cancel;
+    switch (turn / 2 % 3) {
+      case 0:
+        return showModal();
+      case 1:
+        return showRemote(turn % 4 == 3);
+      default:
+        return showImport();
+    }
+  }
+
+  ComPtr<_ClsRandom> object = Server::get().create();
+};
+
+/// Many shows in all modes, each accepted or left: what is in use after the last is what was after the first rounds.
+TEST_F(Endurance, ShowingGivesEverythingBack) {
+  const int shows = showsWanted();
+  constexpr int rounds = 24;
+  ASSERT_GT(shows, rounds);
+  const Hook hook(SetWindowsHookExW(WH_CBT, leaveWhenActive, nullptr, GetCurrentThreadId()));
+  Usage early;
+  const ULONGLONG begin = GetTickCount64();
+  for (int turn = 0; turn < shows && !HasFatalFailure(); ++turn) {
+    if (turn == rounds) early = usage();
+    show(turn);
+  }
+  const ULONGLONG took = GetTickCount64() - begin;
   const Usage late = usage();
   EXPECT_EQ(early.gdiObjects, late.gdiObjects);
   EXPECT_EQ(early.windows, late.windows);
   EXPECT_EQ(0, GlobalFindAtomW(L"ran_payee_street")) << "names of windows are given back";
   constexpr std::size_t noise = 256 * 1024;  // what the heap holds back for itself
   EXPECT_LE(late.privateBytes, early.privateBytes + noise);
-  printf("  after 10 shows: %d GDI objects, %d windows, %zu KB; after %d: %d, %d, %zu KB\n", early.gdiObjects,
-         early.windows, early.privateBytes / 1024, shows, late.gdiObjects, late.windows, late.privateBytes / 1024);
+  printf("  after %d shows: %d GDI objects, %d windows, %zu KB; after %d: %d, %d, %zu KB; %.1f ms a show\n", rounds,
+         early.gdiObjects, early.windows, early.privateBytes / 1024, shows, late.gdiObjects, late.windows,
+         late.privateBytes / 1024, static_cast<double>(took) / shows);
 }
 
 }  // namespace

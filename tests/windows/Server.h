@@ -90,6 +90,9 @@ class CountryFolder {
   std::wstring path_;
 };
 
+/// A Canadian business that is accepted as it stands, in an installation with this DLLPath.
+void setAcceptable(_ClsRandom* object, const std::wstring& dllPath);
+
 /// The first window below `parent` that carries this control name; nullptr when there is none.
 HWND findControl(HWND parent, const wchar_t* name);
 
