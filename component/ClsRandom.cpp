@@ -67,10 +67,10 @@ ClsRandom::~ClsRandom() {
     NV_TRACE_LET_##Tracing(Label);                            \
     property::Type::assign(component_.store.Name, value);     \
   }
-#define NV_DEFINE_LetGet(Name, Type, Tracing, Label)                                        \
-  NV_DEFINE_Let(Name, Type, Tracing, Label) property::Type::Stored ClsRandom::get##Name() { \
-    NV_TRACE_GET_##Tracing(Label);                                                          \
-    return component_.store.Name;                                                           \
+#define NV_DEFINE_LetGet(Name, Type, Tracing, Label)                                               \
+  NV_DEFINE_Let(Name, Type, Tracing, Label) const property::Type::Stored& ClsRandom::get##Name() { \
+    NV_TRACE_GET_##Tracing(Label);                                                                 \
+    return component_.store.Name;                                                                  \
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)
 #define NV_METHOD(id, Name, Result)

@@ -32,10 +32,10 @@ class ClsRandom {
   ClsRandom(const ClsRandom&) = delete;
   ClsRandom& operator=(const ClsRandom&) = delete;
 
-  // let<Name> and get<Name> for each property, and the methods. Failures are thrown as they come (see
-  // RuntimeError::current).
+  // let<Name> and get<Name> for each property, and the methods. What a get refers to is the store's. Failures are
+  // thrown as they come (see RuntimeError::current).
 #define NV_DECLARE_Let(Name, Type) void let##Name(property::Type::Argument value);
-#define NV_DECLARE_LetGet(Name, Type) NV_DECLARE_Let(Name, Type) property::Type::Stored get##Name();
+#define NV_DECLARE_LetGet(Name, Type) NV_DECLARE_Let(Name, Type) const property::Type::Stored& get##Name();
 #define NV_RESULT_Long std::int32_t
 #define NV_RESULT_Nothing void
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DECLARE_##Access(Name, Type)
