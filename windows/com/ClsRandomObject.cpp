@@ -1,7 +1,10 @@
 #include "windows/com/ClsRandomObject.h"
 
+#include <algorithm>
+#include <string_view>
 #include <type_traits>
 
+#include "platform/Text.h"
 #include "windows/com/Marshal.h"
 
 namespace nv::windows {
@@ -74,7 +77,38 @@ STDMETHODIMP ClsRandomObject::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo
   return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
 }
 
+namespace {
+
+struct Member {
+  std::wstring_view name;
+  DISPID id;
+};
+
+constexpr Member members[] = {
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) {L"" #Name, id},
+#define NV_METHOD(id, Name, Result) {L"" #Name, id},
+#include "component/properties.def"
+};
+
+const Member* memberOf(std::wstring_view name) {
+  const auto same = [name](const Member& member) {
+    return std::ranges::equal(member.name, name, {}, asciiUpper, asciiUpper);
+  };
+  const auto* const found = std::ranges::find_if(members, same);
+  return found == std::end(members) ? nullptr : found;
+}
+
+}  // namespace
+
 STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) {
+  // Scripts ask at every statement. The type library compares by the rules of a language, name by name; what is not
+  // found here is for it to refuse.
+  if (count == 1 && names != nullptr && names[0] != nullptr && ids != nullptr) {
+    if (const Member* const member = memberOf(names[0])) {
+      *ids = member->id;
+      return S_OK;
+    }
+  }
   ComPtr<ITypeInfo> own;
   const HRESULT result = ownTypeInfo(own);
   return FAILED(result) ? result : DispGetIDsOfNames(own.get(), names, count, ids);
