@@ -1,5 +1,6 @@
 #include "windows/forms/ControlWindow.h"
 
+#include <algorithm>
 #include <string>
 
 #include "forms/Frame.h"
@@ -9,13 +10,6 @@
 namespace nv::windows {
 
 using forms::Aspect;
-
-namespace {
-
-/// The window property by which a control's window, and the windows within it, lead to its ControlWindow.
-constexpr const wchar_t* selfProperty = L"NVRandom.Control";
-
-}  // namespace
 
 void setWindowName(HWND window, std::wstring_view name) {
   const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
@@ -48,9 +42,19 @@ void ControlWindow::create(HWND parent) {
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
 }
 
+/// In the plain way, not by SetWindowSubclass: that looks up a window property twice for every message, which doubles
+/// the time in which the dialog opens. Nobody but its maker uses a window's user data.
 void ControlWindow::adopt(HWND inner) {
-  SetPropW(inner, selfProperty, this);
-  SetWindowSubclass(inner, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclassed& subclassed = subclassed_.emplace_back(inner, nullptr);
+  SetWindowLongPtrW(inner, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  subclassed.before =
+      reinterpret_cast<WNDPROC>(SetWindowLongPtrW(inner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+}
+
+LRESULT ControlWindow::pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const {
+  const auto subclassed = std::ranges::find(subclassed_, window, &Subclassed::window);
+  return subclassed == subclassed_.end() ? DefWindowProcW(window, message, wparam, lparam)
+                                         : CallWindowProcW(subclassed->before, window, message, wparam, lparam);
 }
 
 void ControlWindow::rescale() {
@@ -126,31 +130,29 @@ forms::Colour ControlWindow::containerColour() const {
   return frame != nullptr ? frame->backColor() : form().backColor();
 }
 
-LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR /*id*/,
-                                          DWORD_PTR self) {
-  return reinterpret_cast<ControlWindow*>(self)->dispatch(window, message, wparam, lparam);
-}
-
-ControlWindow* ControlWindow::of(HWND window) {
-  return static_cast<ControlWindow*>(GetPropW(window, selfProperty));
+LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const self = reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  return self == nullptr ? DefWindowProcW(window, message, wparam, lparam)
+                         : self->dispatch(window, message, wparam, lparam);
 }
 
 LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, procedure, 0);
-    RemovePropW(window, selfProperty);
+    const LRESULT result = pass(window, message, wparam, lparam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    std::erase_if(subclassed_, [window](const Subclassed& each) { return each.window == window; });
     if (window == window_) {
       removeWindowName(window);
       window_ = nullptr;
     }
-    return pass(window, message, wparam, lparam);
+    return result;
   }
   return shielded(form(), [&] { return handle(window, message, wparam, lparam); });
 }
 
 LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   LRESULT result = 0;
-  if (reflect(message, wparam, lparam, result)) return result;
+  if (reflect(owner_, message, wparam, lparam, result)) return result;
   switch (message) {
     case WM_GETDLGCODE:
       // A host whose loop knows dialogs leaves every key to us, as one whose loop knows nothing does.
@@ -206,7 +208,7 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   return window_ != nullptr;
 }
 
-bool ControlWindow::reflect(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
+bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
   HWND child = nullptr;
   switch (message) {
     case WM_COMMAND:
@@ -225,7 +227,7 @@ bool ControlWindow::reflect(UINT message, WPARAM wparam, LPARAM lparam, LRESULT&
     default:
       return false;
   }
-  ControlWindow* const target = child == nullptr ? nullptr : of(child);
+  ControlWindow* const target = owner.controlOf(child);
   if (target == nullptr) return false;
   // A window within a control reports to the control; of its messages only the question for colours comes from here.
   const bool colours = message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM;

@@ -2,6 +2,8 @@
 // and focus to the form, and never let an exception out of a window procedure.
 #pragma once
 
+#include <vector>
+
 #include "forms/Control.h"
 #include "forms/Form.h"
 #include "windows/Handles.h"
@@ -55,7 +57,7 @@ class ControlWindow : public forms::ControlPeer {
 
   /// A message that a child sends to its parent about itself (WM_COMMAND, WM_NOTIFY, WM_DRAWITEM, WM_CTLCOLOR...),
   /// handed back to the child's ControlWindow. Returns whether it was one, with its result.
-  static bool reflect(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+  static bool reflect(const FormWindow& owner, UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
  protected:
   struct Native {
@@ -71,9 +73,7 @@ class ControlWindow : public forms::ControlPeer {
   virtual void apply(forms::Aspect aspect);
   /// A message to the control's window or to an adopted one. Returns its result; `pass` hands it on.
   virtual LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-  static LRESULT pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    return DefSubclassProc(window, message, wparam, lparam);
-  }
+  LRESULT pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const;
   /// A key that the window uses before the form sees it: those that work an open list. Returns whether it did.
   virtual bool usesKey(WPARAM /*key*/) { return false; }
   /// Whether the window has a use for a character that was typed into it.
@@ -104,9 +104,7 @@ class ControlWindow : public forms::ControlPeer {
   forms::Form& form() const { return control_.form(); }
 
  private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                    DWORD_PTR self);
-  static ControlWindow* of(HWND window);
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool mouseDown(HWND window, int button, LPARAM lparam);
@@ -115,7 +113,12 @@ class ControlWindow : public forms::ControlPeer {
   FormWindow& owner_;
   forms::Control& control_;
   HWND window_ = nullptr;
-  bool discardCharacter_ = false;  // of the key that is down
+  struct Subclassed {
+    HWND window;
+    WNDPROC before;
+  };
+  std::vector<Subclassed> subclassed_;  // the control's window and those within it, until they are destroyed
+  bool discardCharacter_ = false;       // of the key that is down
 };
 
 }  // namespace nv::windows

@@ -171,6 +171,12 @@ RECT FormWindow::placeOf(const forms::Control& control) const {
   return place;
 }
 
+ControlWindow* FormWindow::controlOf(HWND window) const {
+  auto* const data = reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  const auto isIt = [data](const auto& control) { return control.get() == data; };
+  return std::ranges::any_of(controls_, isIt) ? data : nullptr;
+}
+
 SIZE FormWindow::contentSize() const {
   return {scale_.pixels(form_.place().width), scale_.pixels(form_.place().height)};
 }
@@ -359,7 +365,7 @@ LRESULT CALLBACK FormWindow::sessionProcedure(HWND window, UINT message, WPARAM 
 LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
   const HWND window = window_;
   LRESULT result = 0;
-  if (ControlWindow::reflect(message, wparam, lparam, result)) return result;
+  if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
     case WM_CLOSE:
       form_.unload(UnloadMode::user);

@@ -36,6 +36,8 @@ class FormWindow : public forms::FormPeer {
   HICON icon(std::wstring_view resource, int width, int height) { return palette_.icon(resource, width, height); }
   /// Where a control stands in its parent window, in pixels, the scrolled part of the form taken into account.
   RECT placeOf(const forms::Control& control) const;
+  /// The control whose window, or a window within it, this is; nullptr for windows of others.
+  ControlWindow* controlOf(HWND window) const;
   /// Scrolls so that the control can be seen.
   void bringIntoView(const forms::Control& control);
   /// The keyboard focus has come into a control's window, whoever brought it there.
