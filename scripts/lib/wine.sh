@@ -36,8 +36,15 @@ use_display() {
 
 # use_wineserver: one server, with the desktop, for all that follows; a process start is then well under a second.
 use_wineserver() {
+  # The desktop's size must be known before anything starts it: without one there is no desktop, and each window waits
+  # two seconds for a window manager.
+  if [ "$(cat "$WINEPREFIX/.screen" 2>/dev/null)" != "$screen" ]; then
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$screen" /f >/dev/null 2>&1
+    wineserver -k >/dev/null 2>&1
+    wineserver -w
+    echo "$screen" >"$WINEPREFIX/.screen"
+  fi
   wineserver -p >/dev/null 2>&1
-  wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$screen" /f >/dev/null 2>&1
   wine explorer /desktop=Default,"$screen" >/dev/null 2>&1 &
 }
 
