@@ -126,9 +126,10 @@ void Form::unload(UnloadMode mode) {
   if (mode == UnloadMode::code) {
     Form_QueryUnload(cancel, mode);
   } else {
-    // The user may press the close box again while the handler lets events run.
+    // The user may press the close box again, or what was pressed before it, while the handler lets events run.
     if (askedToUnload_) return;
     const Raised asked(askedToUnload_);
+    const Busy busy(*this);
     Form_QueryUnload(cancel, mode);
   }
   if (!cancel) detach();

@@ -38,6 +38,18 @@ TEST_F(BillerDialogTest, CancelLeavesTheRecord) {
   EXPECT_EQ(component.store.PayeeCity, L" OTTAWA ");
 }
 
+TEST_F(BillerDialogTest, ClosingIsNotUndoneByAnOKThatWasStillQueued) {
+  const Texts before = texts(component.store);
+  for (const bool byKey : {false, true}) {
+    User user = shown();
+    put(user, L"ran_payee_city", L"KENORA");
+    widgetset.pending.push_back([&] { byKey ? static_cast<void>(user.altKey(L'O')) : user.click(L"cmd_ok"); });
+    user.closeBox();
+    EXPECT_EQ(texts(component.store), before);
+    EXPECT_EQ(std::exchange(host.events, {}), Texts{L"Cancel"});
+  }
+}
+
 TEST_F(BillerDialogTest, TheResultTellsAnExistingBillerThatDidNotChange) {
   struct Case {
     std::int16_t add;
