@@ -12,9 +12,9 @@ namespace nv {
 /// @param newFile empties the file first; every caller passes false.
 void WritePlayByPlay(Component& component, std::wstring_view label, Flag16 newFile) noexcept;
 
-/// What every procedure does first.
+/// What every procedure does first. While the trace is off it is a comparison: nobody asks how long the label is.
 /// @param label "<Object> - <Procedure>", a constant of the procedure.
-inline void entered(Component& component, std::wstring_view label) noexcept {
+inline void entered(Component& component, const wchar_t* label) noexcept {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, flagFalse);
 }
 
@@ -26,7 +26,7 @@ struct Procedure {
 };
 
 inline void entered(Component& component, const Procedure& procedure) {
-  if (component.store.PlayByPlayEnabled != flagFalse) entered(component, procedure.label());
+  if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, procedure.label(), flagFalse);
 }
 
 }  // namespace nv

@@ -19,11 +19,11 @@ class Values {
 
   bool atEnd() const { return rest_.empty(); }
 
-  /// The next value, trimmed, and whether it was the last one of its line. The value is good until the next call.
-  std::wstring_view next(bool& endsLine) {
+  /// The next value, trimmed, and whether it was the last one of its line. A value in quotes lies in the buffer.
+  std::wstring_view next(std::wstring& buffer, bool& endsLine) {
     skipBlanks();
-    if (!rest_.empty() && rest_.front() == L'"') return quoted(endsLine);
-    const std::size_t end = std::min(rest_.find_first_of(L",\r\n"), rest_.size());
+    if (!rest_.empty() && rest_.front() == L'"') return quoted(buffer, endsLine);
+    const std::size_t end = endOfValue();
     const std::wstring_view value = trimmed(rest_.substr(0, end));
     rest_.remove_prefix(end);
     endsLine = passSeparator();
@@ -31,23 +31,32 @@ class Values {
   }
 
  private:
-  std::wstring_view quoted(bool& endsLine) {
+  std::wstring_view quoted(std::wstring& buffer, bool& endsLine) {
     rest_.remove_prefix(1);
-    quoted_.clear();
+    buffer.clear();
     for (;;) {
       const std::size_t end = std::min(rest_.find(L'"'), rest_.size());
-      quoted_ += rest_.substr(0, end);
+      buffer += rest_.substr(0, end);
       rest_.remove_prefix(std::min(end + 1, rest_.size()));
       if (rest_.empty() || rest_.front() != L'"') break;
-      quoted_ += L'"';  // a doubled quote stands for one
+      buffer += L'"';  // a doubled quote stands for one
       rest_.remove_prefix(1);
     }
-    rest_.remove_prefix(std::min(rest_.find_first_of(L",\r\n"), rest_.size()));
+    rest_.remove_prefix(endOfValue());
     endsLine = passSeparator();
-    return trimmed(quoted_);
+    return trimmed(buffer);
   }
 
-  void skipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(L' '), rest_.size())); }
+  /// Position of the next separator. A plain loop: the search for one of several characters calls a function for each.
+  std::size_t endOfValue() const {
+    std::size_t at = 0;
+    while (at < rest_.size() && rest_[at] != L',' && rest_[at] != L'\r' && rest_[at] != L'\n') ++at;
+    return at;
+  }
+
+  void skipBlanks() {
+    while (!rest_.empty() && rest_.front() == L' ') rest_.remove_prefix(1);
+  }
 
   /// Passes a comma or the end of a line. Returns whether it was the latter.
   bool passSeparator() {
@@ -59,7 +68,6 @@ class Values {
   }
 
   std::wstring_view rest_;
-  std::wstring quoted_;
 };
 
 bool isCode(std::wstring_view code) {
@@ -77,18 +85,19 @@ forms::RowTable countryRows(std::wstring_view text, const std::function<bool(std
 
   Values values(text);
   bool endsLine = false;
-  if (!values.atEnd()) values.next(endsLine);
-  std::wstring cells[countryColumns];
+  std::wstring_view cells[countryColumns + 1];  // what lies beyond the columns comes last
+  std::wstring buffers[countryColumns + 1];
+  if (!values.atEnd()) values.next(buffers[0], endsLine);
   while (!values.atEnd()) {
     std::size_t count = 0;
     do {
-      const std::wstring_view value = values.next(endsLine);
-      if (count < countryColumns) cells[count] = value;
+      const std::size_t column = std::min<std::size_t>(count, countryColumns);
+      cells[column] = values.next(buffers[column], endsLine);
       ++count;
     } while (!endsLine);
-    std::wstring& code = cells[countryCode];
-    std::ranges::transform(code, code.begin(), asciiUpper);
-    if (count < countryColumns || !isCode(code)) continue;
+    if (count < countryColumns || !isCode(cells[countryCode])) continue;
+    const wchar_t letters[] = {asciiUpper(cells[countryCode][0]), asciiUpper(cells[countryCode][1])};
+    const std::wstring_view code(letters, std::size(letters));
     if (code == canada[countryCode] || code == unitedStates[countryCode] || !offered(code)) continue;
     rows.add({cells[countryName], code, cells[countryPhone]});
   }

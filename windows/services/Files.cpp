@@ -1,5 +1,7 @@
 #include "windows/services/Files.h"
 
+#include <memory>
+
 #include "platform/RuntimeError.h"
 #include "windows/Handles.h"
 #include "windows/Paths.h"
@@ -51,11 +53,10 @@ std::wstring Files::read(const std::wstring& path) {
   LARGE_INTEGER size{};
   if (!file || !GetFileSizeEx(file.get(), &size)) throwLastError();
   if (size.HighPart != 0 || size.LowPart > 0x7FFFFFFF) throw RuntimeError(ErrorNumber::outOfMemory);
-  std::string bytes(size.LowPart, '\0');
+  const auto bytes = std::make_unique_for_overwrite<char[]>(size.LowPart);
   DWORD length = 0;
-  if (!ReadFile(file.get(), bytes.data(), size.LowPart, &length, nullptr)) throwLastError();
-  bytes.resize(length);
-  return fromAnsiCodePage(bytes);
+  if (!ReadFile(file.get(), bytes.get(), size.LowPart, &length, nullptr)) throwLastError();
+  return fromAnsiCodePage({bytes.get(), length});
 }
 
 void Files::remove(const std::wstring& path) {
