@@ -49,9 +49,10 @@ class Values {
 
   /// Position of the next separator. A plain loop: the search for one of several characters calls a function for each.
   std::size_t endOfValue() const {
-    std::size_t at = 0;
-    while (at < rest_.size() && rest_[at] != L',' && rest_[at] != L'\r' && rest_[at] != L'\n') ++at;
-    return at;
+    const auto separates = [](wchar_t c) {
+      return c <= L',' && (c == L',' || c == L'\r' || c == L'\n');  // nearly all are beyond the comma
+    };
+    return static_cast<std::size_t>(std::ranges::find_if(rest_, separates) - rest_.begin());
   }
 
   void skipBlanks() {

@@ -1,0 +1,290 @@
+// What the user waits for: the dialog on the screen, a character in a field, and OK.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bench/BareDialog.h"
+#include "bench/Rows.h"
+#include "bench/Workplace.h"
+#include "tests/windows/Server.h"
+#include "windows/ThreadWindows.h"
+
+namespace nv::bench {
+
+using windows::ComPtr;
+using windows::Hook;
+using windows::test::findControl;
+
+namespace {
+
+/// Works off everything that is due, painting included.
+void settle() {
+  for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+/// The host's window.
+class HostWindow {
+ public:
+  HostWindow()
+      : window_(CreateWindowW(L"STATIC", L"nvbench", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, 0, 0, 1200,
+                              900, nullptr, nullptr, nullptr, nullptr)) {
+    SetForegroundWindow(window_);
+    settle();
+  }
+  ~HostWindow() { DestroyWindow(window_); }
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+  HWND get() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
+HWND dialogOfThread() {
+  HWND dialog = nullptr;
+  windows::forEachThreadWindow([&dialog](HWND window) {
+    if (GetPropW(window, L"NVRandom.Name") != nullptr) dialog = window;
+    return dialog == nullptr;
+  });
+  return dialog;
+}
+
+std::function<void(HWND)> whenShown;
+
+/// The dialog's own loop has taken its first message: from here on the dialog is in the test's hands.
+LRESULT CALLBACK loopRuns(int code, WPARAM wparam, LPARAM lparam) {
+  if (code != MSGF_DIALOGBOX || !whenShown) return CallNextHookEx(nullptr, code, wparam, lparam);
+  const auto act = std::exchange(whenShown, nullptr);
+  const auto& message = *reinterpret_cast<const MSG*>(lparam);
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+  settle();
+  act(dialogOfThread());
+  return TRUE;
+}
+
+/// Shows the dialog modally; once it is painted `act` does what is wanted with it, then it is closed if it is still
+/// there.
+void show(_ClsRandom* object, const std::function<void(HWND)>& act) {
+  const Hook hook(SetWindowsHookExW(WH_MSGFILTER, loopRuns, nullptr, GetCurrentThreadId()));
+  whenShown = [&act](HWND dialog) {
+    act(dialog);
+    if (IsWindow(dialog)) PostMessageW(dialog, WM_CLOSE, 0, 0);
+  };
+  long result = 0;
+  EXPECT_HRESULT_SUCCEEDED(object->ShowForm(&result));
+}
+
+/// From the call to the painted dialog.
+double opening(_ClsRandom* object) {
+  double took = 0;
+  const auto start = Clock::now();
+  show(object, [&](HWND) { took = secondsSince(start); });
+  settle();
+  return took;
+}
+
+double bareOpening(const std::vector<BareWindow>& description, HWND host) {
+  const auto start = Clock::now();
+  const HWND dialog = made(description, host).front();
+  ShowWindow(dialog, SW_SHOW);
+  SetForegroundWindow(dialog);
+  settle();
+  const double took = secondsSince(start);
+  DestroyWindow(dialog);
+  settle();
+  return took;
+}
+
+/// The embedded dialog, shown in the host's window and painted, until it is accepted or this is gone.
+class Embedded {
+ public:
+  Embedded(_ClsRandom* object, HWND host) : object_(object) {
+    long result = 0;
+    EXPECT_HRESULT_SUCCEEDED(object->Get_hWnd(&result));
+    window_ = reinterpret_cast<HWND>(static_cast<LONG_PTR>(result));
+    SetParent(window_, host);
+    EXPECT_HRESULT_SUCCEEDED(object->ShowForm_Remote(&result));
+    settle();
+  }
+  ~Embedded() {
+    object_->Unload_From_Remote();
+    settle();
+  }
+  Embedded(const Embedded&) = delete;
+  Embedded& operator=(const Embedded&) = delete;
+  HWND window() const { return window_; }
+  HWND control(const wchar_t* name) const { return findControl(window_, name); }
+
+ private:
+  _ClsRandom* object_;
+  HWND window_ = nullptr;
+};
+
+std::vector<BareWindow> describedDialog(_ClsRandom* object) {
+  std::vector<BareWindow> description;
+  show(object, [&](HWND dialog) { description = described(dialog); });
+  settle();
+  return description;
+}
+
+/// Where the description of the dialog is handed to the processes that open it once.
+const char* const descriptionFile = "nvbench.windows";
+
+/// A process of its own that opens one side's dialog. Its exit code is the time in microseconds.
+double openedElsewhere(const wchar_t* option) {
+  wchar_t program[MAX_PATH];
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  std::wstring command = L"\"" + std::wstring(program) + L"\" " + option;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+    throw std::runtime_error("nvbench cannot be started");
+  }
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD microseconds = 0;
+  GetExitCodeProcess(process.hProcess, &microseconds);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  if (microseconds < 100) throw std::runtime_error("the dialog cannot be opened in a process of its own");
+  return microseconds * 1e-6;
+}
+
+/// Listens for CSBOK.
+class Accepted {
+ public:
+  explicit Accepted(_ClsRandom* object) : point_(windows::test::eventsOf(object)) {
+    EXPECT_HRESULT_SUCCEEDED(point_->Advise(&sink_, &cookie_));
+  }
+  ~Accepted() { point_->Unadvise(cookie_); }
+  Accepted(const Accepted&) = delete;
+  Accepted& operator=(const Accepted&) = delete;
+
+  Clock::time_point when{};
+
+ private:
+  windows::test::Sink sink_{[this](DISPID event, const DISPPARAMS&) {
+    if (event == 1) when = Clock::now();
+    return S_OK;
+  }};
+  ComPtr<IConnectionPoint> point_;
+  DWORD cookie_ = 0;
+};
+
+const wchar_t* const fields[] = {
+    L"ran_payee_street",    L"ran_payee_city",    L"ran_payee_prov",  L"ran_payee_country",  L"ran_payee_postal",
+    L"cmbCurrencyCode",     L"ran_payee_ph_area", L"ran_payee_phone", L"ran_payee_fax_area", L"ran_payee_faxnumber",
+    L"txtPhoneCountryCode", L"txtFaxCountryCode", L"ran_payee_email", L"ran_payee_www",      L"ran_payee_contact",
+    L"txtBusinessNum",      L"txtTransit",        L"txtBankID",       L"txtAccount"};
+
+}  // namespace
+
+int openOnce(bool bare) {
+  double took = 0;
+  const HostWindow host;
+  if (bare) {
+    std::ifstream file(descriptionFile, std::ios::binary);
+    std::vector<BareWindow> description;
+    for (BareWindow each; file.read(reinterpret_cast<char*>(&each), sizeof(each));) description.push_back(each);
+    if (!description.empty()) took = bareOpening(description, host.get());
+  } else {
+    const Workplace workplace(L"openOnce");
+    took = opening(workplace.object().get());
+  }
+  return static_cast<int>(took * 1e6);
+}
+
+Medians firstOpening() {
+  {
+    const HostWindow host;
+    const Workplace workplace(L"firstOpening");
+    const auto description = describedDialog(workplace.object().get());
+    std::ofstream(descriptionFile, std::ios::binary)
+        .write(reinterpret_cast<const char*>(description.data()),
+               static_cast<std::streamsize>(description.size() * sizeof(BareWindow)));
+  }
+  const Medians took =
+      compare([] { return openedElsewhere(L"--open"); }, [] { return openedElsewhere(L"--open-bare"); }, 15);
+  std::filesystem::remove(descriptionFile);
+  return took;
+}
+
+Medians nextOpening() {
+  const HostWindow host;
+  const Workplace workplace(L"nextOpening");
+  const auto object = workplace.object();
+  const auto description = describedDialog(object.get());
+  return compare([&] { return opening(object.get()); }, [&] { return bareOpening(description, host.get()); }, 41);
+}
+
+Medians keystroke() {
+  const HostWindow host;
+  const Workplace workplace(L"keystroke");
+  const auto object = workplace.object();
+  const Embedded dialog(object.get(), host.get());
+  const HWND ours = dialog.control(L"ran_payee_street");
+
+  const HostWindow bareHost;
+  std::vector<BareWindow> description = described(dialog.window());
+  description.front().style |= WS_VISIBLE;
+  const std::vector<HWND> windows = made(description, bareHost.get());
+  const auto at = std::ranges::find(description, ours, &BareWindow::original) - description.begin();
+  const HWND bare = windows[static_cast<std::size_t>(at)];
+
+  // Letters typed and taken back, each until it is on the screen.
+  constexpr int letters = 20;
+  const auto typing = [](HWND edit) {
+    SetForegroundWindow(GetAncestor(edit, GA_ROOT));
+    SetFocus(edit);
+    SetWindowTextW(edit, L"");
+    settle();
+    const auto type = [edit](WPARAM key) {
+      PostMessageW(edit, WM_KEYDOWN, key, 1);
+      PostMessageW(edit, WM_KEYUP, key, 1);
+      settle();
+    };
+    const auto start = Clock::now();
+    for (int i = 0; i < letters; ++i) type('A');
+    if (GetWindowTextLengthW(edit) != letters) throw std::runtime_error("what is typed does not arrive");
+    for (int i = 0; i < letters; ++i) type(VK_BACK);
+    return secondsSince(start) / (2 * letters);
+  };
+  return compare([&] { return typing(ours); }, [&] { return typing(bare); });
+}
+
+Medians acceptance() {
+  const HostWindow host;
+  const Workplace workplace(L"acceptance");
+  const auto object = workplace.object();
+  Accepted accepted(object.get());
+  double bareTook = 0;
+  const auto press = [&] {
+    const Embedded dialog(object.get(), host.get());
+    std::vector<HWND> windows;
+    for (const wchar_t* field : fields) windows.push_back(dialog.control(field));
+    std::vector<std::wstring> texts(windows.size());
+    bareTook = timed([&] {
+      wchar_t text[512];
+      for (std::size_t i = 0; i < windows.size(); ++i) {
+        texts[i].assign(text, static_cast<std::size_t>(GetWindowTextW(windows[i], text, 512)));
+      }
+    });
+    const HWND ok = dialog.control(L"cmd_ok");
+    accepted.when = {};
+    const auto start = Clock::now();
+    SendMessageW(GetParent(ok), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED), reinterpret_cast<LPARAM>(ok));
+    if (accepted.when == Clock::time_point{}) throw std::runtime_error("the biller is not accepted");
+    return std::chrono::duration<double>(accepted.when - start).count();
+  };
+  return compare(
+      press, [&] { return bareTook; }, 41);
+}
+
+}  // namespace nv::bench
