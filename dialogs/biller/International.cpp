@@ -81,16 +81,14 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   const std::wstring code = cmbCurrencyCode.text().substr(0, 3);
   if (code == canadianDollar) {
     SetFXBiller(false);
-  } else if (code == separatorCode) {
-    setCurrency(canadianDollar);
-    SetFXBiller(false);
-  } else if (domestic() && store().PayeeIndBusnTag == individualTag) {
+    return;
+  }
+  const bool foreign = code != separatorCode;
+  if (foreign && domestic() && store().PayeeIndBusnTag == individualTag) {
     message(L"You cannot setup an individual as an international payment.");
     setCurrency(canadianDollar);
-  } else if (!domestic() || foreignCurrency_) {
-    SetFXBiller(true);
-  } else if (acceptsInternational()) {
-    foreignCurrency_ = true;
+  } else if (foreign && (!domestic() || foreignCurrency_ || acceptsInternational())) {
+    foreignCurrency_ = domestic();
     SetFXBiller(true);
   } else {
     setCurrency(canadianDollar);

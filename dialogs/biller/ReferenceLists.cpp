@@ -203,7 +203,7 @@ bool frmRandomInfo::inUnitedStates() const {
 
 void frmRandomInfo::connectLists() {
   const auto filter = [this](forms::DropDownList& list, const wchar_t* procedure,
-                             std::vector<forms::Control*> candidates) {
+                             const std::vector<forms::Control*>& candidates) {
     on(list.keyPress, {formName, procedure}, [this, &list, candidates](wchar_t& key) {
       if (key == forms::keys::backspace) return;
       if (key == forms::keys::enter) {

@@ -201,7 +201,7 @@ void frmRandomInfo::connectButtons() {
 }
 
 /// Tells the host where the user works, so that it can scroll an embedded dialog.
-void frmRandomInfo::reportTop(const forms::Control& field) {
+void frmRandomInfo::reportTop(const forms::Control& field) const {
   CurrentFieldTop.raise(static_cast<std::int16_t>(field.topInForm()));
 }
 

@@ -223,7 +223,7 @@ class frmRandomInfo : public ComponentForm {
   void imgHelpCSFTInfo_Click(int index);
   void ctHyperLink1_Click();
   void showHelp(std::uint32_t topic);
-  void reportTop(const forms::Control& field);
+  void reportTop(const forms::Control& field) const;
 
   /// Domestic is the ordinary biller; every other kind is paid in US dollars through the US payment route.
   bool domestic() const { return store().WhatKindOfBiller == L" "; }

@@ -45,7 +45,7 @@ void ControlWindow::create(HWND parent) {
 /// In the plain way, not by SetWindowSubclass: that looks up a window property twice for every message, which doubles
 /// the time in which the dialog opens. Nobody but its maker uses a window's user data.
 void ControlWindow::adopt(HWND inner) {
-  Subclassed& subclassed = subclassed_.emplace_back(inner, nullptr);
+  Subclassed& subclassed = subclassed_.emplace_back(Subclassed{inner, nullptr});
   SetWindowLongPtrW(inner, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   subclassed.before =
       reinterpret_cast<WNDPROC>(SetWindowLongPtrW(inner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));

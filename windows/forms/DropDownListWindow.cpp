@@ -11,6 +11,13 @@ namespace nv::windows {
 
 using forms::Aspect;
 
+namespace {
+
+/// What visual styles call combo boxes (VSCLASS_COMBOBOX).
+constexpr const wchar_t* comboBoxTheme = L"COMBOBOX";
+
+}  // namespace
+
 ControlWindow::Native DropDownListWindow::native() const {
   return {dropDownListClass, WS_CLIPCHILDREN, WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT};
 }
@@ -73,7 +80,7 @@ void DropDownListWindow::paint(HDC context) {
   GetClientRect(window(), &area);
   FillRect(context, &area, owner().brush(background()));
   RECT button = buttonArea();
-  if (const Theme theme(OpenThemeData(window(), VSCLASS_COMBOBOX)); theme) {
+  if (const Theme theme(OpenThemeData(window(), comboBoxTheme)); theme) {
     DrawThemeBackground(theme.get(), context, CP_DROPDOWNBUTTONRIGHT, themedState(), &button, nullptr);
     return;
   }
@@ -83,7 +90,7 @@ void DropDownListWindow::paint(HDC context) {
 
 /// The edge as the current visual style has it, over that of the system.
 void DropDownListWindow::paintEdge() {
-  const Theme theme(OpenThemeData(window(), VSCLASS_COMBOBOX));
+  const Theme theme(OpenThemeData(window(), comboBoxTheme));
   if (!theme) return;
   RECT whole;
   RECT inside;
