@@ -61,7 +61,10 @@ struct Entry {
 class Demo {
  public:
   explicit Demo(const Folders& folders)
-      : pictures_(folders.build / L"demo"), installation_(folders.installation, folders.standIns), user_(thread_) {
+      : pictures_(folders.build / L"demo"),
+        picturesAsSeen_(std::filesystem::proximate(pictures_).generic_wstring()),
+        installation_(folders.installation, folders.standIns),
+        user_(thread_) {
     std::filesystem::remove_all(pictures_);
   }
   ~Demo() {
@@ -85,7 +88,7 @@ class Demo {
     });
     showModal();
     showEmbedded();
-    printLine(L"Pictures of the dialog are in " + std::filesystem::proximate(pictures_).generic_wstring() + L".");
+    printLine(L"Pictures of the dialog are in " + picturesAsSeen_ + L".");
   }
 
   /// For whoever looks into a failure.
@@ -102,9 +105,12 @@ class Demo {
     printLine(L"\n1. ShowForm: the dialog is modal, and the host waits for its result.\n");
     const auto before = record();
     auto shown = thread_.begin([this] { return biller_->show(Biller::Show::modal); });
-    useDialog(
-        L"modal",
-        {{L"ran_payee_street", L"88 PORT ROAD"}, {L"ran_payee_city", L"KENORA"}, {L"ran_payee_postal", L"P9N2X4"}});
+    useDialog(L"modal", {{L"ran_payee_street", L"88 PORT ROAD"},
+                         {L"ran_payee_city", L"KENORA"},
+                         {L"ran_payee_postal", L"P9N2X4"},
+                         {L"txtTransit", L"12345"},
+                         {L"txtBankID", L"003"},
+                         {L"txtAccount", L"7700123"}});
     user_.await(L"the dialog stays", [&shown] { return UiThread::ready(shown); });
     printLine(L"     ShowForm returns " + std::to_wstring(shown.get()));
     printRecord(before, record(), Rows::notBlank);
@@ -170,6 +176,7 @@ class Demo {
   void takePicture(HWND dialog, const std::wstring& file) { user_.pictureOf(dialog).save(pictures_ / file); }
 
   std::filesystem::path pictures_;
+  std::wstring picturesAsSeen_;  // from where the user called, before the installation becomes the current directory
   Installation installation_;
   UiThread thread_;
   User user_;

@@ -52,6 +52,7 @@ const Setting context[] = {
     {L"Add", false},
     {L"UserBankAcctPermission", true},
     {L"NVMemberType", L"B"},
+    {L"Provpostalstr", L"ABTBCVMBRNBENLANSBONKONLONMONNONPPECQCGQCHQCJSKSYTY"},
     {L"InternationalPayment", false},
     {L"BillerPaid", false},
     {L"USBillPaymentURL", L"https://payments.norvik.example/us"},
