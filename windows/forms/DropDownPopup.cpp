@@ -104,8 +104,8 @@ void DropDownPopup::show(const RECT& anchor, HFONT font) {
   RECT inside;
   GetClientRect(popup_, &inside);
   SetWindowPos(rows_, nullptr, 0, 0, inside.right, inside.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
-  rowChanged();
   ShowWindow(popup_, SW_SHOWNOACTIVATE);
+  rowChanged();
 }
 
 void DropDownPopup::hide() {
@@ -124,7 +124,7 @@ void DropDownPopup::rowsChanged() {
 }
 
 void DropDownPopup::rowChanged() {
-  if (rows_ == nullptr) return;
+  if (!open()) return;  // it shows the row once it is opened
   if (const auto row = list_.selectedRow()) {
     highlight(*row);
     ListView_EnsureVisible(rows_, static_cast<int>(*row), FALSE);
