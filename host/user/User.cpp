@@ -203,9 +203,21 @@ void User::clickAt(POINT place, Button button) {
   const int apart = GetSystemMetrics(SM_CXDOUBLECLK);
   if (std::abs(place.x - lastClick_.x) <= apart && std::abs(place.y - lastClick_.y) <= apart) place.x -= apart + 1;
   lastClick_ = place;
+  point(place);
   const bool left = button == Button::left;
-  send({mouseEvent(place, 0), mouseEvent(place, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
+  send({mouseEvent(place, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
         mouseEvent(place, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
+  settle();
+}
+
+/// A display server tells of each movement once more, in its own time. Told after the next press, it would drag what
+/// the press began back to where the pointer came from.
+void User::point(POINT place) {
+  send({mouseEvent(place, 0)});
+  // The server answers in order: with the pixel it has told of the movement.
+  const HDC screen = GetDC(nullptr);
+  GetPixel(screen, place.x, place.y);
+  ReleaseDC(nullptr, screen);
   settle();
 }
 

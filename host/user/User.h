@@ -67,6 +67,7 @@ class User {
  private:
   void send(std::vector<INPUT> events);
   void sendKeys(std::vector<INPUT> strokes);
+  void point(POINT place);
 
   UiThread& thread_;
   POINT lastClick_{};
