@@ -1,10 +1,12 @@
 // The events of the class under hard use: listeners that fail, come and go, or let the object go while they are called.
-#include "tests/windows/Server.h"
+#include "tests/windows/StandIns.h"
 
 namespace nv::windows::test {
 
 namespace {
 
+constexpr DISPID okEvent = 1;
+constexpr DISPID fieldEvent = 2;
 constexpr DISPID cancelEvent = 3;
 
 /// Shows the embedded dialog and closes it as the user does, which raises Cancel.
@@ -73,22 +75,54 @@ TEST_F(Events, ListenersComeAndGoWhileOneIsRaised) {
   EXPECT_EQ(0U, first.references + second.references + newcomer.references);
 }
 
-TEST_F(Events, AListenerMayReleaseTheLastReference) {
-  Sink sink(noting('x', [&] {
-    point.reset();
-    object.reset();
-    return S_OK;
-  }));
-  DWORD cookie = 0;
-  point->Advise(&sink, &cookie);
-  long handle = 0;
-  long result = 0;
-  object->ShowForm_Remote(&result);
-  object->Get_hWnd(&handle);
-  SendMessageW(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)), WM_CLOSE, 0, 0);
-  EXPECT_EQ("x", heard);
-  EXPECT_EQ(0U, sink.references) << "the object is gone and has let go of its listener";
-  EXPECT_EQ(S_OK, Server::get().canUnloadNow());
+/// What the user does, and the event in which the host then lets the object go.
+struct LastEvent {
+  const char* what;
+  DISPID event;
+  std::function<void(HWND dialog)> happens;
+};
+
+void clickOnCity(HWND dialog) {
+  const HWND city = findControl(dialog, L"ran_payee_city");
+  SendMessageW(city, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  if (IsWindow(city)) SendMessageW(city, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+}
+
+using ReleasingHost = StandInsTest;
+
+TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
+  const LastEvent events[] = {
+      {"OK", okEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_ok"), BM_CLICK, 0, 0); }},
+      {"another field", fieldEvent, clickOnCity},
+      {"Cancel", cancelEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_cancel"), BM_CLICK, 0, 0); }},
+      {"the close box", cancelEvent, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); }},
+  };
+  for (const LastEvent& c : events) {
+    SCOPED_TRACE(c.what);
+    auto object = Server::get().create();
+    setAcceptable(object.get(), dllPath());
+    object->put_Add(1);
+    auto point = eventsOf(object.get());
+    long handle = 0;
+    long result = -1;
+    ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
+    ASSERT_EQ(0, result);
+    ASSERT_EQ(S_OK, object->Get_hWnd(&handle));
+    const HWND dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    Sink sink([&](DISPID event, const DISPPARAMS&) {
+      if (event != c.event) return S_OK;
+      point.reset();
+      object.reset();
+      return S_OK;
+    });
+    DWORD cookie = 0;
+    point->Advise(&sink, &cookie);
+    c.happens(dialog);
+    EXPECT_EQ(nullptr, object.get()) << "the event was raised";
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_EQ(0U, sink.references) << "the object is gone and has let go of its listener";
+    EXPECT_EQ(S_OK, Server::get().canUnloadNow());
+  }
 }
 
 TEST_F(Events, ReleasingTheObjectTakesItsDialogAwayInSilence) {
