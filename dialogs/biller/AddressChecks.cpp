@@ -9,9 +9,8 @@ namespace nv {
 
 namespace {
 
-/// The longest text that is held against a pattern, in characters: as long as an e-mail address may be (64 for the
-/// mailbox,
-/// "@", 255 for the domain). The matcher's depth grows with the text, and the stack is the host's.
+/// The longest text that is held against a pattern, in characters: as long as an e-mail address may be, 64 for the
+/// mailbox, "@", 255 for the domain. The matcher's depth grows with the text, and the stack is the host's.
 constexpr std::size_t longestMatched = 320;
 
 bool matches(std::wstring_view text, const std::wregex& pattern) {
