@@ -12,9 +12,10 @@ namespace nv {
 /// @param newFile empties the file first; every caller passes false.
 void WritePlayByPlay(Component& component, std::wstring_view label, Flag16 newFile) noexcept;
 
-/// What every procedure does first. While the trace is off it is a comparison: nobody asks how long the label is.
+/// What every procedure does first. While the trace is off it is a comparison, in the procedure itself even where the
+/// compiler saves space: nobody asks how long the label is.
 /// @param label "<Object> - <Procedure>", a constant of the procedure.
-inline void entered(Component& component, const wchar_t* label) noexcept {
+[[gnu::always_inline]] inline void entered(Component& component, const wchar_t* label) noexcept {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, flagFalse);
 }
 

@@ -1,10 +1,10 @@
 // The bank checks of module Random: what is decided here, and what the account verifier is asked.
 #include <algorithm>
-#include <regex>
 
 #include "component/ShowError.h"
 #include "component/Trace.h"
 #include "platform/HostInstallation.h"
+#include "platform/Pattern.h"
 #include "platform/Text.h"
 #include "validation/Random.h"
 
@@ -145,7 +145,7 @@ Flag16 ValidateABANumber(Component& component, std::wstring_view routingNumber) 
   entered(component, L"Random - ValidateABANumber");
   constexpr std::size_t digits = 9;
   if (component.store.WhatKindOfBiller != L" ") {
-    static const std::wregex assignedPrefix(
+    static const Pattern assignedPrefix(
         L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
         L"72)\\b");
     const std::wstring prefix(routingNumber.substr(0, 2));

@@ -1,8 +1,8 @@
 // What the biller dialog accepts as an e-mail address and as a web site.
 #include <algorithm>
-#include <regex>
 
 #include "dialogs/biller/frmRandomInfo.h"
+#include "platform/Pattern.h"
 #include "platform/Text.h"
 
 namespace nv {
@@ -13,7 +13,7 @@ namespace {
 /// mailbox, "@", 255 for the domain. The matcher's depth grows with the text, and the stack is the host's.
 constexpr std::size_t longestMatched = 320;
 
-bool matches(std::wstring_view text, const std::wregex& pattern) {
+bool matches(std::wstring_view text, const Pattern& pattern) {
   return text.size() <= longestMatched && std::regex_search(text.begin(), text.end(), pattern);
 }
 
@@ -28,7 +28,7 @@ Flag16 frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstri
     message = L"Please enter a complete e-mail address with the form 'name@example.com'.";
     return flagFalse;
   }
-  static const std::wregex pattern(
+  static const Pattern pattern(
       L"^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\\.)+"
       L"[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$",
       std::regex::ECMAScript | std::regex::icase);
@@ -39,7 +39,7 @@ Flag16 frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstri
 
 Flag16 frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& message) {
   entered(component(), L"RandomInfo - ValidateWebsite");
-  static const std::wregex pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
+  static const Pattern pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
   if (matches(site, pattern)) return flagTrue;
   message = L"Please enter a valid website with the form\r\n'www.example.com'.";
   return flagFalse;
