@@ -36,6 +36,7 @@ Medians mailCheck();
 Medians switchedOffTraceOfAcceptance();
 Medians countryFile(std::size_t rows);
 /// Per row: a file of 100,000 rows beside one of 10,000.
+Medians countryFileBesideItsBytes();
 Medians countryFileGrowth();
 
 }  // namespace nv::bench

@@ -72,6 +72,14 @@ class CountryText {
       opaque(lines.size());
     });
   }
+  /// Its bytes alone, which nobody looks at.
+  Sample fetching() const {
+    return repeated([path = path_] {
+      std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(path)), '\0');
+      std::ifstream(path, std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+      opaque(bytes.size());
+    });
+  }
 
  private:
   std::filesystem::path path_;
@@ -107,6 +115,11 @@ Medians switchedOffTraceOfAcceptance() {
 Medians countryFile(std::size_t rows) {
   const CountryText text(rows);
   return compare(text.loading(), text.reading(), 31);
+}
+
+Medians countryFileBesideItsBytes() {
+  const CountryText text(100'000);
+  return compare(text.loading(), text.fetching(), 31);
 }
 
 Medians countryFileGrowth() {
