@@ -35,8 +35,8 @@ int openOnce(bool bare);
 Medians mailCheck();
 Medians switchedOffTraceOfAcceptance();
 Medians countryFile(std::size_t rows);
-/// Per row: a file of 100,000 rows beside one of 10,000.
 Medians countryFileBesideItsBytes();
+/// Per row: a file of 100,000 rows beside one of 10,000.
 Medians countryFileGrowth();
 
 }  // namespace nv::bench

@@ -30,7 +30,7 @@ class Listener final : public IDispatch {
     if (event == 1) wprintf(L"CSBOK\n");
     if (event == 2) wprintf(L"CurrentFieldTop %d\n", arguments->rgvarg[0].iVal);  // scroll to it here
     if (event == 3) wprintf(L"Cancel\n");
-    if (event == 1 || event == 3) PostQuitMessage(0);  // the dialog is about to close
+    if (event == 1 || event == 3) PostQuitMessage(0);  // the dialog is done
     return S_OK;
   }
 };

@@ -48,6 +48,13 @@ HRESULT outcome(const Answer& answer) {
   return answer.failure;
 }
 
+/// Lets everything happen that is waiting for the thread: input, timers, what was posted.
+void workOffMessages() {
+  for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE; DispatchMessageW(&message)) {
+    TranslateMessage(&message);
+  }
+}
+
 /// Has nothing but an HRESULT leave a COM method.
 template <class Body>
 HRESULT guarded(Body&& body) noexcept {
@@ -172,6 +179,7 @@ class Verifier final : public _AccountVerifier, public ISupportErrorInfo {
     return guarded([&] {
       noteAsked(method, arguments, puts_);
       const Answer answer = answerOf(method).value_or(Answer());
+      if (answer.pumps) workOffMessages();
       *result = answer.result;
       if (answer.handedOut != Answer::Text::asItCame) {
         SysFreeString(*message);

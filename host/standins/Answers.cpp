@@ -11,8 +11,9 @@ namespace nv::host {
 
 namespace {
 
-/// What a member has to give: a result, a text by reference with a number beside it, a text alone, an HRESULT.
-enum Gives : unsigned { result = 1, textAndLength = 2, noText = 4, textAlone = 8, failure = 16 };
+/// What a member has to give: a result, a text by reference with a number beside it, a text alone, an HRESULT; and
+/// whether it can let messages through before it gives anything.
+enum Gives : unsigned { result = 1, textAndLength = 2, noText = 4, textAlone = 8, failure = 16, pumping = 32 };
 
 struct Member {
   const wchar_t* name;
@@ -33,9 +34,9 @@ constexpr Member members[] = {
     {L"put BankIdLength", failure},
     {L"put AccountLength", failure},
     {L"BillerSearchID", textAlone | noText | failure},
-    {L"VerifyAccount", result | textAndLength | noText | failure},
-    {L"ValidateBankId", result | textAndLength | noText | failure},
-    {L"ValidateBankAccount", result | textAndLength | noText | failure},
+    {L"VerifyAccount", result | textAndLength | noText | failure | pumping},
+    {L"ValidateBankId", result | textAndLength | noText | failure | pumping},
+    {L"ValidateBankAccount", result | textAndLength | noText | failure | pumping},
     {L"Check_bank_id", result},
     {L"Check_bank_account2", result | textAndLength},
     {L"DES_decrypt_file", result},
@@ -88,6 +89,7 @@ std::pair<std::wstring, Answer> readAnswer(Tokens& tokens) {
   }
   if (answer.handedOut == Answer::Text::given) answer.length = static_cast<std::int16_t>(answer.text.size());
   if (gives(textAndLength) && tokens.take(L"length")) answer.length = tokens.shortNumber();
+  answer.pumps = gives(pumping) && tokens.take(L"pumping");
   return {member.name, answer};
 }
 

@@ -33,6 +33,7 @@ struct Answer {
   std::optional<std::int16_t> length;  // the number beside the text; nothing: as it came
   HRESULT failure = S_OK;              // what the call fails with
   std::wstring description;            // of the failure; empty for a failure without an error object
+  bool pumps = false;                  // works off the thread's messages first, until none is left
 };
 
 /// Takes a member's name from the line. Fails with Failure when no stand-in has such a member.

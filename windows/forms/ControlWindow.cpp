@@ -137,6 +137,8 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wpar
 }
 
 LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_DESTROY) forgetText(window);
+  if (forgetting_ && message == WM_COMMAND) return 0;
   if (message == WM_NCDESTROY) {
     const LRESULT result = pass(window, message, wparam, lparam);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -148,6 +150,17 @@ LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM
     return result;
   }
   return shielded(form(), [&] { return handle(window, message, wparam, lparam); });
+}
+
+/// Memory that a window gives back holds nothing of what stood in it: blanks take the place of its text, which nobody
+/// hears of any more. Longer than any field's, such a text was no secret.
+void ControlWindow::forgetText(HWND window) {
+  forgetting_ = true;
+  wchar_t blanks[128];
+  const auto length = std::min<LRESULT>(pass(window, WM_GETTEXTLENGTH, 0, 0), std::size(blanks) - 1);
+  if (length <= 0) return;
+  *std::fill_n(blanks, length, L' ') = L'\0';
+  pass(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(blanks));
 }
 
 LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -228,7 +241,7 @@ bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam
       return false;
   }
   ControlWindow* const target = owner.controlOf(child);
-  if (target == nullptr) return false;
+  if (target == nullptr || target->forgetting_) return false;
   // A window within a control reports to the control; of its messages only the question for colours comes from here.
   const bool colours = message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM;
   if (child != target->window_ && !colours) return false;

@@ -106,6 +106,7 @@ class ControlWindow : public forms::ControlPeer {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  void forgetText(HWND window);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool mouseDown(HWND window, int button, LPARAM lparam);
   void place();
@@ -119,6 +120,7 @@ class ControlWindow : public forms::ControlPeer {
   };
   std::vector<Subclassed> subclassed_;  // the control's window and those within it, until they are destroyed
   bool discardCharacter_ = false;       // of the key that is down
+  bool forgetting_ = false;             // the windows are being destroyed
 };
 
 }  // namespace nv::windows

@@ -1,0 +1,111 @@
+// An account verifier that lets messages through while it is asked: what the user and the host do meanwhile reaches the
+// dialog in the middle of its own OK.
+#include "tests/windows/StandIns.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+/// Has the thread run a function from whatever message loop it is in.
+class Postbox {
+ public:
+  Postbox() {
+    WNDCLASSW definition{};
+    definition.lpfnWndProc = procedure;
+    definition.lpszClassName = L"Postbox";
+    RegisterClassW(&definition);
+    window_ = CreateWindowExW(0, L"Postbox", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  }
+  ~Postbox() { DestroyWindow(window_); }
+  Postbox(const Postbox&) = delete;
+  Postbox& operator=(const Postbox&) = delete;
+
+  void post(std::function<void()> work) {
+    work_ = std::move(work);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&work_));
+    PostMessageW(window_, WM_APP, 0, 0);
+  }
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != WM_APP) return DefWindowProcW(window, message, wparam, lparam);
+    (*reinterpret_cast<const std::function<void()>*>(GetWindowLongPtrW(window, GWLP_USERDATA)))();
+    return 0;
+  }
+
+  std::function<void()> work_;
+  HWND window_ = nullptr;
+};
+
+/// What a host holds of the component.
+struct Held {
+  ComPtr<_ClsRandom> object = Server::get().create();
+  ComPtr<IConnectionPoint> point = eventsOf(object.get());
+  HWND dialog = nullptr;
+};
+
+using Reentry = StandInsTest;
+
+TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
+  struct Case {
+    const char* what;
+    std::function<void(Held&)> meanwhile;
+    std::string events;  // o: OK, c: Cancel
+    bool accepted;
+  };
+  const auto press = [](const Held& held, WPARAM key) {
+    PostMessageW(findControl(held.dialog, L"ran_payee_city"), WM_KEYDOWN, key, 1);
+  };
+  long result = -1;
+  const Case cases[] = {
+      {"nothing", [](Held&) {}, "o", true},
+      {"OK again", [](Held& held) { SendMessageW(findControl(held.dialog, L"cmd_ok"), BM_CLICK, 0, 0); }, "o", true},
+      {"typing", [&](Held& held) { press(held, L'X'); }, "o", true},
+      {"Escape", [&](Held& held) { press(held, VK_ESCAPE); }, "o", true},
+      {"another show", [&](Held& held) { held.object->ShowForm_Remote(&result); }, "o", true},
+      {"the close box", [](Held& held) { SendMessageW(held.dialog, WM_CLOSE, 0, 0); }, "c", false},
+      {"unloading", [](Held& held) { held.object->Unload_From_Remote(); }, "", false},
+      {"the window goes", [](Held& held) { DestroyWindow(held.dialog); }, "", false},
+      {"the object goes", [](Held& held) { held.point.reset(), held.object.reset(); }, "", false},
+  };
+  tell(L"ValidateBankAccount 1 pumping");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Held held;
+    setAcceptable(held.object.get(), dllPath());
+    held.object->put_Add(1);
+    std::string events;
+    Sink sink([&](DISPID event, const DISPPARAMS&) {
+      if (event == 1) events += 'o';
+      if (event == 3) events += 'c';
+      return S_OK;
+    });
+    DWORD cookie = 0;
+    held.point->Advise(&sink, &cookie);
+    long handle = 0;
+    ASSERT_EQ(S_OK, held.object->ShowForm_Remote(&result));
+    ASSERT_EQ(S_OK, held.object->Get_hWnd(&handle));
+    held.dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    const HWND city = findControl(held.dialog, L"ran_payee_city");
+    SendMessageW(city, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"HULL"));
+
+    bool happened = false;
+    Postbox postbox;
+    postbox.post([&] {
+      happened = true;
+      c.meanwhile(held);
+    });
+    SendMessageW(findControl(held.dialog, L"cmd_ok"), BM_CLICK, 0, 0);
+
+    EXPECT_TRUE(happened) << "the verifier was asked";
+    EXPECT_FALSE(IsWindow(held.dialog));
+    EXPECT_EQ(c.events, events);
+    if (held.object.get() == nullptr) continue;
+    EXPECT_EQ(c.accepted ? L"HULL" : L"OTTAWA", getText(held.object.get(), &_ClsRandom::get_PayeeCity));
+    held.point->Unadvise(cookie);
+  }
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test
