@@ -187,6 +187,9 @@ Section Uninstall
     RMDir "$0"
   ${EndIf}
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
-  ; A user may have had nothing to uninstall; a machine always has.
+  ; A user may have had nothing to uninstall and no program of the user's own; a machine always has.
   DeleteRegKey /ifempty HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+  ${If} $MultiUser.InstallMode == CurrentUser
+    RMDir "$LOCALAPPDATA\Programs"
+  ${EndIf}
 SectionEnd
