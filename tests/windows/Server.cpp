@@ -12,13 +12,6 @@ void bind(HMODULE module, const char* name, Function& function) {
   if (function == nullptr) std::abort();
 }
 
-std::wstring nameOf(HWND window) {
-  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"NVRandom.Name")));
-  wchar_t name[256] = L"";
-  if (atom != 0) GlobalGetAtomNameW(atom, name, 256);
-  return name;
-}
-
 struct Search {
   const wchar_t* name;
   HWND found;
@@ -141,6 +134,13 @@ void setAcceptable(_ClsRandom* object, const std::wstring& dllPath) {
   };
   for (const auto& [setter, value] : values) putText(object, setter, value);
   EXPECT_HRESULT_SUCCEEDED(object->put_UserBankAcctPermission(-1));
+}
+
+std::wstring nameOf(HWND window) {
+  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"NVRandom.Name")));
+  wchar_t name[256] = L"";
+  if (atom != 0) GlobalGetAtomNameW(atom, name, 256);
+  return name;
 }
 
 HWND findControl(HWND parent, const wchar_t* name) {

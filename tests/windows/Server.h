@@ -93,6 +93,9 @@ class CountryFolder {
 /// A Canadian business that is accepted as it stands, in an installation with this DLLPath.
 void setAcceptable(_ClsRandom* object, const std::wstring& dllPath);
 
+/// The name of the form or control that a window belongs to; empty when it is none of ours.
+std::wstring nameOf(HWND window);
+
 /// The first window below `parent` that carries this control name; nullptr when there is none.
 HWND findControl(HWND parent, const wchar_t* name);
 

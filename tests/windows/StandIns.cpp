@@ -1,6 +1,11 @@
 #include "tests/windows/StandIns.h"
 
+#include <fstream>
+#include <sstream>
+
+#include "host/application/Automation.h"
 #include "host/base/Text.h"
+#include "host/base/Tokens.h"
 
 namespace nv::windows::test {
 
@@ -27,6 +32,34 @@ std::filesystem::path programFolder() {
 StandInsTest::StandInsTest()
     : installation(programFolder() / L"installations" / nameOfTest(), hostFolder() / L"standins") {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
+}
+
+Record recordOf(_ClsRandom* object) {
+  Record record;
+  std::ifstream members(NV_INTERFACE_FILE);
+  for (std::string line; std::getline(members, line);) {
+    std::istringstream words(line);
+    std::string kind, number, name;
+    words >> kind >> number >> name;
+    if (kind != "get" || !name.starts_with("Payee")) continue;
+    record[host::wide(name)] = host::shown(host::getProperty(*object, host::wide(name)));
+  }
+  EXPECT_GT(record.size(), 30U);
+  return record;
+}
+
+void StandInsTest::set(_ClsRandom* object, const std::string& biller) const {
+  std::ifstream lines(NV_BILLERS_FOLDER "/" + biller + ".txt");
+  EXPECT_TRUE(lines) << biller;
+  for (std::string line; std::getline(lines, line);) {
+    host::Tokens tokens(host::wide(line), {{L"root", installation.root()}});
+    if (tokens.take(L"include")) {
+      set(object, std::filesystem::path(tokens.wordOrText()).stem().string());
+    } else if (tokens.take(L"let")) {
+      const std::wstring name = tokens.word();
+      host::putProperty(*object, name, tokens.value());
+    }
+  }
 }
 
 std::vector<std::wstring> StandInsTest::asked() {

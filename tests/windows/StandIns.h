@@ -2,6 +2,8 @@
 // account verifier and the closed libraries.
 #pragma once
 
+#include <map>
+
 #include "host/application/Installation.h"
 #include "host/standins/Answers.h"
 #include "host/standins/Record.h"
@@ -9,6 +11,13 @@
 #include "tests/windows/Server.h"
 
 namespace nv::windows::test {
+
+/// The billers of the scenarios, each of which every check accepts.
+inline constexpr const char* billers[] = {"business", "individual", "us", "abroad"};
+
+/// What a biller's record holds, by property.
+using Record = std::map<std::wstring, std::wstring>;
+Record recordOf(_ClsRandom* object);
 
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
@@ -19,6 +28,8 @@ class StandInsTest : public testing::Test {
 
   /// Tells a stand-in what to answer, in the words of the scenario command `verifier`.
   static void tell(const std::wstring& answer) { host::record(host::answersFile, answer); }
+  /// Makes the object's record that of the biller, in this installation.
+  void set(_ClsRandom* object, const std::string& biller) const;
   /// What the stand-ins have been asked since the last call, a line each.
   std::vector<std::wstring> asked();
 
