@@ -15,54 +15,6 @@ class ShowTest : public BillerTest {
   void whenModal(std::function<void(User&)> leave) { widgetset.whenModal(std::move(leave)); }
 };
 
-struct WayOut {
-  const char* what;
-  std::function<void(User&)> leave;
-  std::int32_t result;
-  Texts events;
-};
-
-const WayOut waysOut[] = {
-    {"cancel", [](User& user) { user.click(L"cmd_cancel"); }, 50000, {L"Cancel"}},
-    {"Escape", [](User& user) { user.key(forms::keys::escape); }, 50000, {L"Cancel"}},
-    {"close box", [](User& user) { user.closeBox(); }, 50000, {L"Cancel"}},
-    {"system shutdown", [](User& user) { user.endSession(); }, 50000, {L"Cancel"}},
-    {"by code", [](User& user) { user.form().unload(); }, 0, {}},
-    {"OK, nothing changed", [](User& user) { user.click(L"cmd_ok"); }, 50000, {L"CSBOK"}},
-    {"OK", [](User& user) { user.type(L"ran_payee_city", L"X"), user.click(L"cmd_ok"); }, 0, {L"CSBOK"}},
-};
-
-TEST_F(ShowTest, AModalShowReturnsHowItEndedAndTellsTheHostNothing) {
-  for (const WayOut& c : waysOut) {
-    SCOPED_TRACE(c.what);
-    component.store.closeResult = 1;
-    component.store.importFlag = flagTrue;
-    whenModal([&](User& user) {
-      EXPECT_EQ(component.store.importFlag, flagFalse);
-      c.leave(user);
-    });
-    EXPECT_EQ(random.ShowForm(), c.result);
-    EXPECT_EQ(host.events, Texts{});
-  }
-}
-
-TEST_F(ShowTest, ARemoteShowReturnsAtOnceAndTellsTheHostHowItEnded) {
-  for (const WayOut& c : waysOut) {
-    SCOPED_TRACE(c.what);
-    host.events.clear();
-    component.store.closeResult = 0;
-    component.store.importFlag = flagTrue;
-    EXPECT_EQ(random.ShowForm_Remote(), 0);
-    EXPECT_EQ(component.store.importFlag, flagFalse);
-    User user = dialog();
-    EXPECT_TRUE(user.open());
-    c.leave(user);
-    EXPECT_FALSE(user.open());
-    EXPECT_EQ(host.events, c.events);
-    EXPECT_EQ(component.store.closeResult, c.result);
-  }
-}
-
 TEST_F(ShowTest, TheHostAsksForTheWindowBeforeOrAfterItIsShown) {
   startTrace();
   const std::int32_t window = random.Get_hWnd();
@@ -81,73 +33,6 @@ TEST_F(ShowTest, TheHostAsksForTheWindowBeforeOrAfterItIsShown) {
 
   dialog().closeBox();
   EXPECT_NE(random.Get_hWnd(), window) << "made anew once it was closed";
-}
-
-TEST_F(ShowTest, UnloadFromRemoteClosesEveryDialogWithoutAnEvent) {
-  Host otherHost;
-  ClsRandom other(component, otherHost);
-  random.ShowForm_Remote();
-  other.ShowForm_Remote();
-  whenModal([&](User&) { random.Unload_From_Remote(); });
-  EXPECT_EQ(random.ShowForm(), 0);
-  EXPECT_TRUE(component.forms.empty());
-  EXPECT_EQ(host.events, Texts{});
-  EXPECT_EQ(otherHost.events, Texts{});
-  random.Unload_From_Remote();  // nothing to unload
-}
-
-TEST_F(ShowTest, EachInstanceHearsOfItsOwnDialog) {
-  Host otherHost;
-  ClsRandom other(component, otherHost);
-  random.ShowForm_Remote();
-  User mine = dialog();
-  other.ShowForm_Remote();
-  User others = dialog();
-  mine.click(L"cmd_cancel");
-  EXPECT_EQ(host.events, Texts{L"Cancel"});
-  EXPECT_EQ(otherHost.events, Texts{});
-  EXPECT_TRUE(others.open());
-  others.closeBox();
-  EXPECT_EQ(otherHost.events, Texts{L"Cancel"});
-}
-
-TEST_F(ShowTest, AnImportIsForReading) {
-  struct Case {
-    std::wstring bankCity;
-    bool frame1;
-    std::wstring banking;
-  };
-  for (const Case& c :
-       {Case{L"", false, L"&Enter Banking Information"}, Case{L"  ", false, L"&Enter Banking Information"},
-        Case{L"ZURICH", true, L"View Banking Information"}}) {
-    for (const bool escape : {false, true}) {
-      SCOPED_TRACE(c.bankCity);
-      component.store.PayeeFXBankCity = c.bankCity;
-      component.store.PayeeStreet = L" 1 Main St ";
-      whenModal([&](User& user) {
-        EXPECT_EQ(component.store.importFlag, flagTrue);
-        EXPECT_EQ(user.caption(L"Frame1"), L"Information about this Biller/Payee");
-        EXPECT_EQ(user.caption(L"cmdFXBankingInfo"), c.banking);
-        EXPECT_EQ(user.caption(L"cmd_ok"), L"Close");
-        EXPECT_FALSE(user.visible(L"cmd_cancel"));
-        EXPECT_EQ(user.text(L"ran_payee_street"), L" 1 MAIN ST ");
-        for (const forms::Control* control : user.form().controls()) {
-          if (control->kind() != forms::Kind::textBox) continue;
-          EXPECT_FALSE(user.enabled(control->fullName())) << control->fullName();
-        }
-        EXPECT_EQ(user.enabled(L"cmdFXBankingInfo"), c.frame1);
-        if (escape) {
-          user.key(forms::keys::escape);
-        } else {
-          user.click(L"cmd_ok");
-        }
-      });
-      EXPECT_EQ(random.ShowForm_Import(), 0);
-      EXPECT_EQ(component.store.importFlag, flagFalse);
-      EXPECT_EQ(component.store.PayeeStreet, L" 1 Main St ") << "the record stays as it was";
-      EXPECT_EQ(host.events, Texts{});
-    }
-  }
 }
 
 TEST_F(ShowTest, AnErrorWhileLoadingIsTheResultOrReachesTheHost) {
@@ -171,40 +56,6 @@ TEST_F(ShowTest, AnErrorWhileLoadingIsTheResultOrReachesTheHost) {
   machine.whenAsked = nullptr;
   random.ShowForm_Remote();
   EXPECT_TRUE(dialog().open()) << "the next one works";
-}
-
-TEST_F(ShowTest, TheHostMayReleaseTheObjectInsideAnEvent) {
-  for (const WayOut& c : waysOut) {
-    SCOPED_TRACE(c.what);
-    host.events.clear();
-    auto released = std::make_unique<ClsRandom>(component, host);
-    host.whenTold = [&] { released.reset(); };
-    released->ShowForm_Remote();
-    {
-      User user = dialog();
-      c.leave(user);
-      EXPECT_FALSE(user.open());
-    }
-    EXPECT_EQ(host.events, c.events);
-    EXPECT_TRUE(component.forms.empty());
-  }
-}
-
-TEST_F(ShowTest, TheHostMayReleaseTheObjectWhenItHearsOfTheFirstField) {
-  auto released = std::make_unique<ClsRandom>(component, host);
-  host.whenFocusMoves = [&] { released.reset(); };
-  EXPECT_EQ(released->ShowForm_Remote(), 0);
-  EXPECT_TRUE(component.forms.empty());
-}
-
-TEST_F(ShowTest, ReleasingTheObjectTakesItsDialogAwayWithoutAnEvent) {
-  {
-    ClsRandom released(component, host);
-    released.ShowForm_Remote();
-    dialog().type(L"ran_payee_city", L"X");
-  }
-  EXPECT_TRUE(component.forms.empty());
-  EXPECT_EQ(host.events, Texts{});
 }
 
 TEST_F(ShowTest, TheHostMayReplaceTheDialogWhileItIsBeingShown) {
@@ -241,46 +92,6 @@ TEST_F(ShowTest, ClosingRaisesOneCancelWhateverHappensMeanwhile) {
     EXPECT_TRUE(widgetset.pending.empty()) << "pending events ran";
     EXPECT_EQ(host.events, c.events);
   }
-}
-
-TEST_F(ShowTest, TheTraceFollowsAWholeShow) {
-  startTrace();
-  whenModal([](User& user) { user.closeBox(); });
-  random.ShowForm();
-  const Texts trace = traced();
-  const Texts procedures = {L"ClsRandom - ShowForm",
-                            L"RandomInfo - Form_Load",
-                            L"RandomInfo - SetupForm",
-                            L"Random - Get_Windows_Dir",
-                            L"RandomInfo - LoadCountries",
-                            L"Random - Fileexists",
-                            L"RandomInfo - LoadCurrencyCodes",
-                            L"RandomInfo - LoadProvinces",
-                            L"RandomInfo - SetFXPhoneNumber",
-                            L"RandomInfo - SetupBusinessForm",
-                            L"RandomInfo - Form_Activate",
-                            L"modFormController - reStyleForm",
-                            L"modFormController - installSystemFont",
-                            L"RandomInfo - ran_payee_street_GotFocus",
-                            L"RandomInfo - Form_QueryUnload",
-                            L"RandomInfo - Form_QueryUnload"};
-  EXPECT_TRUE(inOrder(trace, procedures)) << testing::PrintToString(trace);
-
-  random.ShowForm_Remote();
-  traced();
-  dialog().click(L"cmd_cancel");
-  EXPECT_EQ(traced(), (Texts{L"RandomInfo - cmd_cancel_Click", L"RandomInfo - Form_QueryUnload",
-                             L"ClsRandom - frmRandomInfo_Cancel"}));
-  random.ShowForm_Remote();
-  traced();
-  dialog().click(L"cmd_ok");
-  EXPECT_EQ(traced(),
-            (Texts{L"RandomInfo - cmd_ok_Click", L"Random - IsAlpha", L"Random - IsAlpha", L"Random - lookupProvince",
-                   L"Random - LookupPostcode", L"RandomInfo - ValidateEmailAddress", L"RandomInfo - ValidateWebsite",
-                   L"ClsRandom - frmRandomInfo_CSBOK", L"RandomInfo - Form_QueryUnload"}));
-  random.Unload_From_Remote();
-  random.Get_Height();
-  EXPECT_EQ(traced().front(), L"ClsRandom - Unload_From_Remote");
 }
 
 }  // namespace

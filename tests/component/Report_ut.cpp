@@ -109,14 +109,5 @@ TEST_F(ReportTest, NoFailureOfTheReporterReachesAnybody) {
   }
 }
 
-TEST_F(ReportTest, AReportedTrapReportsAndGivesTheValueAtFailure) {
-  messages.expect({.text = L"The following error: 'Type mismatch (Error 13)' occurred in procedure 'Random.Check'.",
-                   .icon = MessageBoxes::Icon::critical});
-  EXPECT_EQ(reportedTrap(component, L"Random.Check", 7, []() -> int { throw RuntimeError(ErrorNumber::typeMismatch); }),
-            7);
-  EXPECT_EQ(reportedTrap(component, L"Random.Check", 7, [] { return 8; }), 8);
-  EXPECT_EQ(files.text(L"error.log"), L"15/11/2026 1:58:04 PM,NVRandom, , ,13,\"Type mismatch\",\"Random.Check\"\r\n");
-}
-
 }  // namespace
 }  // namespace nv::test

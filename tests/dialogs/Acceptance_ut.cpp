@@ -16,9 +16,6 @@ constexpr const wchar_t* mailOrFax = L"Please enter either an email address or a
 constexpr const wchar_t* duplicate =
     L"A biller with this name, biller account number and currency already exists. A biller can only be added if the "
     L"currency selected is not already used for this biller name / account number combination.";
-constexpr const wchar_t* completeMail = L"Please enter a complete e-mail address with the form 'name@example.com'.";
-constexpr const wchar_t* validMail = L"Please enter a valid e-mail address with the form 'name@example.com'.";
-constexpr const wchar_t* mailCaption = L"E-mail Address entry";
 
 class AcceptanceTest : public BillerTest {
  protected:
@@ -69,10 +66,10 @@ class AcceptanceTest : public BillerTest {
   }
 };
 
-TEST_F(AcceptanceTest, AddressesAreRefused) {
+/// What a mended record that broke every rule does not come by.
+TEST_F(AcceptanceTest, OneWrongValueStopsTheAttempt) {
   using S = Store;
-  const std::wstring street = L"The street you have entered is invalid.";
-  const std::wstring city = L"The city you have entered is invalid.";
+  const std::wstring longMail = L"a@" + std::wstring(48, L'b') + L".c", longSite = L"www." + std::wstring(47, L'x');
   const auto abroad = [this](std::function<void(Store&)> change) {
     return [this, change](Store& store) { international(), change(store); };
   };
@@ -80,52 +77,25 @@ TEST_F(AcceptanceTest, AddressesAreRefused) {
     return [=](Store& store) { store.PayeeCountry = L"US", store.PayeeProv = province, store.PayeePostal = zip; };
   };
   const Stop cases[] = {
-      {"no street", with(&S::PayeeStreet, L"  "), L"ran_payee_street"},
-      {"long street", with(&S::PayeeStreet, std::wstring(61, L'A')), L"ran_payee_street", std::wstring(61, L'A')},
-      {"street of a letter", with(&S::PayeeStreet, L" A "), L"ran_payee_street", L"", street},
-      {"street without a letter", with(&S::PayeeStreet, L"123"), L"ran_payee_street", L"", street},
+      {"street without a letter", with(&S::PayeeStreet, L"123"), L"ran_payee_street", L"",
+       L"The street you have entered is invalid."},
       {"post-office box abroad", abroad(with(&S::PayeeStreet, L"po  box 5")), L"ran_payee_street", L"", postOfficeBox},
       {"post-office box in the United States",
        [this](Store& store) { unitedStates(), store.PayeeStreet = L"P.O. BOX 5"; }, L"ran_payee_street", L"",
        postOfficeBox},
-      {"no city", with(&S::PayeeCity, L""), L"ran_payee_city"},
-      {"long city", with(&S::PayeeCity, std::wstring(21, L'A')), L"ran_payee_city", std::wstring(21, L'A')},
-      {"city of a letter", with(&S::PayeeCity, L"X"), L"ran_payee_city", L"", city},
-      {"country without code", with(&S::PayeeCountry, L"FRAN"), L"ran_payee_country", L"FRAN"},
-      {"no province", with(&S::PayeeProv, L""), L"ran_payee_prov"},
-      {"long province", with(&S::PayeeProv, L"ONT"), L"ran_payee_prov"},
       {"state in Canada", with(&S::PayeeProv, L"NY"), L"ran_payee_prov"},
       {"province in the United States", us(L"ON", L"10001"), L"ran_payee_prov"},
-      {"no postal code", with(&S::PayeePostal, L" "), L"ran_payee_postal"},
       {"long postal code", abroad(with(&S::PayeePostal, L"1234567890")), L"ran_payee_postal", L"1234567890"},
       {"postal code with a blank", with(&S::PayeePostal, L"K1A 0B1"), L"ran_payee_postal", L"K1A 0B1"},
       {"postal code of another form", with(&S::PayeePostal, L"K1A011"), L"ran_payee_postal", L"K1A011"},
-      {"short postal code", with(&S::PayeePostal, L"K1A0B"), L"ran_payee_postal", L"K1A0B"},
-      {"postal code of another province", with(&S::PayeePostal, L"H1A0B1"), L"ran_payee_postal", L"H1A0B1"},
       {"zip code of six", us(L"NY", L"123456"), L"ran_payee_postal", L"123456"},
       {"Canadian zip code", us(L"NY", L"K1A0B1"), L"ran_payee_postal", L"K1A0B1"},
       {"no currency abroad", [this](Store&) { international(); }, L"cmbCurrencyCode", L"", L"", title,
        [](User& user) { put(user, L"cmbCurrencyCode", L" "); }},
-  };
-  for (const Stop& c : cases) stops(c);
-  stops({"no country", [](Store&) {}, L"ran_payee_country", L"", L"", title,
-         [](User& user) { put(user, L"ran_payee_country", L""); }});
-}
-
-TEST_F(AcceptanceTest, TelephoneAndFaxAreRefused) {
-  using S = Store;
-  const auto noFax = [](Store& store) { store.PayeeFaxArea.clear(), store.PayeeFaxNumber.clear(); };
-  const Stop cases[] = {
-      {"no country code", with(&S::PayeePhoneCountryCode, L" "), L"txtPhoneCountryCode"},
-      {"no international number", [this](Store& store) { international(), store.PayeeFXPhoneNumber = L"  "; },
-       L"ran_Inter_payee_phone"},
-      {"no area code", with(&S::PayeePhoneArea, L" "), L"ran_payee_ph_area"},
-      {"short area code", with(&S::PayeePhoneArea, L"61"), L"ran_payee_ph_area", L"61"},
-      {"no number", with(&S::PayeePhoneNumber, L" "), L"ran_payee_phone"},
-      {"long number", with(&S::PayeePhoneNumber, L"55512345"), L"ran_payee_phone", L"55512345"},
-      {"area code of zeros", with(&S::PayeePhoneArea, L"000"), L"ran_payee_ph_area", L"000"},
+      {"no country", [](Store&) {}, L"ran_payee_country", L"", L"", title,
+       [](User& user) { put(user, L"ran_payee_country", L""); }},
+      {"no international number", abroad(with(&S::PayeeFXPhoneNumber, L"  ")), L"ran_Inter_payee_phone"},
       {"area code with 1", with(&S::PayeePhoneArea, L"123"), L"ran_payee_ph_area", L"123"},
-      {"number with 0", with(&S::PayeePhoneNumber, L"0551234"), L"ran_payee_phone", L"0551234"},
       {"too long together", [this](Store&) { international(); },
        L"cmd_ok",  // the area code is out of sight
        L"", L"The combined phone area code and phone number cannot exceed 14 digits.", title,
@@ -133,17 +103,7 @@ TEST_F(AcceptanceTest, TelephoneAndFaxAreRefused) {
          put(user, L"ran_payee_ph_area", L"613");
          put(user, L"ran_payee_phone", L"555123456789");
        }},
-      {"neither mail nor fax", [&](Store& store) { noFax(store), store.PayeeEmail = L" "; }, L"ran_payee_email", L"",
-       mailOrFax},
-      {"international fax without country code",
-       [this](Store& store) { international(), store.PayeeFaxCountryCode = L" "; }, L"txtFaxCountryCode"},
-      {"fax without country code", with(&S::PayeeFaxCountryCode, L" "), L"txtFaxCountryCode"},
-      {"short fax area", with(&S::PayeeFaxArea, L"61"), L"ran_payee_fax_area", L"61"},
-      {"fax area alone", with(&S::PayeeFaxNumber, L""), L"ran_payee_faxnumber"},
-      {"fax area with 1", with(&S::PayeeFaxArea, L"113"), L"ran_payee_fax_area", L"113"},
-      {"fax number with 1", with(&S::PayeeFaxNumber, L"1551234"), L"ran_payee_faxnumber", L"1551234"},
-      {"short fax number", with(&S::PayeeFaxNumber, L"555123"), L"ran_payee_faxnumber", L"555123"},
-      {"fax number alone", with(&S::PayeeFaxArea, L""), L"ran_payee_fax_area"},
+      {"international fax without country code", abroad(with(&S::PayeeFaxCountryCode, L" ")), L"txtFaxCountryCode"},
       {"fax too long together", [this](Store&) { international(); }, L"ran_payee_fax_area", L"",
        L"The combined fax area code and fax number cannot exceed 14 digits.", title,
        [](User& user) {
@@ -154,28 +114,13 @@ TEST_F(AcceptanceTest, TelephoneAndFaxAreRefused) {
          put(user, L"ran_payee_fax_area", L"613");
          put(user, L"ran_payee_faxnumber", L"555123456789");
        }},
-  };
-  for (const Stop& c : cases) stops(c);
-}
-
-TEST_F(AcceptanceTest, DetailsAreRefused) {
-  using S = Store;
-  const std::wstring longMail = L"a@" + std::wstring(48, L'b') + L".c", longSite = L"www." + std::wstring(47, L'x');
-  const auto zeros = [this](std::wstring Store::*member, const wchar_t* value) {
-    return [=, this](Store& store) { bankAccount(), store.*member = value; };
-  };
-  const Stop cases[] = {
-      {"short mail", with(&S::PayeeEmail, L" x@y "), L"ran_payee_email", L"x@y", completeMail, mailCaption},
-      {"mail without a dot", with(&S::PayeeEmail, L"name@x"), L"ran_payee_email", L"name@x", validMail, mailCaption},
+      {"no mail of a private person", [this](Store& store) { individual(), store.PayeeEmail = L""; },
+       L"ran_payee_email"},
       {"long mail", with(&S::PayeeEmail, longMail), L"ran_payee_email", longMail},
       {"neither mail nor fax nor account",
        [this](Store& store) { unitedStates(), store.PayeeEmail = store.PayeeFaxArea = store.PayeeFaxNumber = L""; },
        L"ran_payee_email", L"", mailOrFax},
-      {"site without a dot", with(&S::PayeeWeb, L"acme"), L"ran_payee_www", L"acme",
-       L"Please enter a valid website with the form\r\n'www.example.com'.", L"Website entry"},
       {"long site", with(&S::PayeeWeb, longSite), L"ran_payee_www", longSite},
-      {"long contact", with(&S::PayeeContactName, std::wstring(41, L'A')), L"ran_payee_contact",
-       std::wstring(41, L'A')},
       {"no mail for a foreign currency",
        [](Store& store) {
          store.InternationalPayment = flagTrue, store.PayeeCurrency = L"EUR", store.PayeeEmail = L"";
@@ -187,14 +132,8 @@ TEST_F(AcceptanceTest, DetailsAreRefused) {
        [](User& user) { dynamic_cast<forms::OptionButton&>(user.control(L"optCBusiness")).setSelected(false); }},
       {"no business number", [](Store&) {}, L"txtBusinessNum", L"", L"", title,
        [](User& user) { user.check(L"chkBNNotAvailable", false); }},
-      {"business number of zeros", with(&S::PayeeBusinessNum, L"000000000"), L"txtBusinessNum"},
-      {"business number made up", with(&S::PayeeBusinessNum, L"111111111"), L"txtBusinessNum"},
-      {"bank id of zeros", zeros(&S::PayeeBankId, L"000"), L"txtBankID", L"000"},
-      {"transit of zeros", zeros(&S::PayeeBankTransit, L"00000"), L"txtTransit", L"00000"},
-      {"account of zeros", zeros(&S::PayeeBankAccount, L"00"), L"txtAccount", L"00"},
-      {"long account", zeros(&S::PayeeBankAccount, L"1234567890123456789012"), L"txtAccount",
-       L"1234567890123456789012"},
-      {"account with a blank", zeros(&S::PayeeBankAccount, L" 12 34 "), L"txtAccount", L"12 34",
+      {"account with a blank", [this](Store& store) { bankAccount(), store.PayeeBankAccount = L" 12 34 "; },
+       L"txtAccount", L"12 34",
        L"The account number you have entered is invalid, spaces in the middle are not allowed."},
   };
   for (const Stop& c : cases) stops(c);
@@ -354,25 +293,6 @@ TEST_F(AcceptanceTest, AnUnchangedBillerOfEachKindIsToldSo) {
     EXPECT_EQ(component.store.closeResult, Store::cancelledResult);
     component.store = before;
   }
-}
-
-TEST_F(AcceptanceTest, ARunTimeErrorLeavesTheRecord) {
-  bankAccount();
-  component.store.UseAcctvfy = flagTrue;
-  installation.whenAsked = [](const std::wstring& name) {
-    if (name == L"Check_bank_account2") throw RuntimeError(ErrorNumber::libraryNotLoadable);
-  };
-  User user = shown();
-  put(user, L"ran_payee_city", L"HULL");
-  const Texts before = texts(component.store);
-  messages.expect(
-      {.text =
-           L"The following error: 'Error in loading DLL (Error 48)' occurred in procedure 'RandomInfo - cmd_ok_Click'.",
-       .icon = MessageBoxes::Icon::critical});
-  user.click(L"cmd_ok");
-  EXPECT_TRUE(user.open());
-  EXPECT_EQ(texts(component.store), before);
-  EXPECT_EQ(host.events, Texts{});
 }
 
 }  // namespace

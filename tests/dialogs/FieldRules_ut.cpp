@@ -217,43 +217,6 @@ TEST_F(FieldRulesTest, WhatIsPastedIsCleansedAndShaped) {
   EXPECT_EQ(user.row(L"ran_payee_prov"), L"QC") << "a province that the host knows is the list's choice";
 }
 
-TEST_F(FieldRulesTest, TheCaretStaysWhereTheUserTypes) {
-  User user = shown();
-  user.click(L"ran_payee_city");
-  field(user, L"ran_payee_city").select(1, 2);
-  user.type(L"xé\"y");
-  EXPECT_EQ(user.text(L"ran_payee_city"), L"OXYAWA");
-  EXPECT_EQ(user.selection(L"ran_payee_city"), (forms::Selection{3, 0}));
-}
-
-TEST_F(FieldRulesTest, AMaskedNumberIsSeenInClearOnceItIsEdited) {
-  User user = shown();
-  for (const wchar_t* name : {L"txtTransit", L"txtBankID", L"txtAccount"}) {
-    auto& number = dynamic_cast<forms::TextBox&>(user.control(name));
-    number.setText(L"22");
-    number.setPasswordChar(L'*');
-    EXPECT_TRUE(user.masked(name));
-    user.type(name, L"\b");
-    EXPECT_FALSE(user.masked(name)) << name;
-  }
-}
-
-TEST_F(FieldRulesTest, WithoutBankNumbersThereIsNothingToConfirm) {
-  User user = shown();
-  user.type(L"txtTransit", L"12");
-  user.type(L"txtBankID", L"1");
-  for (const wchar_t* name : {L"lblConfirm", L"txtTransitConf", L"txtBankIDConf", L"txtAccountConf"}) {
-    user.control(name).setVisible(true);
-  }
-  user.type(L"txtTransitConf", L"12");
-  user.type(L"txtTransit", L"\b\b");
-  EXPECT_TRUE(user.visible(L"txtTransitConf"));
-  user.type(L"txtBankID", L"\b");
-  EXPECT_FALSE(user.visible(L"txtTransitConf"));
-  EXPECT_FALSE(user.visible(L"lblConfirm"));
-  EXPECT_EQ(user.text(L"txtTransitConf"), L"");
-}
-
 TEST_F(FieldRulesTest, TheHostHearsWhereTheFocusIs) {
   const auto reported = [this](const Texts& names) {
     User user = shown();

@@ -10,7 +10,6 @@
 namespace nv::test {
 namespace {
 
-constexpr const wchar_t* missing = L"The list of countries cannot be loaded, the country file is missing.";
 const Texts alwaysThere = {L"Canada;CA;1", L"United States;US;1"};
 
 Texts joined(const forms::RowTable& table) {
@@ -122,9 +121,6 @@ TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
     rows.insert(rows.end(), c.rows.begin(), c.rows.end());
     EXPECT_EQ(joined(countryRows(c.text, [](std::wstring_view) { return true; })), rows);
   }
-  std::wstring large = L"H\r\n";
-  for (int i = 0; i < 100000; ++i) large += L"Austria,AT,43\r\n";
-  EXPECT_EQ(countryRows(large, [](std::wstring_view) { return true; }).size(), 100002U);
 }
 
 TEST_F(ReferenceListsTest, TheHostSaysWhichCountries) {
@@ -185,33 +181,6 @@ TEST_F(ReferenceListsTest, WithoutItsFileThereAreTwoCountriesAndNoCopyStays) {
   files.put(decipheredFile, L"H\r\nOld,OL,1");
   files.fail(decipheredFile, ErrorNumber::permissionDenied);
   EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere) << "an old copy that somebody holds is not taken for the new";
-}
-
-TEST_F(ReferenceListsTest, AMissingFileIsTold) {
-  files.remove(countryFile);
-  messages.expect({.text = missing, .caption = title});
-  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
-  component.store.DLLPath.clear();
-  messages.expect({.text = missing, .caption = title});
-  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
-}
-
-TEST_F(ReferenceListsTest, TypingFindsARow) {
-  component.store.InternationalPayment = flagTrue;
-  User user = shown();
-  user.type(L"ran_payee_country", L"\b\bk 1-é[o");
-  EXPECT_EQ(user.text(L"ran_payee_country"), L"KO") << "letters only, in capitals";
-  EXPECT_EQ(user.row(L"ran_payee_country"), L"Korea, Republic of;KR;82");
-  messages.expect({.text = L"Is this biller for an international payment?",
-                   .caption = title,
-                   .buttons = platform::MessageBoxes::Buttons::yesNo,
-                   .answer = platform::MessageBoxes::Answer::yes});
-  user.click(L"ran_payee_email");
-  EXPECT_EQ(user.text(L"ran_payee_country"), L"KR");
-
-  user.type(L"cmbCurrencyCode", L"\b\b\beur");
-  EXPECT_EQ(user.text(L"cmbCurrencyCode"), L"EUR");
-  EXPECT_EQ(user.row(L"cmbCurrencyCode"), L"Euro;EUR");
 }
 
 TEST_F(ReferenceListsTest, EnterLeadsOn) {

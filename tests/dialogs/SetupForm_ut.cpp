@@ -198,32 +198,6 @@ TEST_F(SetupFormTest, TheBankOfTheUnitedStatesIsTakenApart) {
   }
 }
 
-// The buttons that tell the kind
-
-TEST_F(SetupFormTest, ABusinessHasANumberOrNone) {
-  User user = shown();
-  user.check(L"chkBNNotAvailable", false);
-  EXPECT_TRUE(user.enabled(L"txtBusinessNum"));
-  EXPECT_EQ(user.seen(L"txtBusinessNum").backColor, forms::colours::windowBackground);
-
-  user.click(L"optCIndividual");
-  EXPECT_EQ(user.focus(), L"ran_payee_ph_area");
-  EXPECT_FALSE(user.enabled(L"chkBNNotAvailable"));
-  EXPECT_FALSE(user.enabled(L"txtBusinessNum"));
-
-  user.click(L"optCBusiness");
-  EXPECT_EQ(user.focus(), L"txtBusinessNum");
-  user.type(L"123456782");
-  user.check(L"chkBNNotAvailable");
-  EXPECT_FALSE(user.enabled(L"txtBusinessNum"));
-  EXPECT_EQ(user.seen(L"txtBusinessNum").backColor, forms::colours::buttonFace);
-  EXPECT_EQ(user.text(L"txtBusinessNum"), L"123456782");
-
-  user.click(L"optCIndividual");
-  EXPECT_FALSE(user.checked(L"chkBNNotAvailable"));
-  EXPECT_EQ(user.text(L"txtBusinessNum"), L"");
-}
-
 TEST_F(SetupFormTest, ThePaymentKindOpensAndClosesTheBankBlock) {
   individual();
   component.store.UserBankAcctPermission = flagFalse;

@@ -202,18 +202,6 @@ TEST_F(FocusTest, KeysThatPress) {
   EXPECT_EQ(pressed, forms::keys::escape) << "and the key goes on";
 }
 
-TEST_F(FocusTest, QueuedKeysReachWhateverHasTheFocusThen) {
-  User user = shown();
-  form->first.keyPress = [&](wchar_t& key) {
-    if (key != forms::keys::enter) return;
-    form->sendKey(L'9');
-    form->second.setFocus();
-  };
-  user.type(L"first", L"a\rb");
-  EXPECT_EQ(user.text(L"first"), L"a");
-  EXPECT_EQ(user.text(L"second"), L"9b");
-}
-
 TEST_F(FocusTest, OptionButtonsExcludeEachOtherWithinTheirContainer) {
   User user = shown();
   user.click(L"optOutside");
@@ -243,15 +231,6 @@ TEST_F(FocusTest, ArrowKeysGoRoundAnOptionGroup) {
     EXPECT_EQ(user.focus(), c.selected);
     EXPECT_TRUE(user.checked(c.selected));
   }
-}
-
-TEST_F(FocusTest, CheckBoxesRaiseClickWhenTheyChange) {
-  User user = shown();
-  form->tick.setChecked(true);
-  form->tick.setChecked(true);
-  EXPECT_EQ(form->journal, (Texts{L"tick click"}));
-  user.check(L"tick", false);
-  EXPECT_FALSE(form->tick.checked());
 }
 
 }  // namespace

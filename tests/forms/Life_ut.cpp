@@ -197,22 +197,6 @@ TEST_F(LifeTest, AModalFormHoldsItsCallerUntilItIsUnloaded) {
   EXPECT_TRUE(forms.empty());
 }
 
-TEST_F(LifeTest, AModalFormGivesTheFormBelowBackToItsUser) {
-  User user = shown();
-  const auto above = make(L"above");
-  form->go.click = [&] { above->showModal(); };
-  widgetset.whenModal([&](User& other) {
-    EXPECT_EQ(forms.active(), above.get());
-    EXPECT_FALSE(widgetset.takesInput(*widgetset.window(*form)));
-    other.closeBox();
-  });
-  user.click(L"go");
-  EXPECT_EQ(forms.active(), form.get());
-  EXPECT_EQ(form->journal.back(), L"Activate");
-  EXPECT_EQ(user.focus(), L"go");
-  form->unload();
-}
-
 TEST_F(LifeTest, UnloadingTheFormBelowAModalOneIsSafe) {
   User user = shown();
   const auto above = make(L"above");

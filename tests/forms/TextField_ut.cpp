@@ -169,15 +169,6 @@ TEST_F(TextFieldTest, ATextSetByCodeStartsAtItsStartAndSelectionsAreCutOff) {
   }
 }
 
-TEST_F(TextFieldTest, CodeSeesWhatTheUserSelected) {
-  User user = shown();
-  user.type(L"first", L"abcd");
-  user.key(forms::keys::left, forms::shiftKey);
-  EXPECT_EQ(form->first.selection(), (Selection{3, 1}));
-  user.key(forms::keys::home);
-  EXPECT_EQ(form->first.selection(), (Selection{0, 0}));
-}
-
 TEST_F(TextFieldTest, EnteringByKeyboardSelectsTheWholeText) {
   form->second.setText(L"abc");
   User user = shown();
@@ -189,16 +180,6 @@ TEST_F(TextFieldTest, EnteringByKeyboardSelectsTheWholeText) {
   user.altKey(L'i');
   user.type(L"x");
   EXPECT_EQ(form->second.text(), L"x");
-}
-
-TEST_F(TextFieldTest, AMaskHidesWhatIsReadAllTheSame) {
-  form->first.setPasswordChar(L'*');
-  User user = shown();
-  user.type(L"first", L"001");
-  EXPECT_TRUE(user.masked(L"first"));
-  EXPECT_EQ(form->first.text(), L"001");
-  form->first.setPasswordChar(0);
-  EXPECT_FALSE(user.masked(L"first"));
 }
 
 }  // namespace
