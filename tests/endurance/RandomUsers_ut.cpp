@@ -338,6 +338,8 @@ TEST(RandomUsers, BreakNoRule) {
   constexpr std::uint32_t sessionsOfEveryRun = 400;
   std::uint32_t first = secondsWanted != nullptr ? std::random_device()() : 1;
   if (seedWanted != nullptr) first = static_cast<std::uint32_t>(std::strtoul(seedWanted, nullptr, 10));
+  printf("  seeds from %u on\n", first);
+  fflush(stdout);  // whatever becomes of this run
   const auto goesOn = [&](std::uint32_t sessions) {
     if (seedWanted != nullptr) return sessions < 1;
     if (secondsWanted == nullptr) return sessions < sessionsOfEveryRun;
@@ -349,8 +351,8 @@ TEST(RandomUsers, BreakNoRule) {
     SCOPED_TRACE("to see it again: NVRANDOM_SEED=" + std::to_string(first + sessions));
     Session(first + sessions, seedWanted != nullptr, tally).play();
   }
-  printf("  %u random users, seeds from %u on: %d steps, %d billers and %d banks accepted\n", sessions, first,
-         tally.steps, tally.acceptedBillers, tally.acceptedBanks);
+  printf("  %u random users: %d steps, %d billers and %d banks accepted\n", sessions, tally.steps,
+         tally.acceptedBillers, tally.acceptedBanks);
   if (seedWanted != nullptr) return;
   EXPECT_GT(tally.acceptedBillers, 0);
   EXPECT_GT(tally.acceptedBanks, 0);
