@@ -82,10 +82,10 @@ struct LastEvent {
   std::function<void(HWND dialog)> happens;
 };
 
-void clickOnCity(HWND dialog) {
-  const HWND city = findControl(dialog, L"ran_payee_city");
-  SendMessageW(city, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-  if (IsWindow(city)) SendMessageW(city, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+void clickOnTransit(HWND dialog) {
+  const HWND transit = findControl(dialog, L"txtTransit");
+  SendMessageW(transit, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  if (IsWindow(transit)) SendMessageW(transit, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
 }
 
 using ReleasingHost = StandInsTest;
@@ -93,14 +93,14 @@ using ReleasingHost = StandInsTest;
 TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
   const LastEvent events[] = {
       {"OK", okEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_ok"), BM_CLICK, 0, 0); }},
-      {"another field", fieldEvent, clickOnCity},
+      {"another field", fieldEvent, clickOnTransit},
       {"Cancel", cancelEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_cancel"), BM_CLICK, 0, 0); }},
       {"the close box", cancelEvent, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); }},
   };
   for (const LastEvent& c : events) {
     SCOPED_TRACE(c.what);
     auto object = Server::get().create();
-    setAcceptable(object.get(), dllPath());
+    set(object.get(), "individual");
     object->put_Add(1);
     auto point = eventsOf(object.get());
     long handle = 0;

@@ -59,7 +59,8 @@ TEST_F(PlantedLibraries, AreNotLoadedFromTheCurrentDirectory) {
   }
   installation.copy(L"NORVIK\\Bin\\FXCountries", L"NORVIK\\Empty\\FXCountries");  // and no library beside it
   const auto object = Server::get().create();
-  setAcceptable(object.get(), installation.root() + L"NORVIK\\Empty\\");
+  set(object.get(), "individual");
+  putText(object.get(), &_ClsRandom::put_DLLPath, (installation.root() + L"NORVIK\\Empty\\").c_str());
   object->put_UseAcctvfy(-1);
 
   const fs::path before = fs::current_path();

@@ -54,7 +54,7 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     bool accepted;
   };
   const auto press = [](const Held& held, WPARAM key) {
-    PostMessageW(findControl(held.dialog, L"ran_payee_city"), WM_KEYDOWN, key, 1);
+    PostMessageW(findControl(held.dialog, L"ran_payee_email"), WM_KEYDOWN, key, 1);
   };
   long result = -1;
   const Case cases[] = {
@@ -72,7 +72,7 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     Held held;
-    setAcceptable(held.object.get(), dllPath());
+    set(held.object.get(), "individual");
     held.object->put_Add(1);
     std::string events;
     Sink sink([&](DISPID event, const DISPPARAMS&) {
@@ -86,8 +86,8 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     ASSERT_EQ(S_OK, held.object->ShowForm_Remote(&result));
     ASSERT_EQ(S_OK, held.object->Get_hWnd(&handle));
     held.dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-    const HWND city = findControl(held.dialog, L"ran_payee_city");
-    SendMessageW(city, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"HULL"));
+    const HWND mail = findControl(held.dialog, L"ran_payee_email");
+    SendMessageW(mail, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"new@mail.example"));
 
     bool happened = false;
     Postbox postbox;
@@ -101,7 +101,8 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     EXPECT_FALSE(IsWindow(held.dialog));
     EXPECT_EQ(c.events, events);
     if (held.object.get() == nullptr) continue;
-    EXPECT_EQ(c.accepted ? L"HULL" : L"OTTAWA", getText(held.object.get(), &_ClsRandom::get_PayeeCity));
+    EXPECT_EQ(c.accepted ? L"new@mail.example" : L"anne.martin@mail.example",
+              getText(held.object.get(), &_ClsRandom::get_PayeeEmail));
     held.point->Unadvise(cookie);
   }
 }

@@ -34,7 +34,7 @@ LRESULT CALLBACK watchLastMessages(int code, WPARAM wparam, LPARAM lparam) {
 class Secrets : public StandInsTest {
  protected:
   Secrets() {
-    setAcceptable(object.get(), dllPath());
+    set(object.get(), "individual");
     object->put_Add(1);
     object->put_PlayByPlayEnabled(-1);
     put(&_ClsRandom::put_PayeeBankAccount, account);

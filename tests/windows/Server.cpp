@@ -104,38 +104,6 @@ CountryFolder::~CountryFolder() {
   DeleteFileW((path_ + L"FXCountries").c_str());
 }
 
-void setAcceptable(_ClsRandom* object, const std::wstring& dllPath) {
-  using Setter = HRESULT (STDMETHODCALLTYPE _ClsRandom::*)(BSTR);
-  const std::pair<Setter, const wchar_t*> values[] = {
-      {&_ClsRandom::put_DLLPath, dllPath.c_str()},
-      {&_ClsRandom::put_Provpostalstr, L"QCGQCHQCJONKONLONMONNONPABTBCVNBE"},
-      {&_ClsRandom::put_PayeeName, L"ACME HYDRO"},
-      {&_ClsRandom::put_PayeeBillAccount, L"12-345"},
-      {&_ClsRandom::put_PayeeStreet, L"1 MAIN STREET"},
-      {&_ClsRandom::put_PayeeCity, L"OTTAWA"},
-      {&_ClsRandom::put_PayeeProv, L"ON"},
-      {&_ClsRandom::put_PayeeCountry, L"CA"},
-      {&_ClsRandom::put_PayeePostal, L"K1A0B1"},
-      {&_ClsRandom::put_PayeePhoneArea, L"613"},
-      {&_ClsRandom::put_PayeePhoneNumber, L"5551234"},
-      {&_ClsRandom::put_PayeeFaxArea, L"613"},
-      {&_ClsRandom::put_PayeeFaxNumber, L"5559876"},
-      {&_ClsRandom::put_PayeeEmail, L"pay@acme.example"},
-      {&_ClsRandom::put_PayeeContactName, L"JANE DOE"},
-      {&_ClsRandom::put_PayeeIndBusnTag, L"2"},
-      {&_ClsRandom::put_PayeeIndBussFlg, L" "},
-      {&_ClsRandom::put_PayeeBusinessNum, L"         "},
-      {&_ClsRandom::put_PayeeCurrency, L"CAD"},
-      {&_ClsRandom::put_PayeePhoneCountryCode, L"1"},
-      {&_ClsRandom::put_PayeeFaxCountryCode, L"1"},
-      {&_ClsRandom::put_PayeeBankId, L"001"},
-      {&_ClsRandom::put_PayeeBankTransit, L"12345"},
-      {&_ClsRandom::put_PayeeBankAccount, L"1234567"},
-  };
-  for (const auto& [setter, value] : values) putText(object, setter, value);
-  EXPECT_HRESULT_SUCCEEDED(object->put_UserBankAcctPermission(-1));
-}
-
 std::wstring nameOf(HWND window) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"NVRandom.Name")));
   wchar_t name[256] = L"";

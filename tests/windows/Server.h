@@ -90,9 +90,6 @@ class CountryFolder {
   std::wstring path_;
 };
 
-/// A Canadian business that is accepted as it stands, in an installation with this DLLPath.
-void setAcceptable(_ClsRandom* object, const std::wstring& dllPath);
-
 /// The name of the form or control that a window belongs to; empty when it is none of ours.
 std::wstring nameOf(HWND window);
 
