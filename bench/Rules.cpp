@@ -106,7 +106,7 @@ Medians switchedOffTraceOfAcceptance() {
     forms::Button& ok = world.ok();
     return timed([&] {
       ok.press();
-      for (std::size_t i = 0; i < furtherTraces; ++i) entered(*opaque(&world.component), L"RandomInfo - cmd_ok_Click");
+      for (std::size_t i = 0; i < furtherTraces; ++i) trace(*opaque(&world.component), L"RandomInfo - cmd_ok_Click");
     });
   };
   return compare([&] { return accepting(lines); }, [&] { return accepting(0); }, 501);

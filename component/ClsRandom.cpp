@@ -37,7 +37,7 @@ class Importing {
 }  // namespace
 
 ClsRandom::ClsRandom(Component& component, ClsRandomEvents& events) : component_(component), events_(events) {
-  entered(component_, L"ClsRandom - Class_Initialize");
+  trace(component_, L"ClsRandom - Class_Initialize");
   Store& store = component_.store;
   store.verifyBusinessNumberFlag = flagFalse;
   store.importFlag = flagFalse;
@@ -55,10 +55,10 @@ ClsRandom::~ClsRandom() {
 
 // Properties
 
-#define NV_TRACE_LET_Traced(Label) entered(component_, L"ClsRandom - Let " #Label)
+#define NV_TRACE_LET_Traced(Label) trace(component_, L"ClsRandom - Let " #Label)
 #define NV_TRACE_LET_GetTraced(Label) static_cast<void>(0)
 #define NV_TRACE_LET_Untraced(Label) static_cast<void>(0)
-#define NV_TRACE_GET_Traced(Label) entered(component_, L"ClsRandom - Get " #Label)
+#define NV_TRACE_GET_Traced(Label) trace(component_, L"ClsRandom - Get " #Label)
 #define NV_TRACE_GET_GetTraced(Label) NV_TRACE_GET_Traced(Label)
 #define NV_TRACE_GET_Untraced(Label) static_cast<void>(0)
 
@@ -79,7 +79,7 @@ ClsRandom::~ClsRandom() {
 // Showing the dialog
 
 std::int32_t ClsRandom::ShowForm() {
-  entered(component_, L"ClsRandom - ShowForm");
+  trace(component_, L"ClsRandom - ShowForm");
   component_.store.closeResult = 0;
   component_.store.importFlag = flagFalse;
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
@@ -92,7 +92,7 @@ std::int32_t ClsRandom::ShowForm() {
 }
 
 std::int32_t ClsRandom::ShowForm_Remote() {
-  entered(component_, L"ClsRandom - ShowForm_Remote");
+  trace(component_, L"ClsRandom - ShowForm_Remote");
   component_.store.importFlag = flagFalse;
   const auto form = connectedForm();
   if (!form->loaded()) return 0;  // the host took it back while it loaded
@@ -102,11 +102,11 @@ std::int32_t ClsRandom::ShowForm_Remote() {
 }
 
 std::int32_t ClsRandom::ShowForm_Import() {
-  entered(component_, L"ClsRandom - ShowForm_Import");
+  trace(component_, L"ClsRandom - ShowForm_Import");
   const Importing importing(component_.store);
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   form->load();
-  const forms::UnloadedAtEnd unloaded(*form);
+  const forms::UnloadOnExit unloaded(*form);
   if (!form->loaded()) return 0;  // the host took it back while it loaded
   form->showReadOnly();
   form->showModal();
@@ -114,22 +114,22 @@ std::int32_t ClsRandom::ShowForm_Import() {
 }
 
 std::int32_t ClsRandom::Get_hWnd() {
-  entered(component_, L"ClsRandom - Get_hWnd");
+  trace(component_, L"ClsRandom - Get_hWnd");
   return static_cast<std::int32_t>(connectedForm()->handle());
 }
 
 std::int32_t ClsRandom::Get_Height() {
-  entered(component_, L"ClsRandom - Get_Height");
+  trace(component_, L"ClsRandom - Get_Height");
   return connectedForm()->place().height;
 }
 
 std::int32_t ClsRandom::Get_Width() {
-  entered(component_, L"ClsRandom - Get_Width");
+  trace(component_, L"ClsRandom - Get_Width");
   return connectedForm()->place().width;
 }
 
 void ClsRandom::Unload_From_Remote() {
-  entered(component_, L"ClsRandom - Unload_From_Remote");
+  trace(component_, L"ClsRandom - Unload_From_Remote");
   component_.forms.unloadAll(frmRandomInfo::formName);
 }
 
@@ -157,22 +157,22 @@ void ClsRandom::disconnect() {
 // Relays
 
 void ClsRandom::frmRandomInfo_CSBOK() {
-  entered(component_, L"ClsRandom - frmRandomInfo_CSBOK");
+  trace(component_, L"ClsRandom - frmRandomInfo_CSBOK");
   events_.CSBOK();
 }
 
 void ClsRandom::frmRandomInfo_CurrentFieldTop(std::int16_t top) {
-  entered(component_, L"ClsRandom - frmRandomInfo_CurrentFieldTop");
+  trace(component_, L"ClsRandom - frmRandomInfo_CurrentFieldTop");
   events_.CurrentFieldTop(top);
 }
 
 void ClsRandom::frmRandomInfo_Cancel() {
-  entered(component_, L"ClsRandom - frmRandomInfo_Cancel");
+  trace(component_, L"ClsRandom - frmRandomInfo_Cancel");
   events_.Cancel();
 }
 
 void ClsRandom::frmRandomInfo_ViewSampleCheque() {
-  entered(component_, L"ClsRandom - frmRandomInfo_ViewSampleCheque");
+  trace(component_, L"ClsRandom - frmRandomInfo_ViewSampleCheque");
   events_.ViewSampleCheque();
 }
 

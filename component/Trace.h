@@ -15,7 +15,7 @@ void WritePlayByPlay(Component& component, std::wstring_view label, Flag16 newFi
 /// What every procedure does first. While the trace is off it is a comparison, in the procedure itself even where the
 /// compiler saves space: nobody asks how long the label is.
 /// @param label "<Object> - <Procedure>", a constant of the procedure.
-[[gnu::always_inline]] inline void entered(Component& component, const wchar_t* label) noexcept {
+[[gnu::always_inline]] inline void trace(Component& component, const wchar_t* label) noexcept {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, flagFalse);
 }
 
@@ -26,7 +26,7 @@ struct Procedure {
   std::wstring label() const { return std::wstring(object) + L" - " + name; }
 };
 
-inline void entered(Component& component, const Procedure& procedure) {
+inline void trace(Component& component, const Procedure& procedure) {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, procedure.label(), flagFalse);
 }
 

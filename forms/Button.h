@@ -41,7 +41,7 @@ class StyledButton : public Button {
   void setButtonStyle(int style) {
     if (style == buttonStyle_) return;
     buttonStyle_ = style;
-    changed(Aspect::look);
+    changed(Attribute::appearance);
   }
 
  private:

@@ -7,20 +7,20 @@ namespace nv::forms {
 void ComboBox::clear() {
   entries_.clear();
   listIndex_ = none;
-  changed(Aspect::rows);
+  changed(Attribute::rows);
   setText({});
 }
 
 void ComboBox::add(std::wstring entry) {
   entries_.push_back(std::move(entry));
-  changed(Aspect::rows);
+  changed(Attribute::rows);
 }
 
 void ComboBox::setListIndex(int index) {
   if (index < none || index >= listCount()) throw RuntimeError(ErrorNumber::invalidCall);
   const bool differs = index != listIndex_;
   listIndex_ = index;
-  changed(Aspect::row);
+  changed(Attribute::row);
   if (index == none) {
     setText({});
     return;

@@ -20,7 +20,7 @@ std::wstring Control::fullName() const {
 void Control::setPlace(const Place& place) {
   if (place == place_) return;
   place_ = place;
-  changed(Aspect::place);
+  changed(Attribute::place);
 }
 
 Twips Control::topInForm() const {
@@ -32,14 +32,14 @@ Twips Control::topInForm() const {
 void Control::setVisible(bool visible) {
   if (visible == visible_) return;
   visible_ = visible;
-  changed(Aspect::visible);
+  changed(Attribute::visible);
   form().leaveUnreachable();
 }
 
 void Control::setEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
-  changed(Aspect::enabled);
+  changed(Attribute::enabled);
   form().leaveUnreachable();
 }
 
@@ -52,13 +52,13 @@ bool Control::reachable() const {
 void Control::setBackColor(Colour colour) {
   if (colour == backColor_) return;
   backColor_ = colour;
-  changed(Aspect::look);
+  changed(Attribute::appearance);
 }
 
 void Control::setFont(Font font) {
   if (font == font_) return;
   font_ = std::move(font);
-  changed(Aspect::look);
+  changed(Attribute::appearance);
 }
 
 bool Control::hasFocus() const {

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "forms/Appearance.h"
 #include "forms/Event.h"
 #include "forms/Geometry.h"
 #include "forms/Keys.h"
-#include "forms/Look.h"
 #include "forms/Widgetset.h"
 
 namespace nv::forms {
@@ -124,7 +124,7 @@ class Control {
   ControlPeer* peer() const { return peer_; }
 
  protected:
-  void changed(Aspect aspect) {
+  void changed(Attribute aspect) {
     if (peer_ != nullptr) peer_->update(aspect);
   }
 
@@ -153,7 +153,7 @@ class CaptionedControl : public Control {
   void setCaption(std::wstring caption) {
     if (caption == caption_) return;
     caption_ = std::move(caption);
-    changed(Aspect::text);
+    changed(Attribute::text);
   }
 
  private:

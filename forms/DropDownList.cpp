@@ -29,7 +29,7 @@ void DropDownList::setRows(RowTable rows) {
   if (rows.columns() != columns_.size()) throw RuntimeError(ErrorNumber::invalidCall);
   rows_ = std::move(rows);
   selectedRow_.reset();
-  changed(Aspect::rows);
+  changed(Attribute::rows);
 }
 
 void DropDownList::addItem(std::wstring_view cells) {
@@ -40,7 +40,7 @@ void DropDownList::addItem(std::wstring_view cells) {
     start = end + 1;
   }
   rows_.add(row);
-  changed(Aspect::rows);
+  changed(Attribute::rows);
 }
 
 std::wstring_view DropDownList::cell(std::size_t row, std::size_t column) const {
@@ -52,7 +52,7 @@ void DropDownList::selectRow(std::optional<std::size_t> row) {
   if (row && *row >= rows_.size()) throw RuntimeError(ErrorNumber::invalidCall);
   if (row == selectedRow_) return;
   selectedRow_ = row;
-  changed(Aspect::row);
+  changed(Attribute::row);
 }
 
 bool DropDownList::selectWhere(std::size_t column, std::wstring_view value) {

@@ -49,25 +49,25 @@ Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, 
 void Form::setCaption(std::wstring caption) {
   if (caption == caption_) return;
   caption_ = std::move(caption);
-  if (peer_) peer_->update(Aspect::text);
+  if (peer_) peer_->update(Attribute::text);
 }
 
 void Form::setSize(Twips width, Twips height) {
   place_.width = width;
   place_.height = height;
-  if (peer_) peer_->update(Aspect::place);
+  if (peer_) peer_->update(Attribute::place);
 }
 
 void Form::move(Twips left, Twips top) {
   place_.left = left;
   place_.top = top;
-  if (peer_) peer_->update(Aspect::place);
+  if (peer_) peer_->update(Attribute::place);
 }
 
 void Form::setBackColor(Colour colour) {
   if (colour == backColor_) return;
   backColor_ = colour;
-  if (peer_) peer_->update(Aspect::look);
+  if (peer_) peer_->update(Attribute::appearance);
 }
 
 void Form::load() {
@@ -79,7 +79,7 @@ void Form::load() {
   try {
     Form_Load();
     // The windows come last: they are made once, in the state that Form_Load arranged.
-    if (loaded()) peer_ = widgetset_.realise(*this);
+    if (loaded()) peer_ = widgetset_.createWindows(*this);
   } catch (...) {
     detach();
     throw;

@@ -154,17 +154,17 @@ class Form : public std::enable_shared_from_this<Form> {
 };
 
 /// Unloads a form on leaving a scope, however that is left.
-class UnloadedAtEnd {
+class UnloadOnExit {
  public:
-  explicit UnloadedAtEnd(Form& form) : form_(form) {}
-  ~UnloadedAtEnd() {
+  explicit UnloadOnExit(Form& form) : form_(form) {}
+  ~UnloadOnExit() {
     try {
       form_.unload();
     } catch (...) {  // NOLINT(bugprone-empty-catch): what led here counts
     }
   }
-  UnloadedAtEnd(const UnloadedAtEnd&) = delete;
-  UnloadedAtEnd& operator=(const UnloadedAtEnd&) = delete;
+  UnloadOnExit(const UnloadOnExit&) = delete;
+  UnloadOnExit& operator=(const UnloadOnExit&) = delete;
 
  private:
   Form& form_;

@@ -24,7 +24,7 @@ class Label : public CaptionedControl {
   void setTransparent(bool transparent) {
     if (transparent == transparent_) return;
     transparent_ = transparent;
-    changed(Aspect::look);
+    changed(Attribute::appearance);
   }
 
  private:

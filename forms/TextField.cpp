@@ -31,24 +31,24 @@ void TextField::setText(std::wstring text) {
   }
   text_ = std::move(text);
   selection_ = {caret, 0};
-  changed(Aspect::text);
+  changed(Attribute::text);
   report(false);
 }
 
 void TextField::setMaxLength(int length) {
   if (length == maxLength_) return;
   maxLength_ = length;
-  changed(Aspect::limit);
+  changed(Attribute::limit);
 }
 
 void TextField::select(int start, int length) {
   const int end = static_cast<int>(text_.size());
   selection_.start = std::clamp(start, 0, end);
   selection_.length = std::clamp(length, 0, end - selection_.start);
-  changed(Aspect::selection);
+  changed(Attribute::selection);
 }
 
-void TextField::arrive(std::wstring text, Selection selection) {
+void TextField::onUserText(std::wstring text, Selection selection) {
   selection_ = selection;
   if (text == text_) return;
   text_ = std::move(text);

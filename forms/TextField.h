@@ -31,7 +31,7 @@ class TextField : public Control {
   Event<> change;
 
   /// For the widgetset: the user's text has arrived. `selection` is where the caret stands now.
-  void arrive(std::wstring text, Selection selection);
+  void onUserText(std::wstring text, Selection selection);
 
   /// For the widgetset and code that draws: the selection last set by code or arrived with a text.
   Selection lastSelection() const { return selection_; }
@@ -62,7 +62,7 @@ class TextBox : public TextField {
   void setPasswordChar(wchar_t character) {
     if (character == passwordChar_) return;
     passwordChar_ = character;
-    changed(Aspect::mask);
+    changed(Attribute::mask);
   }
 
   /// Whether the clipboard's text can be put in; by default it can.

@@ -9,7 +9,7 @@ namespace nv::forms {
 void CheckBox::setChecked(bool checked) {
   if (checked == checked_) return;
   checked_ = checked;
-  changed(Aspect::value);
+  changed(Attribute::value);
   click.raise();
 }
 
@@ -21,7 +21,7 @@ void OptionButton::setSelected(bool selected) {
     }
   }
   selected_ = selected;
-  changed(Aspect::value);
+  changed(Attribute::value);
   if (selected) click.raise();
 }
 

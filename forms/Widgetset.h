@@ -1,4 +1,4 @@
-// The line between a form and what draws it. A form works with or without windows: whoever realises it implements these
+// The line between a form and what draws it. A form works with or without windows: whoever draws it implements these
 // three interfaces. `windows/forms` is the real widgetset; the tests bring a windowless one. A widgetset reports what
 // the user does by calling the functions of Form and of the controls that say so in their comments; it never decides
 // anything.
@@ -14,18 +14,18 @@ namespace nv::forms {
 class Form;
 
 /// What of a control or form has changed; the window reads the new state from the control itself.
-enum class Aspect {
+enum class Attribute {
   place,
   visible,
   enabled,
-  text,       // text of a field, caption of anything else
-  selection,  // selected part of a field's text
-  limit,      // maximum length
-  mask,       // password character
-  look,       // colours, font, button style
-  value,      // check mark of check boxes and option buttons
-  rows,       // entries of a list
-  row,        // selected entry of a list
+  text,        // text of a field, caption of anything else
+  selection,   // selected part of a field's text
+  limit,       // maximum length
+  mask,        // password character
+  appearance,  // colours, font, button style
+  value,       // check mark of check boxes and option buttons
+  rows,        // entries of a list
+  row,         // selected entry of a list
 };
 
 /// A part of a text: `start` is the position before its first character.
@@ -40,7 +40,7 @@ class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
 
-  virtual void update(Aspect aspect) = 0;
+  virtual void update(Attribute aspect) = 0;
 
   /// Gives the window the keyboard focus; the form has made its control the active one before.
   virtual void takeFocus() = 0;
@@ -54,7 +54,7 @@ class FormPeer {
  public:
   virtual ~FormPeer() = default;
 
-  virtual void update(Aspect aspect) = 0;
+  virtual void update(Attribute aspect) = 0;
 
   /// Makes the window visible. `modal` prepares for `runModal`: owned by the host's active window and centred on it.
   virtual void show(bool modal) = 0;
@@ -77,7 +77,7 @@ class Widgetset {
   virtual ~Widgetset() = default;
 
   /// Makes the (still invisible) windows of a form in its present state and attaches them to its controls.
-  virtual std::unique_ptr<FormPeer> realise(Form& form) = 0;
+  virtual std::unique_ptr<FormPeer> createWindows(Form& form) = 0;
 
   /// Lets the window events that are waiting run.
   virtual void runPendingEvents() = 0;

@@ -30,19 +30,19 @@ std::wstring withSingleBlanks(std::wstring_view text) {
 }  // namespace
 
 Flag16 lookupProvince(Component& component, std::wstring_view province) {
-  entered(component, L"Random - lookupProvince");
+  trace(component, L"Random - lookupProvince");
   return flag(hasUnit(component.store.Provpostalstr, 2, province));
 }
 
 Flag16 LookupPostcode(Component& component, std::wstring_view code) {
-  entered(component, L"Random - LookupPostcode");
+  trace(component, L"Random - LookupPostcode");
   constexpr std::wstring_view neverFirst = L"DFIOQ";
   if (!code.empty() && neverFirst.find(code.back()) != std::wstring_view::npos) return flagFalse;
   return flag(hasUnit(component.store.Provpostalstr, 3, code));
 }
 
 std::int16_t Has_PO_Box_Address(Component& component, std::wstring_view street) {
-  entered(component, L"Random - Has_PO_Box_Address");
+  trace(component, L"Random - Has_PO_Box_Address");
   return reportedTrap<std::int16_t>(component, L"Random.Has_PO_Box_Address", 0, [&]() -> std::int16_t {
     const std::wstring address = withSingleBlanks(component.services.machine.upperCase(trimmed(street)));
     const bool box = std::ranges::any_of(component.store.postOfficeBoxWords, [&address](const std::wstring& word) {

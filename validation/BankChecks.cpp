@@ -80,7 +80,7 @@ std::int16_t refuse(const wchar_t* reason, std::wstring& errorMessage, std::int1
 
 std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::wstring_view account,
                            std::wstring& errorMessage, std::int16_t /*ignored*/, bool flag) {
-  entered(component, L"Random - VerifyAccount");
+  trace(component, L"Random - VerifyAccount");
   return reportedTrap(component, L"Random.VerifyAccount", refused, [&]() -> std::int16_t {
     if (account.find(L' ') != std::wstring_view::npos) {
       component.services.messages.show(L"Please do not enter any blank characters in the account number.",
@@ -114,7 +114,7 @@ std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::
 
 std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
                             std::int16_t& errorLength, bool flag) {
-  entered(component, L"Random - ValidateBankId");
+  trace(component, L"Random - ValidateBankId");
   return reportedTrap(component, L"Random.ValidateBankId", refused, [&]() -> std::int16_t {
     errorMessage.clear();
     if (trimmed(bankId).empty()) return refuse(L"Invalid bank id", errorMessage, errorLength);
@@ -128,7 +128,7 @@ std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std:
 std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId, std::wstring_view transit,
                                  std::wstring_view account, std::wstring& errorMessage, std::int16_t& errorLength,
                                  bool flag) {
-  entered(component, L"Random - ValidateBankAccount");
+  trace(component, L"Random - ValidateBankAccount");
   return reportedTrap(component, L"Random.ValidateBankAccount", refused, [&]() -> std::int16_t {
     errorMessage.clear();
     if (trimmed(bankId).empty() || trimmed(transit).empty() || trimmed(account).empty()) {
@@ -142,7 +142,7 @@ std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId,
 }
 
 Flag16 ValidateABANumber(Component& component, std::wstring_view routingNumber) {
-  entered(component, L"Random - ValidateABANumber");
+  trace(component, L"Random - ValidateABANumber");
   constexpr std::size_t digits = 9;
   if (component.store.WhatKindOfBiller != L" ") {
     static const Pattern assignedPrefix(

@@ -32,19 +32,21 @@ bool isNumeric(std::wstring_view text) {
 }
 
 /// The first eight digits of numbers that people make up; the ninth may be anything.
-constexpr std::wstring_view madeUp[] = {L"12345678", L"11111111", L"22222222", L"33333333", L"44444444", L"55555555",
-                                        L"66666666", L"77777777", L"88888888", L"99999999", L"00000000"};
+constexpr std::wstring_view placeholderNumbers[] = {L"12345678", L"11111111", L"22222222", L"33333333",
+                                                    L"44444444", L"55555555", L"66666666", L"77777777",
+                                                    L"88888888", L"99999999", L"00000000"};
 
 }  // namespace
 
 Flag16 VerifyBusinessNumber(Component& component, std::wstring_view businessNumber) {
-  entered(component, L"Random - VerifyBusinessNumber");
+  trace(component, L"Random - VerifyBusinessNumber");
   return reportedTrap(component, L"Random.VerifyBusinessNumber", flagFalse, [&] {
     constexpr std::size_t length = 9;
     if (trimmed(businessNumber).size() < length) return flagFalse;
     const std::wstring_view number = businessNumber.substr(0, length);
     if (!isNumeric(number)) return flagFalse;
-    if (std::ranges::find(madeUp, number.substr(0, length - 1)) != std::end(madeUp)) return flagFalse;
+    if (std::ranges::find(placeholderNumbers, number.substr(0, length - 1)) != std::end(placeholderNumbers))
+      return flagFalse;
 
     // The verifier knows business numbers as accounts of an institution of their own.
     std::wstring ignoredMessage;

@@ -15,7 +15,7 @@ std::wstring withBackslash(std::wstring directory) {
 }  // namespace
 
 Flag16 Fileexists(Component& component, const std::wstring& path) {
-  entered(component, L"Random - Fileexists");
+  trace(component, L"Random - Fileexists");
   try {
     component.services.files.length(path);
     return flagTrue;
@@ -25,13 +25,13 @@ Flag16 Fileexists(Component& component, const std::wstring& path) {
 }
 
 void Get_Windows_Dir(Component& component) {
-  entered(component, L"Random - Get_Windows_Dir");
+  trace(component, L"Random - Get_Windows_Dir");
   component.store.windowsDirectory = withBackslash(component.services.machine.windowsDirectory());
   component.store.systemDirectory = withBackslash(component.services.machine.systemDirectory());
 }
 
 void ComboBoxAutoComplete(Component& component, forms::ComboBox& comboBox) {
-  entered(component, L"Random - ComboBoxAutoComplete");
+  trace(component, L"Random - ComboBoxAutoComplete");
   platform::Machine& machine = component.services.machine;
   const std::wstring typed = machine.lowerCase(comboBox.text());
   for (int index = 0; index < comboBox.listCount(); ++index) {
@@ -46,7 +46,7 @@ void ComboBoxAutoComplete(Component& component, forms::ComboBox& comboBox) {
 
 void OpenBrowser(Component& component, std::wstring_view address) {
   using platform::MessageBoxes;
-  entered(component, L"Random - OpenBrowser");
+  trace(component, L"Random - OpenBrowser");
   reportedTrap(component, L"Random.OpenBrowser", [&] {
     const int result = component.services.shell.open(std::wstring(address));
     const auto complain = [&component](const std::wstring& text) {

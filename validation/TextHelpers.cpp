@@ -7,7 +7,7 @@
 namespace nv::Random {
 
 std::wstring CleanseCharacters(Component& component, std::wstring_view text) {
-  entered(component, L"Random - CleanseCharacters");
+  trace(component, L"Random - CleanseCharacters");
   std::wstring kept;
   kept.reserve(text.size());
   std::ranges::copy_if(text, std::back_inserter(kept),
@@ -16,21 +16,21 @@ std::wstring CleanseCharacters(Component& component, std::wstring_view text) {
 }
 
 std::wstring PadLeft(Component& component, std::wstring_view text, int length) {
-  entered(component, L"Random - PadLeft");
+  trace(component, L"Random - PadLeft");
   const auto wanted = static_cast<std::size_t>(std::max(length, 0));
   if (text.size() >= wanted) return std::wstring(text.substr(text.size() - wanted));
   return std::wstring(wanted - text.size(), L' ').append(text);
 }
 
 std::wstring PadRight(Component& component, std::wstring_view text, int length) {
-  entered(component, L"Random - PadRight");
+  trace(component, L"Random - PadRight");
   std::wstring padded(text.substr(0, static_cast<std::size_t>(std::max(length, 0))));
   padded.resize(static_cast<std::size_t>(std::max(length, 0)), L' ');
   return padded;
 }
 
 Flag16 IsAlpha(Component& component, std::wstring_view text) {
-  entered(component, L"Random - IsAlpha");
+  trace(component, L"Random - IsAlpha");
   const std::wstring upper = component.services.machine.upperCase(text);
   return flag(std::ranges::any_of(upper, [](wchar_t c) { return c >= 65 && c <= 90; }));
 }

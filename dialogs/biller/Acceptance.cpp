@@ -58,7 +58,7 @@ bool hasForm(std::wstring_view text, std::wstring_view form) {
 }
 
 /// Area codes and numbers of North America begin with 2 to 9.
-bool beginsLikeNoNumber(std::wstring_view digits) {
+bool hasInvalidFirstDigit(std::wstring_view digits) {
   return digits.starts_with(L'0') || digits.starts_with(L'1');
 }
 
@@ -183,8 +183,8 @@ class frmRandomInfo::Acceptance {
       if (empty(number)) return stopEmpty(number);
       if (number.text().size() != 7) return stopSelected(number);
     }
-    if (beginsLikeNoNumber(area.text())) return stopSelected(area);
-    return beginsLikeNoNumber(number.text()) && stopSelected(number);
+    if (hasInvalidFirstDigit(area.text())) return stopSelected(area);
+    return hasInvalidFirstDigit(number.text()) && stopSelected(number);
   }
 
   bool telephoneLength() {
@@ -211,8 +211,8 @@ class frmRandomInfo::Acceptance {
       if (dialsAsNorthAmerica()) {
         if (area.text().size() != 3) return stopSelected(area);
         if (visibleOrEnabled(number) && empty(number)) return stopSelected(number);
-        if (beginsLikeNoNumber(area.text())) return stopSelected(area);
-        if (beginsLikeNoNumber(number.text())) return stopSelected(number);
+        if (hasInvalidFirstDigit(area.text())) return stopSelected(area);
+        if (hasInvalidFirstDigit(number.text())) return stopSelected(number);
       }
     }
     if (!empty(number) && number.text().size() != 7 && dialsAsNorthAmerica()) return stopSelected(number);

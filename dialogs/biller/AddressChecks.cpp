@@ -20,7 +20,7 @@ bool matches(std::wstring_view text, const Pattern& pattern) {
 }  // namespace
 
 Flag16 frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstring& message, Flag16 allowEmpty) {
-  entered(component(), L"RandomInfo - ValidateEmailAddress");
+  trace(component(), L"RandomInfo - ValidateEmailAddress");
   constexpr std::size_t shortest = 5;
   const std::wstring_view given = trimmed(address);
   if (given.size() < shortest) {
@@ -38,7 +38,7 @@ Flag16 frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstri
 }
 
 Flag16 frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& message) {
-  entered(component(), L"RandomInfo - ValidateWebsite");
+  trace(component(), L"RandomInfo - ValidateWebsite");
   static const Pattern pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
   if (matches(site, pattern)) return flagTrue;
   message = L"Please enter a valid website with the form\r\n'www.example.com'.";
@@ -46,7 +46,7 @@ Flag16 frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& mess
 }
 
 Flag16 frmRandomInfo::IsEmailValid(std::wstring_view address) {
-  entered(component(), L"RandomInfo - IsEmailValid");
+  trace(component(), L"RandomInfo - IsEmailValid");
   constexpr std::wstring_view allowed = L"abcdefghijklmnopqrstuvwxyz_-.";
   const std::wstring lower = component().services.machine.lowerCase(address);
   const std::wstring_view whole = lower;

@@ -18,7 +18,7 @@ void frmRandomInfo::connectInternational() {
 }
 
 void frmRandomInfo::SetFXBiller(bool isFX) {
-  entered(component(), L"RandomInfo - SetFXBiller");
+  trace(component(), L"RandomInfo - SetFXBiller");
   const std::initializer_list<forms::Control*> domesticOnly = {&optCBusiness,   &optCIndividual, &fraBusinessNum,
                                                                &txtBusinessNum, &lblBN,          &chkBNNotAvailable};
   for (forms::Control* control : domesticOnly) control->setEnabled(!isFX);
@@ -35,7 +35,7 @@ void frmRandomInfo::SetFXBiller(bool isFX) {
 }
 
 void frmRandomInfo::SetFXPhoneNumber(bool isFX) {
-  entered(component(), L"RandomInfo - SetFXPhoneNumber");
+  trace(component(), L"RandomInfo - SetFXPhoneNumber");
   const auto use = [](std::initializer_list<forms::TextBox*> fields, bool used) {
     for (forms::TextBox* field : fields) {
       field->setEnabled(used);
@@ -47,7 +47,7 @@ void frmRandomInfo::SetFXPhoneNumber(bool isFX) {
 }
 
 bool frmRandomInfo::FXCurrencyExists(std::wstring_view code) {
-  entered(component(), L"RandomInfo - FXCurrencyExists");
+  trace(component(), L"RandomInfo - FXCurrencyExists");
   for (const std::wstring& used : store().IPBillerCurrencies.elements()) {
     if (used == code) return true;
   }
@@ -131,7 +131,7 @@ void frmRandomInfo::takeTelephoneCode() {
 }
 
 void frmRandomInfo::ShowFXBankingInfoScreen() {
-  entered(component(), L"RandomInfo - ShowFXBankingInfoScreen");
+  trace(component(), L"RandomInfo - ShowFXBankingInfoScreen");
   frmFXBankInfo::Details details = {store().PayeeFXBankName,
                                     store().PayeeFXBankAddress,
                                     store().PayeeFXBankCity,
@@ -151,7 +151,7 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
   }
   const auto bank = std::make_shared<frmFXBankInfo>(component());
   bank->load();
-  const forms::UnloadedAtEnd unloaded(*bank);
+  const forms::UnloadOnExit unloaded(*bank);
   bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
   if (readOnly_) bank->showReadOnly();
   bank->showModal();

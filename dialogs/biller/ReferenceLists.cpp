@@ -132,7 +132,7 @@ std::vector<std::wstring> countryCodes(std::wstring_view list) {
 // The dialog's lists
 
 void frmRandomInfo::LoadProvinces() {
-  entered(component(), L"RandomInfo - LoadProvinces");
+  trace(component(), L"RandomInfo - LoadProvinces");
   ran_payee_prov.clear();
   if (domestic()) {
     for (std::wstring& code : provinceCodes(store().Provpostalstr)) ran_payee_prov.add(std::move(code));
@@ -142,12 +142,12 @@ void frmRandomInfo::LoadProvinces() {
 }
 
 void frmRandomInfo::LoadCurrencyCodes() {
-  entered(component(), L"RandomInfo - LoadCurrencyCodes");
+  trace(component(), L"RandomInfo - LoadCurrencyCodes");
   cmbCurrencyCode.setRows(currencyRows(store().IPCurrencyList));
 }
 
 void frmRandomInfo::LoadCountries() {
-  entered(component(), L"RandomInfo - LoadCountries");
+  trace(component(), L"RandomInfo - LoadCountries");
   std::wstring file = store().DLLPath;
   if (!file.empty() && file.back() != L'\\') file += L'\\';
   file += L"FXCountries";

@@ -14,7 +14,7 @@ namespace nv {
 using forms::keys::enter;
 
 void frmRandomInfo::Form_Load() {
-  entered(component(), L"RandomInfo - Form_Load");
+  trace(component(), L"RandomInfo - Form_Load");
   frame3Height_ = Frame3.place().height;
   SetupForm();
   opening_ = {txtAccount.text(), txtBankID.text(), txtTransit.text(), txtRoutingNumber.text(),
@@ -22,7 +22,7 @@ void frmRandomInfo::Form_Load() {
 }
 
 void frmRandomInfo::SetupForm() {
-  entered(component(), L"RandomInfo - SetupForm");
+  trace(component(), L"RandomInfo - SetupForm");
   const std::wstring homeCurrency = store().CurrencyCodeFromMain;
   const std::wstring title(trimmed(store().FormTitleFromMain));
   Random::Get_Windows_Dir(component());
@@ -176,7 +176,7 @@ void frmRandomInfo::switchBusinessNumber(bool on) {
 }
 
 void frmRandomInfo::SetupBusinessForm() {
-  entered(component(), L"RandomInfo - SetupBusinessForm");
+  trace(component(), L"RandomInfo - SetupBusinessForm");
   showMarks(0, 7, true);
   showMarks(50, 52, false);
   lblNotification.setVisible(false);
@@ -202,7 +202,7 @@ void frmRandomInfo::SetupBusinessForm() {
 }
 
 void frmRandomInfo::SetupIndividualForm() {
-  entered(component(), L"RandomInfo - SetupIndividualForm");
+  trace(component(), L"RandomInfo - SetupIndividualForm");
   showMarks(0, 7, false);
   showMarks(50, 52, true);
   lblNotification.setVisible(false);
@@ -260,7 +260,7 @@ void frmRandomInfo::SetupIndividualForm() {
 }
 
 void frmRandomInfo::Form_Activate() {
-  entered(component(), L"RandomInfo - Form_Activate");
+  trace(component(), L"RandomInfo - Form_Activate");
   modFormController::reStyleForm(component(), *this);
   if (Frame3.enabled() && ran_payee_street.visible()) {
     ran_payee_street.setFocus();

@@ -222,7 +222,7 @@ void frmRandomInfo::showReadOnly() {
 }
 
 void frmRandomInfo::Form_KeyPress(wchar_t& key) {
-  entered(component(), L"RandomInfo - Form_KeyPress");
+  trace(component(), L"RandomInfo - Form_KeyPress");
   if (key == forms::keys::enter) sendKey(L'9');  // hosts have come to know it so; Enter itself goes on its way
 }
 
@@ -260,7 +260,7 @@ void frmRandomInfo::cmd_cancel_Click() {
 }
 
 void frmRandomInfo::Form_QueryUnload(bool& /*cancel*/, UnloadMode mode) {
-  entered(component(), L"RandomInfo - Form_QueryUnload");
+  trace(component(), L"RandomInfo - Form_QueryUnload");
   if (mode == UnloadMode::code) return;
   store().closeResult = Store::cancelledResult;
   widgetset().runPendingEvents();

@@ -192,7 +192,7 @@ void frmFXBankInfo::refuseAllButCapitals(wchar_t& key) {
 // Opening
 
 void frmFXBankInfo::Form_Load() {
-  entered(component(), L"frmFXBankInfo - Form_Load");
+  trace(component(), L"frmFXBankInfo - Form_Load");
   modFormController::reStyleForm(component(), *this);
   openingAccount_ = store().PayeeFXBankAccount;
   openingSwift_ = store().PayeeFXBankSwift;
@@ -234,13 +234,13 @@ void frmFXBankInfo::showReadOnly() {
 // The sections
 
 void frmFXBankInfo::EnableUSBankDetails() {
-  entered(component(), L"frmFXBankInfo - EnableUSBankDetails");
+  trace(component(), L"frmFXBankInfo - EnableUSBankDetails");
   enable(unitedStates_);
   discard(international_);
 }
 
 void frmFXBankInfo::EnableIntlBankDetails() {
-  entered(component(), L"frmFXBankInfo - EnableIntlBankDetails");
+  trace(component(), L"frmFXBankInfo - EnableIntlBankDetails");
   enable(international_);
   discard(unitedStates_);
 }
@@ -309,7 +309,7 @@ void frmFXBankInfo::cmd_cancel_Click() {
 }
 
 Flag16 frmFXBankInfo::OKClicked() {
-  entered(component(), L"frmFXBankInfo - OKClicked");
+  trace(component(), L"frmFXBankInfo - OKClicked");
   return flag(accepted_);
 }
 

@@ -24,7 +24,7 @@ class ComponentForm : public forms::Form {
   template <class Body, class... Arguments>
   void on(forms::Event<Arguments...>& event, Procedure procedure, Body body) {
     event = [this, procedure, body](Arguments... arguments) {
-      entered(component_, procedure);
+      trace(component_, procedure);
       try {
         body(arguments...);
       } catch (...) {

@@ -40,7 +40,7 @@ frmCheque::frmCheque(Component& component)
 }
 
 void frmCheque::Form_Load() {
-  entered(component(), L"frmCheque - Form_Load");
+  trace(component(), L"frmCheque - Form_Load");
   LoadBankList();
   cmbBankName.setText(L"001 - Bank of Montreal");
 }
@@ -50,7 +50,7 @@ void frmCheque::Form_KeyPress(wchar_t& key) {
 }
 
 void frmCheque::LoadBankList() {
-  entered(component(), L"frmCheque - LoadBankList");
+  trace(component(), L"frmCheque - LoadBankList");
   for (const wchar_t* bank : banks) cmbBankName.addItem(bank);
 }
 

@@ -69,7 +69,7 @@ void restyle(forms::Control& control, const std::wstring& font, forms::Colour ba
 }  // namespace
 
 void reStyleForm(Component& component, forms::Form& form) {
-  entered(component, L"modFormController - reStyleForm");
+  trace(component, L"modFormController - reStyleForm");
   reportedTrap(component, L"modFormController.reStyleForm", [&] {
     const std::int16_t formStyle = component.store.FormStyle;
     const Style style = styleOf(formStyle);
@@ -85,7 +85,7 @@ void reStyleForm(Component& component, forms::Form& form) {
 }
 
 std::wstring installSystemFont(Component& component, const std::wstring& name) {
-  entered(component, L"modFormController - installSystemFont");
+  trace(component, L"modFormController - installSystemFont");
   const std::wstring file = name == L"Segoe UI" ? L"segoeui.ttf" : L"MS Sans Serif.ttf";
   const std::wstring target = component.store.windowsDirectory + L"fonts\\" + file;
   if (Random::Fileexists(component, target) != flagFalse) return name;

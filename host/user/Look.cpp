@@ -89,12 +89,12 @@ std::wstring ofList(HWND window, Read&& read) {
   return list ? read(*list) : L"no list";
 }
 
-struct Aspect {
+struct Attribute {
   const wchar_t* name;
   std::wstring (*read)(const Seen& seen);
 };
 
-constexpr Aspect aspects[] = {
+constexpr Attribute aspects[] = {
     {L"text", [](const Seen& seen) { return textOf(seen.window); }},
     {L"caption", [](const Seen& seen) { return textOf(seen.window); }},
     {L"visible", [](const Seen& seen) { return truth(visibleToUser(seen.window)); }},
@@ -134,16 +134,16 @@ constexpr Aspect aspects[] = {
 
 std::wstring aspectNames() {
   std::wstring names;
-  for (const Aspect& aspect : aspects) names.append(names.empty() ? L"" : L" ").append(aspect.name);
+  for (const Attribute& aspect : aspects) names.append(names.empty() ? L"" : L" ").append(aspect.name);
   return names;
 }
 
 bool isAspect(std::wstring_view aspect) {
-  return std::ranges::find(aspects, aspect, &Aspect::name) != std::end(aspects);
+  return std::ranges::find(aspects, aspect, &Attribute::name) != std::end(aspects);
 }
 
 std::wstring look(HWND dialog, HWND window, std::wstring_view aspect) {
-  return std::ranges::find(aspects, aspect, &Aspect::name)->read({dialog, window});
+  return std::ranges::find(aspects, aspect, &Attribute::name)->read({dialog, window});
 }
 
 HWND typingField(HWND window) {

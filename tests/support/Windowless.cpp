@@ -15,52 +15,53 @@
 
 namespace nv::test {
 
-using forms::Aspect;
+using forms::Attribute;
 
 ControlWindow::ControlWindow(FormWindow& form, forms::Control& control)
     : form_(form), control_(control), field_(dynamic_cast<forms::TextField*>(&control)) {
-  for (const Aspect aspect : {Aspect::place, Aspect::visible, Aspect::enabled, Aspect::text, Aspect::limit,
-                              Aspect::mask, Aspect::look, Aspect::value, Aspect::rows, Aspect::row}) {
+  for (const Attribute aspect :
+       {Attribute::place, Attribute::visible, Attribute::enabled, Attribute::text, Attribute::limit, Attribute::mask,
+        Attribute::appearance, Attribute::value, Attribute::rows, Attribute::row}) {
     update(aspect);
   }
   control_.attach(this);
 }
 
-void ControlWindow::update(Aspect aspect) {
+void ControlWindow::update(Attribute aspect) {
   if (form_.closed()) ADD_FAILURE() << "a window that is gone was told something by " << control_.fullName();
   switch (aspect) {
-    case Aspect::place:
+    case Attribute::place:
       seen_.place = control_.place();
       break;
-    case Aspect::visible:
+    case Attribute::visible:
       seen_.visible = control_.visible();
       break;
-    case Aspect::enabled:
+    case Attribute::enabled:
       seen_.enabled = control_.enabled();
       break;
-    case Aspect::text:
+    case Attribute::text:
       seen_.text = field_ != nullptr ? field_->text() : control_.caption();
       [[fallthrough]];
-    case Aspect::selection:
+    case Attribute::selection:
       if (field_ == nullptr) break;
       anchor_ = field_->lastSelection().start;
       caret_ = anchor_ + field_->lastSelection().length;
       break;
-    case Aspect::limit:
+    case Attribute::limit:
       if (field_ != nullptr) seen_.maxLength = field_->maxLength();
       break;
-    case Aspect::mask:
+    case Attribute::mask:
       if (const auto* box = dynamic_cast<forms::TextBox*>(field_)) seen_.mask = box->passwordChar();
       break;
-    case Aspect::look:
+    case Attribute::appearance:
       seen_.backColor = control_.backColor();
       seen_.font = control_.font();
       break;
-    case Aspect::value:
+    case Attribute::value:
       if (const auto* box = dynamic_cast<forms::CheckBox*>(&control_)) seen_.checked = box->checked();
       if (const auto* option = dynamic_cast<forms::OptionButton*>(&control_)) seen_.checked = option->selected();
       break;
-    case Aspect::rows:
+    case Attribute::rows:
       if (const auto* combo = dynamic_cast<forms::ComboBox*>(field_)) seen_.rows = combo->entries();
       if (const auto* list = dynamic_cast<forms::DropDownList*>(field_)) {
         seen_.rows.clear();
@@ -72,7 +73,7 @@ void ControlWindow::update(Aspect aspect) {
         }
       }
       [[fallthrough]];
-    case Aspect::row:
+    case Attribute::row:
       if (const auto* combo = dynamic_cast<forms::ComboBox*>(field_)) {
         seen_.row.reset();
         if (combo->listIndex() != forms::ComboBox::none) seen_.row = static_cast<std::size_t>(combo->listIndex());
@@ -156,13 +157,13 @@ void ControlWindow::replace(int start, int length, std::wstring_view by) {
   seen_.text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), by);
   moveCaret(start + static_cast<int>(by.size()), false);
   if (control_.kind() == forms::Kind::comboBox) seen_.row.reset();  // what is typed is no entry
-  field_->arrive(seen_.text, selection());
+  field_->onUserText(seen_.text, selection());
 }
 
 FormWindow::FormWindow(WindowlessWidgetset& widgetset, forms::Form& form)
     : widgetset_(widgetset), form_(form), handle_(++widgetset.lastHandle_) {
-  update(Aspect::text);
-  update(Aspect::place);
+  update(Attribute::text);
+  update(Attribute::place);
   for (forms::Control* control : form.controls()) {
     controls_.push_back(std::make_unique<ControlWindow>(*this, *control));
   }
@@ -174,9 +175,9 @@ FormWindow::~FormWindow() {
   if (running_) *running_ = false;
 }
 
-void FormWindow::update(Aspect aspect) {
-  if (aspect == Aspect::text) title_ = form_.caption();
-  if (aspect == Aspect::place) place_ = form_.place();
+void FormWindow::update(Attribute aspect) {
+  if (aspect == Attribute::text) title_ = form_.caption();
+  if (aspect == Attribute::place) place_ = form_.place();
 }
 
 void FormWindow::show(bool modal) {
@@ -236,7 +237,7 @@ WindowlessWidgetset::~WindowlessWidgetset() {
   if (!scripts_.empty()) ADD_FAILURE() << "a form was to be shown modally and was not";
 }
 
-std::unique_ptr<forms::FormPeer> WindowlessWidgetset::realise(forms::Form& form) {
+std::unique_ptr<forms::FormPeer> WindowlessWidgetset::createWindows(forms::Form& form) {
   if (failure) throw *failure;
   return std::make_unique<FormWindow>(*this, form);
 }

@@ -22,8 +22,8 @@ class ButtonWindow final : public ControlWindow {
 
   Native native() const override { return {L"BUTTON", type() | BS_NOTIFY}; }
 
-  void apply(forms::Aspect aspect) override {
-    if (aspect == forms::Aspect::look) SendMessageW(window(), BM_SETSTYLE, type(), TRUE);
+  void apply(forms::Attribute aspect) override {
+    if (aspect == forms::Attribute::appearance) SendMessageW(window(), BM_SETSTYLE, type(), TRUE);
     ControlWindow::apply(aspect);
   }
 

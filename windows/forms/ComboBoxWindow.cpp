@@ -6,7 +6,7 @@
 
 namespace nv::windows {
 
-using forms::Aspect;
+using forms::Attribute;
 
 namespace {
 
@@ -28,22 +28,22 @@ class ComboBoxWindow final : public ControlWindow {
     adopt(parts.hwndItem);
     showEntries();
     text_.connect(parts.hwndItem, comboBox_);
-    apply(Aspect::place);
+    apply(Attribute::place);
   }
 
-  void apply(Aspect aspect) override {
+  void apply(Attribute aspect) override {
     switch (aspect) {
-      case Aspect::place:
+      case Attribute::place:
         place();
         break;
-      case Aspect::look:
+      case Attribute::appearance:
         ControlWindow::apply(aspect);
         place();  // the font decides about the height
         break;
-      case Aspect::rows:
+      case Attribute::rows:
         showEntries();
         break;
-      case Aspect::row:
+      case Attribute::row:
         showRow();
         break;
       default:
@@ -76,7 +76,7 @@ class ComboBoxWindow final : public ControlWindow {
     // Choosing in the window also sets its text, which the control decides about.
     text_.withoutArrival(
         [this] { SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0); });
-    if (text_.window() != nullptr) text_.apply(Aspect::text);
+    if (text_.window() != nullptr) text_.apply(Attribute::text);
   }
 
   /// Enter and Escape close an open list, and do no more.

@@ -9,7 +9,7 @@
 
 namespace nv::windows {
 
-using forms::Aspect;
+using forms::Attribute;
 
 void setWindowName(HWND window, std::wstring_view name) {
   const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
@@ -59,11 +59,11 @@ LRESULT ControlWindow::pass(HWND window, UINT message, WPARAM wparam, LPARAM lpa
 
 void ControlWindow::rescale() {
   if (window_ == nullptr) return;
-  apply(Aspect::look);
-  apply(Aspect::place);
+  apply(Attribute::appearance);
+  apply(Attribute::place);
 }
 
-void ControlWindow::update(Aspect aspect) {
+void ControlWindow::update(Attribute aspect) {
   if (window_ != nullptr) apply(aspect);
 }
 
@@ -78,21 +78,21 @@ void ControlWindow::type(wchar_t character) {
   if (window_ != nullptr) SendMessageW(focusWindow(), WM_CHAR, character, 1);
 }
 
-void ControlWindow::apply(Aspect aspect) {
+void ControlWindow::apply(Attribute aspect) {
   switch (aspect) {
-    case Aspect::place:
+    case Attribute::place:
       place();
       break;
-    case Aspect::visible:
+    case Attribute::visible:
       ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
       break;
-    case Aspect::enabled:
+    case Attribute::enabled:
       EnableWindow(window_, control_.enabled());
       break;
-    case Aspect::text:
+    case Attribute::text:
       SetWindowTextW(window_, control_.caption().c_str());
       break;
-    case Aspect::look:
+    case Attribute::appearance:
       SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), TRUE);
       InvalidateRect(window_, nullptr, TRUE);
       break;
@@ -137,7 +137,7 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wpar
 }
 
 LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_DESTROY) forgetText(window);
+  if (message == WM_DESTROY) wipeText(window);
   if (forgetting_ && message == WM_COMMAND) return 0;
   if (message == WM_NCDESTROY) {
     const LRESULT result = pass(window, message, wparam, lparam);
@@ -154,7 +154,7 @@ LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM
 
 /// Memory that a window gives back holds nothing of what stood in it: blanks take the place of its text, which nobody
 /// hears of any more. Longer than any field's, such a text was no secret.
-void ControlWindow::forgetText(HWND window) {
+void ControlWindow::wipeText(HWND window) {
   forgetting_ = true;
   wchar_t blanks[128];
   const auto length = std::min<LRESULT>(pass(window, WM_GETTEXTLENGTH, 0, 0), std::size(blanks) - 1);

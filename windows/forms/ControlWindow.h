@@ -51,7 +51,7 @@ class ControlWindow : public forms::ControlPeer {
   /// Types a character into the control, as the keyboard would.
   void type(wchar_t character);
 
-  void update(forms::Aspect aspect) override;
+  void update(forms::Attribute aspect) override;
   void takeFocus() override;
   forms::Selection selection() const override { return {}; }
 
@@ -70,7 +70,7 @@ class ControlWindow : public forms::ControlPeer {
   /// After the window was made, before the state is applied.
   virtual void created() {}
   /// Makes one aspect of the window what the control says.
-  virtual void apply(forms::Aspect aspect);
+  virtual void apply(forms::Attribute aspect);
   /// A message to the control's window or to an adopted one. Returns its result; `pass` hands it on.
   virtual LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const;
@@ -106,7 +106,7 @@ class ControlWindow : public forms::ControlPeer {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-  void forgetText(HWND window);
+  void wipeText(HWND window);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool mouseDown(HWND window, int button, LPARAM lparam);
   void place();

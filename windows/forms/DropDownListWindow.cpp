@@ -9,7 +9,7 @@
 
 namespace nv::windows {
 
-using forms::Aspect;
+using forms::Attribute;
 
 namespace {
 
@@ -32,16 +32,16 @@ void DropDownListWindow::created() {
   placeText();
 }
 
-void DropDownListWindow::apply(Aspect aspect) {
+void DropDownListWindow::apply(Attribute aspect) {
   switch (aspect) {
-    case Aspect::rows:
+    case Attribute::rows:
       popup_.rowsChanged();
       break;
-    case Aspect::row:
+    case Attribute::row:
       popup_.rowChanged();
       break;
-    case Aspect::visible:
-    case Aspect::enabled:
+    case Attribute::visible:
+    case Attribute::enabled:
       popup_.hide();
       EnableWindow(text_.window(), list_.enabled());
       ControlWindow::apply(aspect);
@@ -49,8 +49,8 @@ void DropDownListWindow::apply(Aspect aspect) {
       break;
     default:
       if (!text_.apply(aspect)) ControlWindow::apply(aspect);
-      if (aspect == Aspect::look) ControlWindow::apply(Aspect::place);  // the font decides about the height
-      if (aspect == Aspect::place || aspect == Aspect::look) placeText();
+      if (aspect == Attribute::appearance) ControlWindow::apply(Attribute::place);  // the font decides about the height
+      if (aspect == Attribute::place || aspect == Attribute::appearance) placeText();
   }
 }
 

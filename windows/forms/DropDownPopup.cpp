@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "windows/Instance.h"
-#include "windows/Surroundings.h"
+#include "windows/Scopes.h"
 #include "windows/forms/DropDownListWindow.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
@@ -20,7 +20,7 @@ thread_local DropDownPopup* openPopup = nullptr;
 }  // namespace
 
 void DropDownPopup::create() {
-  const CurrentControls controls;
+  const ActivationContextScope controls;
   const HWND root = GetAncestor(owner_.window(), GA_ROOT);
   popup_ =
       CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, dropDownPopupClass, L"",

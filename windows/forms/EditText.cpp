@@ -2,7 +2,7 @@
 
 namespace nv::windows {
 
-using forms::Aspect;
+using forms::Attribute;
 
 std::wstring textOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
@@ -13,22 +13,22 @@ std::wstring textOf(HWND window) {
 void EditText::connect(HWND edit, forms::TextField& field) {
   edit_ = edit;
   field_ = &field;
-  apply(Aspect::limit);
-  apply(Aspect::text);
+  apply(Attribute::limit);
+  apply(Attribute::text);
 }
 
-bool EditText::apply(Aspect aspect) {
+bool EditText::apply(Attribute aspect) {
   switch (aspect) {
-    case Aspect::text:
+    case Attribute::text:
       withoutArrival([this] { SetWindowTextW(edit_, field_->text().c_str()); });
       [[fallthrough]];
-    case Aspect::selection: {
+    case Attribute::selection: {
       const forms::Selection selection = field_->lastSelection();
       SendMessageW(edit_, EM_SETSEL, static_cast<WPARAM>(selection.start), selection.start + selection.length);
       SendMessageW(edit_, EM_SCROLLCARET, 0, 0);
       return true;
     }
-    case Aspect::limit:
+    case Attribute::limit:
       SendMessageW(edit_, EM_LIMITTEXT, static_cast<WPARAM>(field_->maxLength()), 0);
       return true;
     default:
@@ -37,7 +37,7 @@ bool EditText::apply(Aspect aspect) {
 }
 
 void EditText::changed() {
-  if (!setting_) field_->arrive(textOf(edit_), selection());
+  if (!setting_) field_->onUserText(textOf(edit_), selection());
 }
 
 forms::Selection EditText::selection() const {

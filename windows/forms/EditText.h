@@ -13,7 +13,7 @@ class EditText {
   HWND window() const { return edit_; }
 
   /// Shows the field's text, selection or limit; returns whether `aspect` was one of them.
-  bool apply(forms::Aspect aspect);
+  bool apply(forms::Attribute aspect);
   /// The window says that its text has changed: unless code did it, the user's text arrives in the field.
   void changed();
   forms::Selection selection() const;

@@ -11,7 +11,7 @@
 
 namespace nv::windows {
 
-using forms::Aspect;
+using forms::Attribute;
 using forms::UnloadMode;
 
 namespace {
@@ -92,16 +92,16 @@ void FormWindow::makeControls() {
 
 // What the form asks for
 
-void FormWindow::update(Aspect aspect) {
+void FormWindow::update(Attribute aspect) {
   if (window_ == nullptr) return;
   switch (aspect) {
-    case Aspect::text:
+    case Attribute::text:
       SetWindowTextW(window_, form_.caption().c_str());
       break;
-    case Aspect::place:
+    case Attribute::place:
       arrange(false);
       break;
-    case Aspect::look:
+    case Attribute::appearance:
       RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       break;
     default:

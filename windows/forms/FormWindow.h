@@ -19,7 +19,7 @@ class FormWindow : public forms::FormPeer {
   ~FormWindow() override;
 
   // FormPeer
-  void update(forms::Aspect aspect) override;
+  void update(forms::Attribute aspect) override;
   void show(bool modal) override;
   void runModal() override;
   void close() override;

@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
+#include "forms/Appearance.h"
 #include "forms/Geometry.h"
-#include "forms/Look.h"
 #include "windows/Handles.h"
 
 namespace nv::windows {

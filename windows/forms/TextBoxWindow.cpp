@@ -18,16 +18,16 @@ class TextBoxWindow final : public ControlWindow {
 
   void created() override {
     text_.connect(window(), textBox_);
-    if (textBox_.passwordChar() != 0) apply(forms::Aspect::mask);
+    if (textBox_.passwordChar() != 0) apply(forms::Attribute::mask);
   }
 
   RECT area() const override { return lineArea(); }
 
-  void apply(forms::Aspect aspect) override {
-    if (aspect == forms::Aspect::look) {
+  void apply(forms::Attribute aspect) override {
+    if (aspect == forms::Attribute::appearance) {
       ControlWindow::apply(aspect);
-      ControlWindow::apply(forms::Aspect::place);  // the font decides about the height
-    } else if (aspect == forms::Aspect::mask) {
+      ControlWindow::apply(forms::Attribute::place);  // the font decides about the height
+    } else if (aspect == forms::Attribute::mask) {
       SendMessageW(window(), EM_SETPASSWORDCHAR, textBox_.passwordChar(), 0);
       InvalidateRect(window(), nullptr, TRUE);
     } else if (!text_.apply(aspect)) {

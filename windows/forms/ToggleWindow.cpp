@@ -20,8 +20,8 @@ class ToggleWindow final : public ControlWindow {
 
   void created() override { showMark(); }
 
-  void apply(forms::Aspect aspect) override {
-    if (aspect == forms::Aspect::value) {
+  void apply(forms::Attribute aspect) override {
+    if (aspect == forms::Attribute::value) {
       showMark();
     } else {
       ControlWindow::apply(aspect);

@@ -9,18 +9,18 @@
 #include "forms/Image.h"
 #include "forms/Label.h"
 #include "forms/Toggle.h"
-#include "windows/Surroundings.h"
+#include "windows/Scopes.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
 
 namespace nv::windows {
 
-std::unique_ptr<forms::FormPeer> WindowsWidgetset::realise(forms::Form& form) {
-  const CurrentControls controls;
+std::unique_ptr<forms::FormPeer> WindowsWidgetset::createWindows(forms::Form& form) {
+  const ActivationContextScope controls;
   registerWindowClasses();
   // An embedded form is the host's child, and follows its dpi.
-  std::optional<ScreenDpi> dpi;
+  std::optional<DpiAwarenessScope> dpi;
   if (form.border() == forms::Border::dialog) dpi.emplace();
   return std::make_unique<FormWindow>(form, palette_);
 }

@@ -8,7 +8,7 @@ namespace nv::windows {
 
 class WindowsWidgetset : public forms::Widgetset {
  public:
-  std::unique_ptr<forms::FormPeer> realise(forms::Form& form) override;
+  std::unique_ptr<forms::FormPeer> createWindows(forms::Form& form) override;
   void runPendingEvents() override;
 
   /// Gives the window classes back. To be called when the DLL is unloaded.

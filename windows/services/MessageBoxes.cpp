@@ -1,6 +1,6 @@
 #include "windows/services/MessageBoxes.h"
 
-#include "windows/Surroundings.h"
+#include "windows/Scopes.h"
 #include "windows/ThreadWindows.h"
 
 namespace nv::windows {
@@ -26,7 +26,7 @@ MessageBoxes::Answer MessageBoxes::show(std::wstring_view text, std::wstring_vie
   const UINT modality = blocked == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
   const KeptFocus focus;
   const UINT kind = buttons == Buttons::yesNo ? MB_YESNO : MB_OK;
-  const CurrentControls controls;
+  const ActivationContextScope controls;
   const int answer =
       MessageBoxW(blocked, std::wstring(text).c_str(), std::wstring(caption).c_str(), kind | flagOf(icon) | modality);
   if (buttons == Buttons::ok) return Answer::ok;

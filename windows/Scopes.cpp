@@ -1,4 +1,4 @@
-#include "windows/Surroundings.h"
+#include "windows/Scopes.h"
 
 #include "windows/Handles.h"
 #include "windows/Instance.h"
@@ -43,18 +43,18 @@ HANDLE setScreenAwareness() {
 
 }  // namespace
 
-CurrentControls::CurrentControls() {
+ActivationContextScope::ActivationContextScope() {
   const HANDLE context = ownContext();
   active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != FALSE;
 }
 
-CurrentControls::~CurrentControls() {
+ActivationContextScope::~ActivationContextScope() {
   if (active_) DeactivateActCtx(0, cookie_);
 }
 
-ScreenDpi::ScreenDpi() : before_(setScreenAwareness()) {}
+DpiAwarenessScope::DpiAwarenessScope() : before_(setScreenAwareness()) {}
 
-ScreenDpi::~ScreenDpi() {
+DpiAwarenessScope::~DpiAwarenessScope() {
   if (before_ != nullptr) setAwareness(before_);
 }
 

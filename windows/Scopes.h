@@ -7,12 +7,12 @@
 namespace nv::windows {
 
 /// Controls made meanwhile are those that the DLL's manifest names. Where that is not possible, they are the host's.
-class CurrentControls {
+class ActivationContextScope {
  public:
-  CurrentControls();
-  ~CurrentControls();
-  CurrentControls(const CurrentControls&) = delete;
-  CurrentControls& operator=(const CurrentControls&) = delete;
+  ActivationContextScope();
+  ~ActivationContextScope();
+  ActivationContextScope(const ActivationContextScope&) = delete;
+  ActivationContextScope& operator=(const ActivationContextScope&) = delete;
 
  private:
   bool active_ = false;
@@ -21,12 +21,12 @@ class CurrentControls {
 
 /// Top-level windows made meanwhile know the dpi of their screen, and are told when it changes: Windows 10 1607 and
 /// later. On older systems, and for child windows, it is the host's awareness that counts.
-class ScreenDpi {
+class DpiAwarenessScope {
  public:
-  ScreenDpi();
-  ~ScreenDpi();
-  ScreenDpi(const ScreenDpi&) = delete;
-  ScreenDpi& operator=(const ScreenDpi&) = delete;
+  DpiAwarenessScope();
+  ~DpiAwarenessScope();
+  DpiAwarenessScope(const DpiAwarenessScope&) = delete;
+  DpiAwarenessScope& operator=(const DpiAwarenessScope&) = delete;
 
  private:
   HANDLE before_ = nullptr;
