@@ -92,7 +92,7 @@ Medians mailCheck() {
   const auto form = std::make_shared<frmRandomInfo>(world.component, forms::Border::dialog);
   const std::wstring address = L"accounts.receivable@lakehead-hydro.example";
   std::wstring message;
-  return compare(repeated([&] { form->ValidateEmailAddress(address, message, flagFalse); }), repeated([&] {
+  return compare(repeated([&] { form->ValidateEmailAddress(address, message, false); }), repeated([&] {
                    std::size_t letters = 0;
                    for (const wchar_t c : *opaque(&address)) letters += c >= L'a' && c <= L'z' ? 1 : 0;
                    opaque(letters);

@@ -2,6 +2,7 @@
 
 #include "component/Trace.h"
 #include "dialogs/biller/frmRandomInfo.h"
+#include "platform/Text.h"
 
 namespace nv {
 
@@ -11,16 +12,6 @@ namespace {
 constexpr std::wstring_view postOfficeBoxWords =
     L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
     L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
-
-std::vector<std::wstring> split(std::wstring_view text, wchar_t separator) {
-  std::vector<std::wstring> parts;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t end = std::min(text.find(separator, start), text.size());
-    parts.emplace_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  return parts;
-}
 
 /// Keeps the import flag set while the dialog is shown for an import.
 class Importing {
@@ -42,7 +33,7 @@ ClsRandom::ClsRandom(Component& component, ClsRandomEvents& events) : component_
   store.verifyBusinessNumberFlag = flagFalse;
   store.importFlag = flagFalse;
   store.IPCurrencyList = StringArray({{0, 0}, {0, 0}});
-  store.postOfficeBoxWords = split(postOfficeBoxWords, L'|');
+  store.postOfficeBoxWords = split(postOfficeBoxWords, L"|");
   store.WhatKindOfBiller = L" ";
   store.CurrencyCodeFromMain = L"CAD";
   store.CountryListAll = L"Y";

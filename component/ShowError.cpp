@@ -37,14 +37,14 @@ void attempt(Step&& step) noexcept {
 }  // namespace
 
 void ShowError(Component& component, std::int32_t errNumber, std::wstring_view description, std::wstring_view procName,
-               Flag16 silent, std::wstring_view title) noexcept {
+               bool silent, std::wstring_view title) noexcept {
   attempt([&] {
     if (component.store.PlayByPlayEnabled == flagFalse) return;
     std::wstring label = L"Random - ShowError ";
     label.append(description).append(L"\r\nLastOP=").append(procName);
-    WritePlayByPlay(component, label, flagFalse);
+    WritePlayByPlay(component, label, false);
   });
-  if (silent == flagFalse) attempt([&] { tellUser(component, errNumber, description, procName, title); });
+  if (!silent) attempt([&] { tellUser(component, errNumber, description, procName, title); });
   attempt([&] { log(component, errNumber, description, procName); });
 }
 

@@ -15,7 +15,7 @@ namespace nv {
 /// @param procName name of the procedure that failed, as the user and the log see it.
 /// @param title caption of the message box; blank for the application's title.
 void ShowError(Component& component, std::int32_t errNumber, std::wstring_view description, std::wstring_view procName,
-               Flag16 silent, std::wstring_view title) noexcept;
+               bool silent, std::wstring_view title) noexcept;
 
 /// Runs `body` under a reported trap: a run-time error in it is reported under `procName`, and `atFailure` is the
 /// result.
@@ -25,7 +25,7 @@ Result reportedTrap(Component& component, std::wstring_view procName, Result atF
     return std::forward<Body>(body)();
   } catch (...) {
     const RuntimeError error = RuntimeError::current();
-    ShowError(component, error.number(), error.description(), procName, flagFalse, {});
+    ShowError(component, error.number(), error.description(), procName, false, {});
     return atFailure;
   }
 }

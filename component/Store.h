@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "component/PropertyTypes.h"
@@ -26,8 +27,8 @@ struct Store {
   /// The flag that account checks are called with; false from the creation of an instance on.
   Flag16 verifyBusinessNumberFlag = flagFalse;
 
-  /// How a post-office box begins, in the order in which an address is compared with them.
-  std::vector<std::wstring> postOfficeBoxWords;
+  /// How a post-office box begins, in the order in which an address is compared with them. Views of a constant.
+  std::vector<std::wstring_view> postOfficeBoxWords;
 
   /// The Windows and the system directory, each with a trailing backslash; empty until asked for.
   std::wstring windowsDirectory;

@@ -10,13 +10,13 @@ namespace nv {
 /// Appends one line to the trace file, `gstrInstallRoot` & "\Norvik\PBP.txt" (the doubled separator is meant), unless
 /// the trace is off or the installation root is not known. The file is opened and closed for every line. Never fails.
 /// @param newFile empties the file first; every caller passes false.
-void WritePlayByPlay(Component& component, std::wstring_view label, Flag16 newFile) noexcept;
+void WritePlayByPlay(Component& component, std::wstring_view label, bool newFile) noexcept;
 
 /// What every procedure does first. While the trace is off it is a comparison, in the procedure itself even where the
 /// compiler saves space: nobody asks how long the label is.
 /// @param label "<Object> - <Procedure>", a constant of the procedure.
 [[gnu::always_inline]] inline void trace(Component& component, const wchar_t* label) noexcept {
-  if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, flagFalse);
+  if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, false);
 }
 
 /// A procedure of a family: its object and its own name, which make up its label.
@@ -27,7 +27,7 @@ struct Procedure {
 };
 
 inline void trace(Component& component, const Procedure& procedure) {
-  if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, procedure.label(), flagFalse);
+  if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, procedure.label(), false);
 }
 
 }  // namespace nv

@@ -2,8 +2,11 @@
 
 #include <new>
 #include <stdexcept>
+#include <type_traits>
 
 namespace nv {
+
+static_assert(std::is_nothrow_copy_constructible_v<RuntimeError>, "so that \"Out of memory\" can be reported");
 
 std::wstring_view RuntimeError::description() const noexcept {
   if (own_) return *own_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,13 +29,16 @@ enum class ErrorNumber : std::int32_t {
 
 /// A run-time error. Automation failures that have no classic number keep their HRESULT (a negative number) and bring
 /// their own description. Building one with a classic number allocates nothing, so it can report that memory ran out.
-class RuntimeError {
+class RuntimeError : public std::exception {
  public:
   explicit RuntimeError(ErrorNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}
   RuntimeError(std::int32_t number, std::wstring description)
       : number_(number), own_(std::make_shared<const std::wstring>(std::move(description))) {}
 
   std::int32_t number() const noexcept { return number_; }
+
+  /// For debuggers; users see `description`.
+  const char* what() const noexcept override { return "nv::RuntimeError"; }
 
   /// The error's own text, else the standard text of its number.
   std::wstring_view description() const noexcept;

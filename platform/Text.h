@@ -2,12 +2,18 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 namespace nv {
 
 /// Upper case of the letters a to z; every other character as it is.
 constexpr wchar_t asciiUpper(wchar_t c) {
   return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+}
+
+/// Whether the character is one of the letters A to Z.
+constexpr bool isCapital(wchar_t c) {
+  return c >= L'A' && c <= L'Z';
 }
 
 /// Whether the character is one of the digits 0 to 9.
@@ -21,5 +27,9 @@ constexpr std::wstring_view trimmed(std::wstring_view text) {
   if (first == std::wstring_view::npos) return {};
   return text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
+
+/// The parts of a text between separators, empty ones included. Views of `text`.
+/// @param separators each of these characters separates.
+std::vector<std::wstring_view> split(std::wstring_view text, std::wstring_view separators);
 
 }  // namespace nv

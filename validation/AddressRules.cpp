@@ -1,10 +1,10 @@
-// The address rules of module Random.
+#include "validation/AddressRules.h"
+
 #include <algorithm>
 
 #include "component/ShowError.h"
 #include "component/Trace.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
 
 namespace nv::Random {
 
@@ -29,23 +29,23 @@ std::wstring withSingleBlanks(std::wstring_view text) {
 
 }  // namespace
 
-Flag16 lookupProvince(Component& component, std::wstring_view province) {
+bool lookupProvince(Component& component, std::wstring_view province) {
   trace(component, L"Random - lookupProvince");
-  return flag(hasUnit(component.store.Provpostalstr, 2, province));
+  return hasUnit(component.store.Provpostalstr, 2, province);
 }
 
-Flag16 LookupPostcode(Component& component, std::wstring_view code) {
+bool LookupPostcode(Component& component, std::wstring_view code) {
   trace(component, L"Random - LookupPostcode");
   constexpr std::wstring_view neverFirst = L"DFIOQ";
-  if (!code.empty() && neverFirst.find(code.back()) != std::wstring_view::npos) return flagFalse;
-  return flag(hasUnit(component.store.Provpostalstr, 3, code));
+  if (!code.empty() && neverFirst.find(code.back()) != std::wstring_view::npos) return false;
+  return hasUnit(component.store.Provpostalstr, 3, code);
 }
 
 std::int16_t Has_PO_Box_Address(Component& component, std::wstring_view street) {
   trace(component, L"Random - Has_PO_Box_Address");
   return reportedTrap<std::int16_t>(component, L"Random.Has_PO_Box_Address", 0, [&]() -> std::int16_t {
     const std::wstring address = withSingleBlanks(component.services.machine.upperCase(trimmed(street)));
-    const bool box = std::ranges::any_of(component.store.postOfficeBoxWords, [&address](const std::wstring& word) {
+    const bool box = std::ranges::any_of(component.store.postOfficeBoxWords, [&address](std::wstring_view word) {
       return address.starts_with(std::wstring(trimmed(word)) + L' ');
     });
     return box ? 1 : 0;

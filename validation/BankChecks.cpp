@@ -1,4 +1,5 @@
-// The bank checks of module Random: what is decided here, and what the account verifier is asked.
+#include "validation/BankChecks.h"
+
 #include <algorithm>
 
 #include "component/ShowError.h"
@@ -6,7 +7,7 @@
 #include "platform/HostInstallation.h"
 #include "platform/Pattern.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/TextHelpers.h"
 
 namespace nv::Random {
 
@@ -14,10 +15,6 @@ namespace {
 
 using platform::AccountVerifier;
 using platform::MessageBoxes;
-
-bool isCapital(wchar_t c) {
-  return c >= L'A' && c <= L'Z';
-}
 
 /// The installation's root without its backslash; empty when it is not known.
 std::wstring dataPath(const Store& store) {
@@ -141,7 +138,7 @@ std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId,
   });
 }
 
-Flag16 ValidateABANumber(Component& component, std::wstring_view routingNumber) {
+bool ValidateABANumber(Component& component, std::wstring_view routingNumber) {
   trace(component, L"Random - ValidateABANumber");
   constexpr std::size_t digits = 9;
   if (component.store.WhatKindOfBiller != L" ") {
@@ -149,16 +146,16 @@ Flag16 ValidateABANumber(Component& component, std::wstring_view routingNumber) 
         L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
         L"72)\\b");
     const std::wstring prefix(routingNumber.substr(0, 2));
-    if (trimmed(prefix).size() < 2 || !std::regex_search(prefix, assignedPrefix)) return flagFalse;
+    if (trimmed(prefix).size() < 2 || !std::regex_search(prefix, assignedPrefix)) return false;
   }
   const std::wstring_view number = trimmed(routingNumber);
-  if (number.size() != digits) return flagFalse;
+  if (number.size() != digits) return false;
   constexpr int weights[] = {3, 7, 1};
   int sum = 0;
   for (std::size_t i = 0; i < digits; ++i) {
     if (isDigit(number[i])) sum += weights[i % std::size(weights)] * (number[i] - L'0');
   }
-  return flag(sum % 10 == 0);
+  return sum % 10 == 0;
 }
 
 }  // namespace nv::Random

@@ -1,10 +1,11 @@
-// The business number check of module Random.
+#include "validation/BusinessNumber.h"
+
 #include <algorithm>
 
 #include "component/ShowError.h"
 #include "component/Trace.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/BankChecks.h"
 
 namespace nv::Random {
 
@@ -38,21 +39,21 @@ constexpr std::wstring_view placeholderNumbers[] = {L"12345678", L"11111111", L"
 
 }  // namespace
 
-Flag16 VerifyBusinessNumber(Component& component, std::wstring_view businessNumber) {
+bool VerifyBusinessNumber(Component& component, std::wstring_view businessNumber) {
   trace(component, L"Random - VerifyBusinessNumber");
-  return reportedTrap(component, L"Random.VerifyBusinessNumber", flagFalse, [&] {
+  return reportedTrap(component, L"Random.VerifyBusinessNumber", false, [&] {
     constexpr std::size_t length = 9;
-    if (trimmed(businessNumber).size() < length) return flagFalse;
+    if (trimmed(businessNumber).size() < length) return false;
     const std::wstring_view number = businessNumber.substr(0, length);
-    if (!isNumeric(number)) return flagFalse;
+    if (!isNumeric(number)) return false;
     if (std::ranges::find(placeholderNumbers, number.substr(0, length - 1)) != std::end(placeholderNumbers))
-      return flagFalse;
+      return false;
 
     // The verifier knows business numbers as accounts of an institution of their own.
     std::wstring ignoredMessage;
     const std::int16_t result = VerifyAccount(component, L"001003", std::wstring(number) + L"RT0001", ignoredMessage, 0,
                                               component.store.verifyBusinessNumberFlag != flagFalse);
-    return flag(result != 0);
+    return result != 0;
   });
 }
 

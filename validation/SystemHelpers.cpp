@@ -1,7 +1,7 @@
-// The helpers of module Random that ask the machine: files, directories, the list completion and the browser.
+#include "validation/SystemHelpers.h"
+
 #include "component/ShowError.h"
 #include "component/Trace.h"
-#include "validation/Random.h"
 
 namespace nv::Random {
 
@@ -14,13 +14,13 @@ std::wstring withBackslash(std::wstring directory) {
 
 }  // namespace
 
-Flag16 Fileexists(Component& component, const std::wstring& path) {
+bool Fileexists(Component& component, const std::wstring& path) {
   trace(component, L"Random - Fileexists");
   try {
     component.services.files.length(path);
-    return flagTrue;
+    return true;
   } catch (...) {
-    return flagFalse;
+    return false;
   }
 }
 
@@ -28,20 +28,6 @@ void Get_Windows_Dir(Component& component) {
   trace(component, L"Random - Get_Windows_Dir");
   component.store.windowsDirectory = withBackslash(component.services.machine.windowsDirectory());
   component.store.systemDirectory = withBackslash(component.services.machine.systemDirectory());
-}
-
-void ComboBoxAutoComplete(Component& component, forms::ComboBox& comboBox) {
-  trace(component, L"Random - ComboBoxAutoComplete");
-  platform::Machine& machine = component.services.machine;
-  const std::wstring typed = machine.lowerCase(comboBox.text());
-  for (int index = 0; index < comboBox.listCount(); ++index) {
-    const std::wstring entry = comboBox.entries()[static_cast<std::size_t>(index)];
-    if (machine.lowerCase(entry.substr(0, typed.size())) != typed) continue;
-    comboBox.setText(entry);
-    comboBox.setListIndex(index);
-    comboBox.select(static_cast<int>(typed.size()), static_cast<int>(entry.size()));
-    return;
-  }
 }
 
 void OpenBrowser(Component& component, std::wstring_view address) {

@@ -1,8 +1,8 @@
-// The text helpers of module Random.
+#include "validation/TextHelpers.h"
+
 #include <algorithm>
 
 #include "component/Trace.h"
-#include "validation/Random.h"
 
 namespace nv::Random {
 
@@ -29,10 +29,10 @@ std::wstring PadRight(Component& component, std::wstring_view text, int length) 
   return padded;
 }
 
-Flag16 IsAlpha(Component& component, std::wstring_view text) {
+bool IsAlpha(Component& component, std::wstring_view text) {
   trace(component, L"Random - IsAlpha");
   const std::wstring upper = component.services.machine.upperCase(text);
-  return flag(std::ranges::any_of(upper, [](wchar_t c) { return c >= 65 && c <= 90; }));
+  return std::ranges::any_of(upper, [](wchar_t c) { return c >= 65 && c <= 90; });
 }
 
 }  // namespace nv::Random

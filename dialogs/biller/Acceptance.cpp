@@ -10,7 +10,10 @@
 #include "dialogs/support/Messages.h"
 #include "platform/HostInstallation.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/AddressRules.h"
+#include "validation/BankChecks.h"
+#include "validation/BusinessNumber.h"
+#include "validation/TextHelpers.h"
 
 namespace nv {
 
@@ -140,7 +143,7 @@ class frmRandomInfo::Acceptance {
     }
     if (province.text().size() != 2) return stopAt(province);
     const bool known = form_.inCanada()
-                           ? Random::lookupProvince(component(), province.text()) != flagFalse
+                           ? Random::lookupProvince(component(), province.text())
                            : std::ranges::find(unitedStatesCodes(), province.text()) != unitedStatesCodes().end();
     return !known && stopAt(province);
   }
@@ -152,7 +155,7 @@ class frmRandomInfo::Acceptance {
     bool valid = postal.text().size() <= 9;
     if (form_.inCanada()) {
       valid = valid && hasForm(code, L"A0A0A0") &&
-              Random::LookupPostcode(component(), form_.ran_payee_prov.text() + code.front()) != flagFalse;
+              Random::LookupPostcode(component(), form_.ran_payee_prov.text() + code.front());
     } else if (form_.inUnitedStates()) {
       valid = valid && (hasForm(code, L"000000000") || hasForm(code, L"00000"));
     }
@@ -229,7 +232,7 @@ class frmRandomInfo::Acceptance {
     mail.setText(std::wstring(textOf(mail)));
     if (mail.text().empty()) return false;
     std::wstring refusal;
-    form_.ValidateEmailAddress(mail.text(), refusal, flagFalse);
+    form_.ValidateEmailAddress(mail.text(), refusal, false);
     if (refusal.empty() && mail.text().size() <= 50) return false;
     tell(refusal, mailCaption);
     return stopSelected(mail);
@@ -275,7 +278,7 @@ class frmRandomInfo::Acceptance {
     if (!hasBusinessNumber() || !form_.txtBusinessNum.enabled()) return false;
     TextBox& number = form_.txtBusinessNum;
     if (empty(number) || onlyZeros(textOf(number))) return stopAt(number);
-    return Random::VerifyBusinessNumber(component(), number.text()) == flagFalse && stopAt(number);
+    return !Random::VerifyBusinessNumber(component(), number.text()) && stopAt(number);
   }
 
   bool bankId() {
@@ -332,7 +335,7 @@ class frmRandomInfo::Acceptance {
     for (TextBox* number : {&routing, &account}) {
       if (onlyZeros(number->text())) return stopSelected(*number);
     }
-    if (Random::ValidateABANumber(component(), routing.text()) == flagFalse) return stopSelected(routing);
+    if (!Random::ValidateABANumber(component(), routing.text())) return stopSelected(routing);
     TextBox& confirmation = form_.txtConfirmBankAccountNumber;
     if (confirmation.text().empty()) {
       form_.lblBankInfoConfirm.setVisible(true);
@@ -566,7 +569,7 @@ class frmRandomInfo::Acceptance {
     const std::wstring_view text = textOf(field);
     if (text.empty()) return stopEmpty(field);
     if (field.text().size() > limit) return stopSelected(field);
-    if (Random::IsAlpha(component(), text) != flagFalse && text.size() >= 2) return false;
+    if (Random::IsAlpha(component(), text) && text.size() >= 2) return false;
     return stopWith(message, field);
   }
 

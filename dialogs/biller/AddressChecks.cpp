@@ -19,51 +19,51 @@ bool matches(std::wstring_view text, const Pattern& pattern) {
 
 }  // namespace
 
-Flag16 frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstring& message, Flag16 allowEmpty) {
+bool frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstring& message, bool allowEmpty) {
   trace(component(), L"RandomInfo - ValidateEmailAddress");
   constexpr std::size_t shortest = 5;
   const std::wstring_view given = trimmed(address);
   if (given.size() < shortest) {
-    if (given.empty() && allowEmpty != flagFalse) return flagTrue;
+    if (given.empty() && allowEmpty) return true;
     message = L"Please enter a complete e-mail address with the form 'name@example.com'.";
-    return flagFalse;
+    return false;
   }
   static const Pattern pattern(
       L"^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\\.)+"
       L"[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$",
       std::regex::ECMAScript | std::regex::icase);
-  if (matches(address, pattern)) return flagTrue;
+  if (matches(address, pattern)) return true;
   message = L"Please enter a valid e-mail address with the form 'name@example.com'.";
-  return flagFalse;
+  return false;
 }
 
-Flag16 frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& message) {
+bool frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& message) {
   trace(component(), L"RandomInfo - ValidateWebsite");
   static const Pattern pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
-  if (matches(site, pattern)) return flagTrue;
+  if (matches(site, pattern)) return true;
   message = L"Please enter a valid website with the form\r\n'www.example.com'.";
-  return flagFalse;
+  return false;
 }
 
-Flag16 frmRandomInfo::IsEmailValid(std::wstring_view address) {
+bool frmRandomInfo::IsEmailValid(std::wstring_view address) {
   trace(component(), L"RandomInfo - IsEmailValid");
   constexpr std::wstring_view allowed = L"abcdefghijklmnopqrstuvwxyz_-.";
   const std::wstring lower = component().services.machine.lowerCase(address);
   const std::wstring_view whole = lower;
 
   const auto at = whole.find(L'@');
-  if (at == std::wstring_view::npos || whole.find(L'@', at + 1) != std::wstring_view::npos) return flagFalse;
+  if (at == std::wstring_view::npos || whole.find(L'@', at + 1) != std::wstring_view::npos) return false;
   const std::wstring_view domain = whole.substr(at + 1);
   for (const std::wstring_view part : {whole.substr(0, at), domain}) {
-    if (part.empty() || part.front() == L'.' || part.back() == L'.') return flagFalse;
+    if (part.empty() || part.front() == L'.' || part.back() == L'.') return false;
     if (!std::ranges::all_of(part, [allowed](wchar_t c) { return allowed.find(c) != allowed.npos || isDigit(c); })) {
-      return flagFalse;
+      return false;
     }
   }
   const auto lastDot = domain.rfind(L'.');
-  if (lastDot == std::wstring_view::npos) return flagFalse;
+  if (lastDot == std::wstring_view::npos) return false;
   const std::size_t topLevel = domain.size() - lastDot - 1;
-  return flag(topLevel >= 2 && topLevel <= 4 && whole.find(L"..") == std::wstring_view::npos);
+  return topLevel >= 2 && topLevel <= 4 && whole.find(L"..") == std::wstring_view::npos;
 }
 
 }  // namespace nv

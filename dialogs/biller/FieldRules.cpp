@@ -7,7 +7,9 @@
 #include "dialogs/biller/frmRandomInfo.h"
 #include "dialogs/support/PasteGuard.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/AddressRules.h"
+#include "validation/BusinessNumber.h"
+#include "validation/TextHelpers.h"
 
 namespace nv {
 
@@ -19,10 +21,6 @@ namespace {
 
 constexpr wchar_t pasteKey = 22;  // Control+V as a character
 constexpr wchar_t doubleQuote = L'"';
-
-bool isCapital(wchar_t c) {
-  return c >= L'A' && c <= L'Z';
-}
 
 /// What a field makes of a key: the character to go on with, or 0.
 enum class Keys {
@@ -217,7 +215,7 @@ void frmRandomInfo::changed(const TextField& field) {
 /// A province that the host's text knows is the list's choice, too.
 void frmRandomInfo::chooseKnownProvince() {
   const std::wstring& province = ran_payee_prov.text();
-  if (province.size() != 2 || Random::lookupProvince(component(), province) == flagFalse) return;
+  if (province.size() != 2 || !Random::lookupProvince(component(), province)) return;
   const std::vector<std::wstring>& entries = ran_payee_prov.entries();
   const auto found = std::ranges::find(entries, province);
   if (found != entries.end()) ran_payee_prov.setListIndex(static_cast<int>(found - entries.begin()));
@@ -320,7 +318,7 @@ void frmRandomInfo::txtBusinessNum_LostFocus() {
   if (receiver == &cmd_cancel || receiver == &chkBNNotAvailable || receiver == &optCIndividual) return;
   if (txtBusinessNum.text().empty()) return;
   const Busy busy(*this);
-  if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text()) != flagFalse) return;
+  if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text())) return;
   txtBusinessNum.selectAll();
   txtBusinessNum.setFocus();
 }

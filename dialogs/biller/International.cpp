@@ -155,7 +155,7 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
   bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
   if (readOnly_) bank->showReadOnly();
   bank->showModal();
-  if (bank->OKClicked() != flagFalse && loaded()) storeForeignBank(bank->details());
+  if (bank->OKClicked() && loaded()) storeForeignBank(bank->details());
 }
 
 void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {

@@ -7,7 +7,7 @@
 #include "dialogs/biller/frmRandomInfo.h"
 #include "platform/HostInstallation.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/SystemHelpers.h"
 
 namespace nv {
 
@@ -119,12 +119,9 @@ forms::RowTable currencyRows(const StringArray& offered) {
 
 std::vector<std::wstring> countryCodes(std::wstring_view list) {
   std::vector<std::wstring> codes;
-  while (!list.empty()) {
-    const std::size_t end = std::min(list.find_first_of(L",;| "), list.size());
-    std::wstring code(list.substr(0, end));
-    std::ranges::transform(code, code.begin(), asciiUpper);
-    if (!code.empty()) codes.push_back(std::move(code));
-    list.remove_prefix(std::min(end + 1, list.size()));
+  for (const std::wstring_view part : split(list, L",;| ")) {
+    if (part.empty()) continue;
+    std::ranges::transform(part, std::back_inserter(codes.emplace_back()), asciiUpper);
   }
   return codes;
 }
@@ -152,7 +149,7 @@ void frmRandomInfo::LoadCountries() {
   if (!file.empty() && file.back() != L'\\') file += L'\\';
   file += L"FXCountries";
   std::wstring text;
-  if (Random::Fileexists(component(), file) == flagFalse) {
+  if (!Random::Fileexists(component(), file)) {
     message(L"The list of countries cannot be loaded, the country file is missing.");
   } else {
     text = deciphered(file);
@@ -172,10 +169,10 @@ std::wstring frmRandomInfo::deciphered(const std::wstring& file) {
   const std::wstring copy = file + L".dec";
   platform::Files& files = component().services.files;
   const RemovedFile removed(files, copy);
-  if (Random::Fileexists(component(), copy) != flagFalse) return {};  // somebody holds an old one
+  if (Random::Fileexists(component(), copy)) return {};  // somebody holds an old one
   try {
     component().services.installation.decipherFile(store().DLLPath, file, copy);
-    return Random::Fileexists(component(), copy) != flagFalse ? files.read(copy) : std::wstring();
+    return Random::Fileexists(component(), copy) ? files.read(copy) : std::wstring();
   } catch (const RuntimeError&) {
     return {};
   }

@@ -7,7 +7,7 @@
 #include "dialogs/biller/frmRandomInfo.h"
 #include "dialogs/support/modFormController.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/SystemHelpers.h"
 
 namespace nv {
 

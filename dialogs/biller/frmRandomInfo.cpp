@@ -3,7 +3,7 @@
 #include "dialogs/biller/Texts.h"
 #include "dialogs/support/frmCheque.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/SystemHelpers.h"
 
 namespace nv {
 

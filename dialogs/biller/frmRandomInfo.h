@@ -36,10 +36,10 @@ class frmRandomInfo : public ComponentForm {
   // failure of the pattern matching is the caller's.
 
   /// @param allowEmpty accept an empty address.
-  Flag16 ValidateEmailAddress(std::wstring_view address, std::wstring& message, Flag16 allowEmpty);
-  Flag16 ValidateWebsite(std::wstring_view site, std::wstring& message);
+  bool ValidateEmailAddress(std::wstring_view address, std::wstring& message, bool allowEmpty);
+  bool ValidateWebsite(std::wstring_view site, std::wstring& message);
   /// Judges an e-mail address character by character.
-  Flag16 IsEmailValid(std::wstring_view address);
+  bool IsEmailValid(std::wstring_view address);
 
   /// For viewing only: nothing can be edited, and OK becomes a way to close. To be called once loaded.
   void showReadOnly();

@@ -2,7 +2,8 @@
 #include "dialogs/fxbank/frmFXBankInfo.h"
 #include "dialogs/support/Messages.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/AddressRules.h"
+#include "validation/BankChecks.h"
 
 namespace nv {
 
@@ -65,7 +66,7 @@ bool frmFXBankInfo::refusesInternational() {
 bool frmFXBankInfo::refusesUnitedStates() {
   if (txtUSABA.text().empty() || txtUSBankAccount.text().empty()) {
     tell(L"You must enter both an ABA Routing # and an Account #.", L"Bank Account Number Validation");
-  } else if (Random::ValidateABANumber(component(), txtUSABA.text()) == flagFalse) {
+  } else if (!Random::ValidateABANumber(component(), txtUSABA.text())) {
     tell(
         L"The ABA Routing # that you have entered is not valid. Please make sure you enter a valid 9 digit ABA Routing "
         L"#.",

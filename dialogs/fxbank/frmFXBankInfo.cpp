@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "dialogs/support/ComboBoxAutoComplete.h"
 #include "dialogs/support/CountryColumn.h"
 #include "dialogs/support/Grid.h"
 #include "dialogs/support/PasteGuard.h"
 #include "dialogs/support/modFormController.h"
 #include "platform/Text.h"
-#include "validation/Random.h"
+#include "validation/TextHelpers.h"
 
 namespace nv {
 
@@ -23,10 +24,6 @@ constexpr int swiftLength = 11;
 constexpr int accountLength = 34;
 constexpr int routingLength = 9;
 constexpr int usAccountLength = 17;
-
-bool isCapital(wchar_t c) {
-  return c >= L'A' && c <= L'Z';
-}
 
 }  // namespace
 
@@ -308,9 +305,9 @@ void frmFXBankInfo::cmd_cancel_Click() {
   unload();
 }
 
-Flag16 frmFXBankInfo::OKClicked() {
+bool frmFXBankInfo::OKClicked() {
   trace(component(), L"frmFXBankInfo - OKClicked");
-  return flag(accepted_);
+  return accepted_;
 }
 
 }  // namespace nv

@@ -41,7 +41,7 @@ class frmFXBankInfo : public ComponentForm {
   void showReadOnly();
 
   /// Whether OK has accepted the details.
-  Flag16 OKClicked();
+  bool OKClicked();
 
  private:
   // The controls, in tab order.

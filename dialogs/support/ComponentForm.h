@@ -34,7 +34,7 @@ class ComponentForm : public forms::Form {
   }
 
   void failed(const RuntimeError& error) noexcept override {
-    ShowError(component_, error.number(), error.description(), name(), flagFalse, {});
+    ShowError(component_, error.number(), error.description(), name(), false, {});
   }
 
   /// A message box captioned with the form's own caption.
@@ -53,7 +53,7 @@ class ComponentForm : public forms::Form {
       label = procedure.label();
     } catch (...) {  // NOLINT(bugprone-empty-catch): without memory for its name the procedure is reported without
     }
-    ShowError(component_, error.number(), error.description(), label, flagFalse, {});
+    ShowError(component_, error.number(), error.description(), label, false, {});
   }
 
   Component& component_;

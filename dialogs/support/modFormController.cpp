@@ -4,7 +4,7 @@
 #include "component/Trace.h"
 #include "forms/Button.h"
 #include "forms/Label.h"
-#include "validation/Random.h"
+#include "validation/SystemHelpers.h"
 
 namespace nv::modFormController {
 
@@ -88,10 +88,10 @@ std::wstring installSystemFont(Component& component, const std::wstring& name) {
   trace(component, L"modFormController - installSystemFont");
   const std::wstring file = name == L"Segoe UI" ? L"segoeui.ttf" : L"MS Sans Serif.ttf";
   const std::wstring target = component.store.windowsDirectory + L"fonts\\" + file;
-  if (Random::Fileexists(component, target) != flagFalse) return name;
+  if (Random::Fileexists(component, target)) return name;
 
   const std::wstring source = component.store.gstrInstallRoot() + L"\\Resources\\" + file;
-  if (Random::Fileexists(component, source) == flagFalse) return standardFont;
+  if (!Random::Fileexists(component, source)) return standardFont;
   try {
     component.services.files.copy(source, target);
   } catch (const RuntimeError&) {

@@ -25,7 +25,7 @@ TEST_F(ReportTest, TheTraceIsOneLineForEachEntry) {
   EXPECT_EQ(files.written().back(), L"C:\\Apps\\\\Norvik\\PBP.txt") << "the doubled separator is meant";
   EXPECT_EQ(files.written().size(), 2U);
 
-  WritePlayByPlay(component, L"anew", flagTrue);
+  WritePlayByPlay(component, L"anew", true);
   EXPECT_EQ(files.text(traceFile), traceLine + L"anew\r\n");
 }
 
@@ -41,7 +41,7 @@ TEST_F(ReportTest, NoTraceIsWrittenUntilItIsOnAndTheRootKnown) {
     SCOPED_TRACE(testing::Message() << c.enabled << " " << c.dllPath.data());
     component.store.PlayByPlayEnabled = c.enabled;
     component.store.DLLPath = c.dllPath;
-    WritePlayByPlay(component, L"label", flagFalse);
+    WritePlayByPlay(component, L"label", false);
     EXPECT_EQ(files.written().size(), c.written);
   }
 }
@@ -49,21 +49,21 @@ TEST_F(ReportTest, NoTraceIsWrittenUntilItIsOnAndTheRootKnown) {
 TEST_F(ReportTest, AnErrorIsTracedShownAndLogged) {
   startTrace();
   messages.expect(errorBox);
-  ShowError(component, 5, L"D", L"P", flagFalse, L"");
+  ShowError(component, 5, L"D", L"P", false, L"");
   EXPECT_EQ(files.text(traceFile), traceLine + L"Random - ShowError D\r\nLastOP=P\r\n");
   EXPECT_EQ(files.text(errorLog), logLine);
 
   struct Case {
-    Flag16 silent;
+    bool silent;
     std::wstring title;
     std::wstring caption;
   };
   for (const Case& c :
-       {Case{0, L"  ", L"NVRandom"}, Case{0, L" Title ", L" Title "}, Case{-1, L"Title", L""}, Case{1, L"", L""}}) {
+       {Case{false, L"  ", L"NVRandom"}, Case{false, L" Title ", L" Title "}, Case{true, L"Title", L""}}) {
     SCOPED_TRACE(c.title);
     ExpectedBox box = errorBox;
     box.caption = c.caption;
-    if (c.silent == flagFalse) messages.expect(box);
+    if (!c.silent) messages.expect(box);
     files.put(errorLog, {});
     ShowError(component, 5, L"D", L"P", c.silent, c.title);
     EXPECT_EQ(files.text(errorLog), logLine);
@@ -72,7 +72,7 @@ TEST_F(ReportTest, AnErrorIsTracedShownAndLogged) {
 
 TEST_F(ReportTest, TheLogIsWrittenAsItComes) {
   files.put(L"error.log", L"before\r\n");
-  ShowError(component, -2147467259, L"say \"no\", twice", L"Random.ValidateBankId", flagTrue, L"");
+  ShowError(component, -2147467259, L"say \"no\", twice", L"Random.ValidateBankId", true, L"");
   EXPECT_EQ(
       files.text(L"error.log"),
       L"before\r\n15/11/2026 1:58:04 PM,NVRandom, , ,-2147467259,\"say \"no\", twice\",\"Random.ValidateBankId\"\r\n")
@@ -103,7 +103,7 @@ TEST_F(ReportTest, NoFailureOfTheReporterReachesAnybody) {
     ExpectedBox box = errorBox;
     c.arrange(box);
     messages.expect(box);
-    ShowError(component, 5, L"D", L"P", flagFalse, L"");
+    ShowError(component, 5, L"D", L"P", false, L"");
     EXPECT_EQ(!files.text(traceFile).empty(), c.traced);
     EXPECT_EQ(files.text(errorLog), c.logged ? logLine : L"");
   }

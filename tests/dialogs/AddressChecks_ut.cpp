@@ -50,57 +50,56 @@ TEST_F(AddressChecksTest, EmailAddresses) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.address.substr(0, 40));
     std::wstring message = L"untouched";
-    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, flagFalse), flag(c.message.empty()));
+    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, false), c.message.empty());
     EXPECT_EQ(message, c.message.empty() ? L"untouched" : c.message);
   }
   std::wstring message = L"untouched";
-  EXPECT_EQ(form->ValidateEmailAddress(L"", message, flagTrue), flagTrue);
-  EXPECT_EQ(form->ValidateEmailAddress(L"   ", message, flagTrue), flagTrue);
+  EXPECT_TRUE(form->ValidateEmailAddress(L"", message, true));
+  EXPECT_TRUE(form->ValidateEmailAddress(L"   ", message, true));
   EXPECT_EQ(message, L"untouched");
-  EXPECT_EQ(form->ValidateEmailAddress(L"abc", message, flagTrue), flagFalse);
+  EXPECT_FALSE(form->ValidateEmailAddress(L"abc", message, true));
   EXPECT_EQ(message, complete);
 }
 
 TEST_F(AddressChecksTest, WebSites) {
   struct Case {
     std::wstring site;
-    Flag16 accepted;
+    bool accepted;
   };
   const Case cases[] = {
-      {L"www.example.com", -1},
-      {L"WWW.EXAMPLE.COM", -1},
-      {L"abc.", -1},
-      {L"a.", -1},
-      {L"x y.z", -1},
-      {L"..", -1},
-      {L"www.", -1},
-      {L"abc", 0},
-      {L".abc", 0},
-      {L".", 0},
-      {L"", 0},
-      {std::wstring(1000000, L'a') + L".", 0},
+      {L"www.example.com", true},
+      {L"WWW.EXAMPLE.COM", true},
+      {L"abc.", true},
+      {L"a.", true},
+      {L"x y.z", true},
+      {L"..", true},
+      {L"www.", true},
+      {L"abc", false},
+      {L".abc", false},
+      {L".", false},
+      {L"", false},
+      {std::wstring(1000000, L'a') + L".", false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.site.substr(0, 40));
     std::wstring message = L"untouched";
     EXPECT_EQ(form->ValidateWebsite(c.site, message), c.accepted);
-    EXPECT_EQ(message,
-              c.accepted != 0 ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
+    EXPECT_EQ(message, c.accepted ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
   }
 }
 
 TEST_F(AddressChecksTest, IsEmailValidJudgesCharacterByCharacter) {
   struct Case {
     const wchar_t* address;
-    Flag16 valid;
+    bool valid;
   };
   const Case cases[] = {
-      {L"a@b.ca", -1},     {L"A_1-x.y@B.COM", -1}, {L"a@b.info", -1}, {L"1@2.34", -1},
-      {L"a@b.c", 0},       {L"a@b.museum", 0},     {L"a@b.", 0},      {L"a@b", 0},
-      {L"ab.ca", 0},       {L"a@b@c.ca", 0},       {L"@b.ca", 0},     {L"a@", 0},
-      {L".a@b.ca", 0},     {L"a.@b.ca", 0},        {L"a@.b.ca", 0},   {L"a..b@c.ca", 0},
-      {L"a@b..ca", 0},     {L"a+b@c.ca", 0},       {L"a b@c.ca", 0},  {L"", 0},
-      {L"\u00e9@b.ca", 0},
+      {L"a@b.ca", true},       {L"A_1-x.y@B.COM", true}, {L"a@b.info", true},  {L"1@2.34", true},
+      {L"a@b.c", false},       {L"a@b.museum", false},   {L"a@b.", false},     {L"a@b", false},
+      {L"ab.ca", false},       {L"a@b@c.ca", false},     {L"@b.ca", false},    {L"a@", false},
+      {L".a@b.ca", false},     {L"a.@b.ca", false},      {L"a@.b.ca", false},  {L"a..b@c.ca", false},
+      {L"a@b..ca", false},     {L"a+b@c.ca", false},     {L"a b@c.ca", false}, {L"", false},
+      {L"\u00e9@b.ca", false},
   };
   for (const Case& c : cases) EXPECT_EQ(form->IsEmailValid(c.address), c.valid) << c.address;
 }
@@ -108,7 +107,7 @@ TEST_F(AddressChecksTest, IsEmailValidJudgesCharacterByCharacter) {
 TEST_F(AddressChecksTest, EachIsTraced) {
   startTrace();
   std::wstring message;
-  form->ValidateEmailAddress(L"a@b.ca", message, flagFalse);
+  form->ValidateEmailAddress(L"a@b.ca", message, false);
   form->ValidateWebsite(L"www.b.ca", message);
   form->IsEmailValid(L"a@b.ca");
   EXPECT_EQ(traced(), (Texts{L"RandomInfo - ValidateEmailAddress", L"RandomInfo - ValidateWebsite",

@@ -69,7 +69,7 @@ class ForeignBankTest : public ComponentTest {
     });
     form->showModal();
     details = form->details();
-    return form->OKClicked() != flagFalse;
+    return form->OKClicked();
   }
 
   static void put(User& user, std::wstring_view field, const std::wstring& text) {

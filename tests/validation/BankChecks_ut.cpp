@@ -2,7 +2,8 @@
 #include <optional>
 
 #include "tests/support/ComponentTest.h"
-#include "validation/Random.h"
+#include "validation/BankChecks.h"
+#include "validation/BusinessNumber.h"
 
 namespace nv::test {
 namespace {
@@ -202,17 +203,17 @@ constexpr const wchar_t* assigned[] = {L"021000021", L"011401533", L"091000019",
 TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
   struct Case {
     const wchar_t* number;
-    Flag16 domestic;
-    Flag16 unitedStates;
+    bool domestic;
+    bool unitedStates;
   };
   const Case cases[] = {
-      {L"021000021", -1, -1}, {L"131000021", -1, 0},  // 13 is no prefix, though the checksum passes
-      {L"021000022", 0, 0},   {L"02100002", 0, 0},
-      {L"0210000210", 0, 0},  {L"", 0, 0},
-      {L" 021000021", -1, 0}, {L"021000021 ", -1, -1},  // the prefix is looked for before trimming
-      {L"000000000", -1, 0},  {L"0A1000021", 0, 0},
-      {L"02100002A", 0, 0},   {L"AAAAAAAAA", -1, 0},  // what is no digit counts as 0
-      {L"33-000000", -1, 0},
+      {L"021000021", true, true},    {L"131000021", true, false},  // 13 is no prefix, though the checksum passes
+      {L"021000022", false, false},  {L"02100002", false, false},
+      {L"0210000210", false, false}, {L"", false, false},
+      {L" 021000021", true, false},  {L"021000021 ", true, true},  // the prefix is looked for before trimming
+      {L"000000000", true, false},   {L"0A1000021", false, false},
+      {L"02100002A", false, false},  {L"AAAAAAAAA", true, false},  // what is no digit counts as 0
+      {L"33-000000", true, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.number);
@@ -226,12 +227,12 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
 TEST_F(BankChecksTest, TheChecksumFindsSlipsButSwappedNeighboursThatDifferByFive) {
   component.store.WhatKindOfBiller = L" ";  // the checksum alone, without the prefix
   for (const std::wstring number : assigned) {
-    ASSERT_EQ(Random::ValidateABANumber(component, number), flagTrue) << number;
+    ASSERT_TRUE(Random::ValidateABANumber(component, number)) << number;
     for (std::size_t at = 0; at < number.size(); ++at) {
       std::wstring wrong = number;
       for (wchar_t digit = L'0'; digit <= L'9'; ++digit) {
         wrong[at] = digit;
-        EXPECT_EQ(Random::ValidateABANumber(component, wrong), flag(wrong == number)) << number << " as " << wrong;
+        EXPECT_EQ(Random::ValidateABANumber(component, wrong), wrong == number) << number << " as " << wrong;
       }
       if (at == 0) continue;
       std::wstring swapped = number;
@@ -239,7 +240,7 @@ TEST_F(BankChecksTest, TheChecksumFindsSlipsButSwappedNeighboursThatDifferByFive
       // The weights of neighbours differ by 4, 6 or 2: times 5 that is a full ten, and the slip goes unseen.
       const int difference = std::abs(number[at - 1] - number[at]);
       const bool unseen = difference == 0 || difference == 5;
-      EXPECT_EQ(Random::ValidateABANumber(component, swapped), flag(unseen)) << number << " as " << swapped;
+      EXPECT_EQ(Random::ValidateABANumber(component, swapped), unseen) << number << " as " << swapped;
     }
   }
 }
@@ -247,41 +248,41 @@ TEST_F(BankChecksTest, TheChecksumFindsSlipsButSwappedNeighboursThatDifferByFive
 TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
   struct Case {
     const wchar_t* number;
-    Flag16 result;
+    bool result;
     const wchar_t* askedFor = nullptr;  // the account that the verifier was asked about
   };
   const Case cases[] = {
-      {L"", 0},
-      {L"         ", 0},
-      {L"11111111", 0},
-      {L"12345678 ", 0},
-      {L"123456789", 0},  // its first eight digits are made up
-      {L"111111112", 0},
-      {L"222222229", 0},
-      {L"333333330", 0},
-      {L"444444441", 0},
-      {L"555555552", 0},
-      {L"666666663", 0},
-      {L"777777774", 0},
-      {L"888888885", 0},
-      {L"999999996", 0},
-      {L"000000007", 0},
-      {L"12345A782", 0},
-      {L"123 56782", 0},
-      {L" 100200308", 0},  // nine characters of the untrimmed number, the first of them a blank
-      {L"100200308", -1, L"100200308RT0001"},
-      {L"100200308RT0009", -1, L"100200308RT0001"},
-      {L"100200308 and more", -1, L"100200308RT0001"},
+      {L"", false},
+      {L"         ", false},
+      {L"11111111", false},
+      {L"12345678 ", false},
+      {L"123456789", false},  // its first eight digits are made up
+      {L"111111112", false},
+      {L"222222229", false},
+      {L"333333330", false},
+      {L"444444441", false},
+      {L"555555552", false},
+      {L"666666663", false},
+      {L"777777774", false},
+      {L"888888885", false},
+      {L"999999996", false},
+      {L"000000007", false},
+      {L"12345A782", false},
+      {L"123 56782", false},
+      {L" 100200308", false},  // nine characters of the untrimmed number, the first of them a blank
+      {L"100200308", true, L"100200308RT0001"},
+      {L"100200308RT0009", true, L"100200308RT0001"},
+      {L"100200308 and more", true, L"100200308RT0001"},
       // Numbers in the general sense that the account rules refuse then.
-      {L"1234567.8", 0},
-      {L"-12345678", 0},
-      {L"1,234,567", 0},
-      {L"12345E+10", 0},
-      {L".12345678", 0},
-      {L"1234567..", 0},
-      {L"12345678E", 0},
-      {L"+-1234567", 0},
-      {L",12345678", 0},
+      {L"1234567.8", false},
+      {L"-12345678", false},
+      {L"1,234,567", false},
+      {L"12345E+10", false},
+      {L".12345678", false},
+      {L"1234567..", false},
+      {L"12345678E", false},
+      {L"+-1234567", false},
+      {L",12345678", false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.number);
@@ -294,9 +295,9 @@ TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
     EXPECT_EQ(last, expected);
   }
   installation.answers[L"VerifyAccount"] = {2, L"discarded"};
-  EXPECT_EQ(Random::VerifyBusinessNumber(component, L"100200308"), flagTrue) << "anything but zero accepts";
+  EXPECT_TRUE(Random::VerifyBusinessNumber(component, L"100200308")) << "anything but zero accepts";
   installation.answers[L"VerifyAccount"] = {0, L"discarded"};
-  EXPECT_EQ(Random::VerifyBusinessNumber(component, L"100200308"), flagFalse);
+  EXPECT_FALSE(Random::VerifyBusinessNumber(component, L"100200308"));
 }
 
 }  // namespace

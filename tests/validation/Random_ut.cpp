@@ -1,8 +1,9 @@
 // The helpers of module Random.
-#include "validation/Random.h"
-
+#include "dialogs/support/ComboBoxAutoComplete.h"
 #include "tests/support/ComponentTest.h"
 #include "tests/support/FormTest.h"
+#include "validation/SystemHelpers.h"
+#include "validation/TextHelpers.h"
 
 namespace nv::test {
 namespace {
@@ -43,10 +44,10 @@ TEST_F(RandomTest, PaddingBringsATextToItsLength) {
 TEST_F(RandomTest, IsAlphaAsksForOneLetter) {
   struct Case {
     const wchar_t* text;
-    Flag16 result;
+    bool result;
   };
-  for (const Case& c : {Case{L"", 0}, Case{L"12A", -1}, Case{L"a", -1}, Case{L"z-", -1}, Case{L"123", 0},
-                        Case{L"@[`{", 0}, Case{L"\u00e9", 0}, Case{L" ", 0}}) {
+  for (const Case& c : {Case{L"", false}, Case{L"12A", true}, Case{L"a", true}, Case{L"z-", true}, Case{L"123", false},
+                        Case{L"@[`{", false}, Case{L"\u00e9", false}, Case{L" ", false}}) {
     EXPECT_EQ(Random::IsAlpha(component, c.text), c.result) << c.text;
   }
 }
@@ -59,10 +60,10 @@ TEST_F(RandomTest, FileexistsNeverFails) {
   files.fail(L"C:\\Apps\\locked", ErrorNumber::permissionDenied);
   struct Case {
     std::wstring path;
-    Flag16 result;
+    bool result;
   };
-  for (const Case& c : {Case{L"C:\\Apps\\full", -1}, Case{L"C:\\Apps\\empty", -1}, Case{L"C:\\Apps\\none", 0},
-                        Case{L"C:\\Apps", 0}, Case{L"C:\\Apps\\locked", 0}, Case{L"", 0}}) {
+  for (const Case& c : {Case{L"C:\\Apps\\full", true}, Case{L"C:\\Apps\\empty", true}, Case{L"C:\\Apps\\none", false},
+                        Case{L"C:\\Apps", false}, Case{L"C:\\Apps\\locked", false}, Case{L"", false}}) {
     EXPECT_EQ(Random::Fileexists(component, c.path), c.result) << c.path;
   }
 }

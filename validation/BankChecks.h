@@ -1,0 +1,36 @@
+// The bank checks of module Random. Each writes its label to the trace. Those that ask the account verifier report
+// run-time errors under their own names; the result is 0 then. Results of the verifier: 1 valid, 2 doubtful where a
+// caller distinguishes it, anything else not valid.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "component/Component.h"
+
+namespace nv::Random {
+
+/// Has the verifier check an account of a bank.
+/// @param bankId brought to 6 characters; of 7, the first 6 count. Blank: the result is 2 and nobody is asked.
+/// @param account at least 4 capital letters and digits; with a blank in it the user is told and the result is 0.
+/// @param errorMessage set when a rule here refuses the account, else the verifier's.
+/// @param ignored kept for the callers' sake.
+std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::wstring_view account,
+                           std::wstring& errorMessage, std::int16_t ignored, bool flag);
+
+/// Has the verifier check a bank id. A session id that the verifier hands out with a valid result is kept.
+/// @param errorLength length of `errorMessage`, as the verifier gives it.
+std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
+                            std::int16_t& errorLength, bool flag);
+
+/// Has the verifier check an account with its bank id and transit. Else as ValidateBankId.
+std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId, std::wstring_view transit,
+                                 std::wstring_view account, std::wstring& errorMessage, std::int16_t& errorLength,
+                                 bool flag);
+
+/// Whether a United States routing number has 9 digits and the right checksum and, unless the biller is a domestic one,
+/// an assigned prefix.
+bool ValidateABANumber(Component& component, std::wstring_view routingNumber);
+
+}  // namespace nv::Random
