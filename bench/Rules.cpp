@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "bench/Rows.h"
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 #include "dialogs/biller/CountryFile.h"
 #include "dialogs/biller/frmRandomInfo.h"
 #include "forms/Button.h"

@@ -20,7 +20,7 @@ function(nv_idl target source)
     COMMAND ${widl} -h -o ${folder}/${name}.h ${idl}
     COMMAND ${widl} -u -o ${folder}/${name}_i.c ${idl}
     COMMAND ${widl} -t -o ${folder}/${name}.tlb ${idl}
-    DEPENDS ${source} ${PROJECT_SOURCE_DIR}/component/properties.def
+    DEPENDS ${source} ${PROJECT_SOURCE_DIR}/component/core/properties.def
     VERBATIM)
   add_library(${target} OBJECT ${folder}/${name}_i.c ${folder}/${name}.h)
   target_include_directories(${target} SYSTEM PUBLIC ${folder})

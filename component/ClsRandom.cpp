@@ -1,6 +1,6 @@
 #include "component/ClsRandom.h"
 
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 #include "dialogs/biller/frmRandomInfo.h"
 #include "platform/Text.h"
 
@@ -65,7 +65,7 @@ ClsRandom::~ClsRandom() {
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)
 #define NV_METHOD(id, Name, Result)
-#include "component/properties.def"
+#include "component/core/properties.def"
 
 // Showing the dialog
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 
 namespace nv {
 
@@ -40,7 +40,7 @@ class ClsRandom {
 #define NV_RESULT_Nothing void
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DECLARE_##Access(Name, Type)
 #define NV_METHOD(id, Name, Result) NV_RESULT_##Result Name();
-#include "component/properties.def"
+#include "component/core/properties.def"
 #undef NV_DECLARE_Let
 #undef NV_DECLARE_LetGet
 #undef NV_RESULT_Long

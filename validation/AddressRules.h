@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 
 namespace nv::Random {
 

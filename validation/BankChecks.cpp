@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "component/ShowError.h"
-#include "component/Trace.h"
+#include "component/core/ShowError.h"
+#include "component/core/Trace.h"
 #include "platform/HostInstallation.h"
 #include "platform/Pattern.h"
 #include "platform/Text.h"

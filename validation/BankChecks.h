@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 
 namespace nv::Random {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 
 namespace nv::Random {
 

@@ -1,7 +1,7 @@
 #include "validation/SystemHelpers.h"
 
-#include "component/ShowError.h"
-#include "component/Trace.h"
+#include "component/core/ShowError.h"
+#include "component/core/Trace.h"
 
 namespace nv::Random {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 
 namespace nv::Random {
 

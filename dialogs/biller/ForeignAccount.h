@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "component/Store.h"
+#include "component/core/Store.h"
 #include "platform/Text.h"
 
 namespace nv {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "component/StringArray.h"
+#include "component/core/StringArray.h"
 #include "forms/RowTable.h"
 
 namespace nv {

@@ -1,6 +1,6 @@
 #include "dialogs/support/ComboBoxAutoComplete.h"
 
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 
 namespace nv::Random {
 

@@ -1,7 +1,7 @@
 // The part of module Random that knows a control.
 #pragma once
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "forms/ComboBox.h"
 
 namespace nv::Random {

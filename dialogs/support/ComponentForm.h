@@ -1,9 +1,9 @@
 // What the component's forms share: the component they work for, the trace, and event procedures that cannot fail.
 #pragma once
 
-#include "component/Component.h"
-#include "component/ShowError.h"
-#include "component/Trace.h"
+#include "component/core/Component.h"
+#include "component/core/ShowError.h"
+#include "component/core/Trace.h"
 #include "forms/Event.h"
 #include "forms/Form.h"
 

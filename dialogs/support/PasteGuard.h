@@ -1,7 +1,7 @@
 // Bank numbers are to be typed: what keeps them from being pasted.
 #pragma once
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "forms/Keys.h"
 
 namespace nv {

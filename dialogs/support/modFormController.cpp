@@ -1,7 +1,7 @@
 #include "dialogs/support/modFormController.h"
 
-#include "component/ShowError.h"
-#include "component/Trace.h"
+#include "component/core/ShowError.h"
+#include "component/core/Trace.h"
 #include "forms/Button.h"
 #include "forms/Label.h"
 #include "validation/SystemHelpers.h"

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "forms/Form.h"
 
 namespace nv::modFormController {

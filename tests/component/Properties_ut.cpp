@@ -63,7 +63,7 @@ TEST_F(PropertiesTest, EachWritesItsLabelButThoseThatTraceNothing) {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_USE_##Access(Name);
 #define NV_METHOD(id, Name, Result)
   const std::wstring trace = L"PlayByPlayEnabled";
-#include "component/properties.def"
+#include "component/core/properties.def"
   EXPECT_EQ(seen, expected);
   EXPECT_EQ(expected.size(), 92U) << "56 that are set, 36 that are read";
 }

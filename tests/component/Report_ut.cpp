@@ -1,8 +1,8 @@
 // The trace and the error reporter: what they write and show, and that nothing ever comes of their own failures.
 #include <new>
 
-#include "component/ShowError.h"
-#include "component/Trace.h"
+#include "component/core/ShowError.h"
+#include "component/core/Trace.h"
 #include "tests/support/ComponentTest.h"
 
 namespace nv::test {

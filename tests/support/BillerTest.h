@@ -86,7 +86,7 @@ class BillerTest : public ComponentTest {
     };
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(store.Name);
 #define NV_METHOD(id, Name, Result)
-#include "component/properties.def"
+#include "component/core/properties.def"
     return texts;
   }
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "component/ClsRandom.h"
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "tests/support/Expect.h"
 #include "tests/support/FakeInstallation.h"
 #include "tests/support/FakeServices.h"

@@ -87,7 +87,7 @@ struct Member {
 constexpr Member members[] = {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) {L"" #Name, id},
 #define NV_METHOD(id, Name, Result) {L"" #Name, id},
-#include "component/properties.def"
+#include "component/core/properties.def"
 };
 
 const Member* memberOf(std::wstring_view name) {
@@ -122,7 +122,7 @@ bool takesStringArray(DISPID member) {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
   takes = takes || (member == (id) && std::is_same_v<property::Type, property::StringList>);
 #define NV_METHOD(id, Name, Result)
-#include "component/properties.def"
+#include "component/core/properties.def"
   return takes;
 }
 
@@ -179,7 +179,7 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_COM_##Access(Name, Type)
 #define NV_METHOD(id, Name, Result) NV_COM_##Result(Name)
-#include "component/properties.def"
+#include "component/core/properties.def"
 
 // ISupportErrorInfo
 

@@ -48,7 +48,7 @@ class ClsRandomObject final : public _ClsRandom,
 #define NV_COM_Nothing(Name) STDMETHODIMP Name() override;
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_COM_##Access(Name, Type)
 #define NV_METHOD(id, Name, Result) NV_COM_##Result(Name)
-#include "component/properties.def"
+#include "component/core/properties.def"
 #undef NV_COM_Let
 #undef NV_COM_LetGet
 #undef NV_COM_Long

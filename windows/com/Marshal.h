@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "component/PropertyTypes.h"
+#include "component/core/PropertyTypes.h"
 #include "platform/RuntimeError.h"
 #include "windows/Handles.h"
 

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "windows/Handles.h"
 
 namespace nv::windows {

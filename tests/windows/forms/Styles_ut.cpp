@@ -1,6 +1,6 @@
 // Restyling, seen on real windows: what a control with the exempting tag keeps, and its neighbour of the same kind
 // takes.
-#include "component/Component.h"
+#include "component/core/Component.h"
 #include "dialogs/support/modFormController.h"
 #include "forms/Label.h"
 #include "tests/support/FakeInstallation.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "component/StringArray.h"
+#include "component/core/StringArray.h"
 
 namespace nv {
 

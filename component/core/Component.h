@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "component/Store.h"
+#include "component/core/Store.h"
 #include "forms/Form.h"
 #include "forms/FormList.h"
 #include "forms/Widgetset.h"

@@ -1,4 +1,4 @@
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 
 #include "platform/Text.h"
 

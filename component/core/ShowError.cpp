@@ -1,4 +1,4 @@
-#include "component/ShowError.h"
+#include "component/core/ShowError.h"
 
 #include "platform/Text.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "component/Trace.h"
+#include "component/core/Trace.h"
 #include "platform/RuntimeError.h"
 
 namespace nv {

@@ -1,4 +1,4 @@
-#include "component/PropertyTypes.h"
+#include "component/core/PropertyTypes.h"
 
 #include "platform/RuntimeError.h"
 

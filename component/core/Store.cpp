@@ -1,4 +1,4 @@
-#include "component/Store.h"
+#include "component/core/Store.h"
 
 namespace nv {
 

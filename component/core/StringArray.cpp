@@ -1,4 +1,4 @@
-#include "component/StringArray.h"
+#include "component/core/StringArray.h"
 
 #include "platform/RuntimeError.h"
 

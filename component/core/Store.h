@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "component/PropertyTypes.h"
+#include "component/core/PropertyTypes.h"
 
 namespace nv {
 
@@ -15,7 +15,7 @@ struct Store {
   // One member per property, named like it.
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
 #define NV_METHOD(id, Name, Result)
-#include "component/properties.def"
+#include "component/core/properties.def"
 
   /// What a closing dialog leaves for ShowForm to return: 0, or `cancelledResult`.
   std::int32_t closeResult = 0;
