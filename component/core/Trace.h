@@ -12,18 +12,19 @@ namespace nv {
 /// @param newFile empties the file first; every caller passes false.
 void WritePlayByPlay(Component& component, std::wstring_view label, bool newFile) noexcept;
 
-/// What every procedure does first. While the trace is off it is a comparison, in the procedure itself even where the
-/// compiler saves space: nobody asks how long the label is.
-/// @param label "<Object> - <Procedure>", a constant of the procedure.
+/// The first statement of every procedure. While the trace is off it is one comparison, always inlined: not even the
+/// label's length is computed.
+/// @param label "<Object> - <Procedure>", a literal.
 [[gnu::always_inline]] inline void trace(Component& component, const wchar_t* label) noexcept {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, false);
 }
 
-/// A procedure of a family: its object and its own name, which make up its label.
+/// An event procedure, by the names that make up its label: "<Form> - <Control>_<Event>". All must outlive it.
 struct Procedure {
-  const wchar_t* object;
-  const wchar_t* name;
-  std::wstring label() const { return std::wstring(object) + L" - " + name; }
+  std::wstring_view form;
+  std::wstring_view control;
+  const wchar_t* event;
+  std::wstring label() const { return std::wstring(form).append(L" - ").append(control).append(L"_").append(event); }
 };
 
 inline void trace(Component& component, const Procedure& procedure) {

@@ -10,12 +10,34 @@ namespace nv {
 
 using platform::MessageBoxes;
 
-void frmRandomInfo::connectInternational() {
-  on(cmbCurrencyCode.lostFocus, {formName, L"cmbCurrencyCode_LostFocus"}, [this] { cmbCurrencyCode_LostFocus(); });
-  on(ran_payee_country.lostFocus, {formName, L"ran_payee_country_LostFocus"},
-     [this] { ran_payee_country_LostFocus(); });
-  on(cmdFXBankingInfo.click, {formName, L"cmdFXBankingInfo_Click"}, [this] { ShowFXBankingInfoScreen(); });
+namespace {
+
+/// Asks whether the biller is for an international payment, and says so when that is not possible.
+bool acceptsInternational(frmRandomInfo& form) {
+  if (form.message(L"Is this biller for an international payment?", MessageBoxes::Icon::information,
+                   MessageBoxes::Buttons::yesNo) != MessageBoxes::Answer::yes) {
+    return false;
+  }
+  if (!form.loaded()) return false;  // closed over the question
+  if (form.store().InternationalPayment != flagFalse) return true;
+  form.message(
+      L"International payment settings have not been setup. To set these, you can go to the System Administration "
+      L"screen and click 'International Payment Settings'.");
+  return false;
 }
+
+/// The telephone code of the chosen country, for a number to be entered anew.
+void takeTelephoneCode(frmRandomInfo& form) {
+  if (const auto row = form.ran_payee_country.selectedRow()) {
+    const std::wstring code(form.ran_payee_country.cell(*row, countryPhone));
+    form.txtPhoneCountryCode.setText(code);
+    form.txtFaxCountryCode.setText(code);
+  }
+  form.ran_Inter_payee_phone.setText({});
+  if (form.ran_Inter_payee_phone.available()) form.ran_Inter_payee_phone.setFocus();
+}
+
+}  // namespace
 
 void frmRandomInfo::SetFXBiller(bool isFX) {
   trace(component(), L"RandomInfo - SetFXBiller");
@@ -54,25 +76,6 @@ bool frmRandomInfo::FXCurrencyExists(std::wstring_view code) {
   return false;
 }
 
-/// Whether the focus goes to the cancel button: leaving the dialog is no decision about the biller.
-bool frmRandomInfo::leavesToCancel() const {
-  return activeControl() != nullptr && activeControl()->name() == L"cmd_cancel";
-}
-
-/// Asks whether the biller is for an international payment, and says so when that is not possible.
-bool frmRandomInfo::acceptsInternational() {
-  if (message(L"Is this biller for an international payment?", MessageBoxes::Icon::information,
-              MessageBoxes::Buttons::yesNo) != MessageBoxes::Answer::yes) {
-    return false;
-  }
-  if (!loaded()) return false;  // closed over the question
-  if (store().InternationalPayment != flagFalse) return true;
-  message(
-      L"International payment settings have not been setup. To set these, you can go to the System Administration "
-      L"screen and click 'International Payment Settings'.");
-  return false;
-}
-
 void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   if (leavesToCancel()) return;
   if (const auto row = cmbCurrencyCode.selectedRow()) {
@@ -87,7 +90,7 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   if (foreign && domestic() && store().PayeeIndBusnTag == individualTag) {
     message(L"You cannot setup an individual as an international payment.");
     setCurrency(canadianDollar);
-  } else if (foreign && (!domestic() || foreignCurrency_ || acceptsInternational())) {
+  } else if (foreign && (!domestic() || foreignCurrency_ || acceptsInternational(*this))) {
     foreignCurrency_ = domestic();
     SetFXBiller(true);
   } else {
@@ -106,28 +109,17 @@ void frmRandomInfo::ran_payee_country_LostFocus() {
   };
   if (abroad()) {
     if (domestic() && !foreignCurrency_) {
-      if (acceptsInternational()) {
+      if (acceptsInternational(*this)) {
         foreignCurrency_ = true;
       } else {
         setCountry(canadaCode);
         SetFXBiller(false);
       }
     }
-    if (foreignCurrency_ || !domestic()) takeTelephoneCode();
+    if (foreignCurrency_ || !domestic()) takeTelephoneCode(*this);
   }
   if (!abroad() && cmbCurrencyCode.text() == canadianDollar) SetFXBiller(false);
   SetFXPhoneNumber(!inCanada() && !inUnitedStates());
-}
-
-/// The telephone code of the chosen country, for a number to be entered anew.
-void frmRandomInfo::takeTelephoneCode() {
-  if (const auto row = ran_payee_country.selectedRow()) {
-    const std::wstring code(ran_payee_country.cell(*row, countryPhone));
-    txtPhoneCountryCode.setText(code);
-    txtFaxCountryCode.setText(code);
-  }
-  ran_Inter_payee_phone.setText({});
-  if (ran_Inter_payee_phone.available()) ran_Inter_payee_phone.setFocus();
 }
 
 void frmRandomInfo::ShowFXBankingInfoScreen() {

@@ -25,12 +25,133 @@ constexpr Twips dialogFoot = 500;        // below the buttons
 constexpr Twips underBankInfo = 100;     // in the United States layout
 constexpr Twips noteUnderFrame = 40;
 
+/// Name and account, and the two columns of the address block over the kind of biller.
+void arrangeAddress(frmRandomInfo& form) {
+  constexpr Twips headFields = blockLeft + 2100, headPitch = 285;
+  form.Label1.setPlace({blockLeft + leftLabels, frameHead, 1800, textHeight});
+  form.ran_payee_name.setPlace({headFields, frameHead, 6000, textHeight});
+  form.imgHelpCSFTInfo[0].setPlace({blockLeft + helpColumn, frameHead - 15, iconSize, iconSize});
+  form.Label2.setPlace({blockLeft + leftLabels, frameHead + headPitch, 1800, textHeight});
+  form.ran_payee_account.setPlace({headFields, frameHead + headPitch, 6000, textHeight});
+
+  form.Label3.setPlace({leftLabels, blockWithoutHead + 15, 9000, textHeight});
+  constexpr Twips firstRow = blockWithoutHead + textHeight + gap;
+  Grid left(leftLabels, leftFields, firstRow);
+  left.row(form.lblStreet, {form.ran_payee_street}).mark(form.lblAsterisk[0]);
+  left.row(form.lblCity, {form.ran_payee_city}).mark(form.lblAsterisk[1]);
+  left.row(form.lblProvince, {form.ran_payee_prov}).mark(form.lblAsterisk[3]);
+  left.row(form.lblCountry, {form.ran_payee_country}).mark(form.lblAsterisk[5]);
+  left.row(form.lblPostalCode, {form.ran_payee_postal}).mark(form.lblAsterisk[4]);
+  left.row(form.lblCurrency, {form.cmbCurrencyCode});
+
+  Grid right(rightLabels, rightFields, firstRow);
+  const auto phoneRow = [&right](forms::Label& label, forms::Label& plus, forms::TextBox& country, forms::TextBox& area,
+                                 forms::TextBox& number, forms::TextBox& international, forms::Image& help) {
+    const Twips top = right.top();
+    right.row(label, {{plus, 105}, country, area, number});
+    international.move(area.place().left, top);
+    help.setPlace({helpColumn, top + (fieldHeight - iconSize) / 2, iconSize, iconSize});
+  };
+  phoneRow(form.lblPhoneNo, form.Label19, form.txtPhoneCountryCode, form.ran_payee_ph_area, form.ran_payee_phone,
+           form.ran_Inter_payee_phone, form.imgHelpCSFTInfo[1]);
+  right.mark(form.lblAsterisk[6]);
+  phoneRow(form.lblFax, form.Label20, form.txtFaxCountryCode, form.ran_payee_fax_area, form.ran_payee_faxnumber,
+           form.ran_inter_payee_faxnumber, form.imgHelpCSFTInfo[2]);
+  right.row(form.lblEmail, {form.ran_payee_email}).mark(form.lblAsterisk[2]).help(form.imgHelpCSFTInfo[3]);
+  right.row(form.lblWebsite, {form.ran_payee_www});
+  right.row(form.lblContact, {form.ran_payee_contact});
+  right.row({{form.chkDiscountsApply, 2880}});
+  form.lblNotification.setPlace({leftLabels, left.top(), 6000, textHeight});
+
+  constexpr Twips kindLeft = leftLabels - blockLeft;  // in line with the labels above
+  Grid kind(kindLeft, kindLeft, blockWithoutHead);
+  kind.row({{form.optCBusiness, 1200},
+            {form.optCIndividual, 1320},
+            {form.lblBN, 2640},
+            form.txtBusinessNum,
+            {form.chkBNNotAvailable, 1440}});
+  kind.mark(form.lblAsterisk[7]).help(form.imgHelpCSFTInfo[4]);
+  form.fraBusinessNum.setPlace({blockLeft, left.bottom() + gap, blockWidth - 2 * blockLeft, kind.bottom() + gap});
+  form.Frame3.setPlace(
+      {blockLeft, frameHead + headPitch + textHeight + gap, blockWidth, form.fraBusinessNum.place().bottom() + gap});
+}
+
+/// The bank account, over the row in which it is confirmed.
+void arrangeBankAccount(frmRandomInfo& form) {
+  struct Column {
+    forms::Label& label;
+    forms::TextBox& field;
+    forms::Label& confirmLabel;
+    forms::TextBox& confirmField;
+    forms::Label& mark;
+    Twips left;
+    Twips labelWidth;
+    Twips confirmIndent;  // room for the word before the row
+  };
+  const Column columns[] = {
+      {form.lblbankTransit, form.txtTransit, form.lblTransitConf, form.txtTransitConf, form.lblAsterisk[8], leftLabels,
+       2040, 840},
+      {form.lblbankId, form.txtBankID, form.lblBankIdConf, form.txtBankIDConf, form.lblAsterisk[9], 3480, 1500, 0},
+      {form.Label13, form.txtAccount, form.lblAccountConf, form.txtAccountConf, form.lblAsterisk[10], 6000, 2520, 0},
+  };
+  constexpr Twips confirmTop = frameHead + rowPitch;
+  for (const Column& column : columns) {
+    const Twips fields = column.left + column.labelWidth;
+    Grid(column.left, fields, frameHead).row(column.label, {column.field}).mark(column.mark);
+    Grid(column.left + column.confirmIndent, fields, confirmTop).row(column.confirmLabel, {column.confirmField});
+  }
+  form.imgHelpCSFTInfo[5].setPlace(
+      {form.txtAccount.place().right() + 60, frameHead + (fieldHeight - iconSize) / 2, iconSize, iconSize});
+  form.lblConfirm.setPlace(besideField(leftLabels, confirmTop, 720));
+  Grid(leftLabels, leftLabels, confirmTop).row({{form.optBusiness, 1200}, {form.optEmployee, 1200}});
+  form.lbl_note.setPlace({leftLabels, confirmTop + rowPitch, 9600, textHeight});
+  for (forms::Label* label : {&form.lblbkclk, &form.lblbankaccount})
+    label->setPlace({leftLabels, confirmTop, 3000, textHeight});
+  form.fraBankAcctInfo.setPlace({blockLeft, 0, blockWidth, form.lbl_note.place().bottom() + gap});
+}
+
+/// The bank of a biller in the United States.
+void arrangeBankInfo(frmRandomInfo& form) {
+  Grid bank(leftLabels, leftLabels + 3720, frameHead);
+  bank.row(form.lblBankName, {form.txtBankName});
+  bank.row(form.lblRoutingNumber, {form.txtRoutingNumber});
+  bank.row(form.lblBankAccountNumber, {form.txtBankAccountNumber});
+  bank.row(form.lblBankInfoConfirm, {form.txtConfirmBankAccountNumber});
+  constexpr Twips details = leftLabels + 1260;
+  form.lblDisclaimer.setPlace({leftLabels, bank.top(), 1200, textHeight});
+  form.lblDisclaimerDetails.setPlace({details, bank.top(), 9000, 3 * textHeight});
+  form.ctHyperLink1.setPlace({details, form.lblDisclaimerDetails.place().bottom(), 4800, textHeight + 30});
+  form.fraBankInfo.setPlace({blockLeft, 0, blockWidth, form.ctHyperLink1.place().bottom() + gap});
+}
+
+/// Puts the blocks of Frame1 below each other, from Frame3 on; the bank blocks share one place.
+/// @param below room between the last block and the end of Frame1.
+void stack(frmRandomInfo& form, std::initializer_list<forms::Control*> blocks, Twips below) {
+  Twips top = form.Frame3.place().top;
+  Twips bottom = top;
+  for (forms::Control* block : blocks) {
+    block->move(block->place().left, top);
+    bottom = block->place().bottom();
+    top = bottom + gap;
+  }
+  form.Frame1.setPlace({margin, margin, frameWidth, bottom + below});
+}
+
+void putUnderFrame1(frmRandomInfo& form) {
+  const Twips bottom = form.Frame1.place().bottom();
+  form.Label15.move(form.Label15.place().left, bottom + noteUnderFrame);
+  for (forms::Control* button : {&form.cmdCheque, &form.cmd_help, &form.cmd_ok, &form.cmd_cancel}) {
+    button->move(button->place().left, bottom + gap);
+  }
+  form.setSize(frameWidth + 2 * margin, form.cmd_ok.place().top + form.cmd_ok.place().height + dialogFoot);
+}
+
 }  // namespace
 
 void frmRandomInfo::arrange() {
-  arrangeAddress();
-  arrangeBankAccount();
-  arrangeBankInfo();
+  arrangeAddress(*this);
+  arrangeBankAccount(*this);
+  arrangeBankInfo(*this);
   lblFXBankingInfo.setPlace({blockLeft + leftLabels, 0, blockWidth - 2 * leftLabels, 2 * textHeight});
   cmdFXBankingInfo.setPlace({blockLeft + leftLabels, 0, 2700, buttonHeight});
   Label14.setPlace({blockLeft + leftLabels, 0, 9000, textHeight});
@@ -45,122 +166,10 @@ void frmRandomInfo::arrange() {
   arrangeBusiness();
 }
 
-/// Name and account, and the two columns of the address block over the kind of biller.
-void frmRandomInfo::arrangeAddress() {
-  constexpr Twips headFields = blockLeft + 2100, headPitch = 285;
-  Label1.setPlace({blockLeft + leftLabels, frameHead, 1800, textHeight});
-  ran_payee_name.setPlace({headFields, frameHead, 6000, textHeight});
-  imgHelpCSFTInfo[0].setPlace({blockLeft + helpColumn, frameHead - 15, iconSize, iconSize});
-  Label2.setPlace({blockLeft + leftLabels, frameHead + headPitch, 1800, textHeight});
-  ran_payee_account.setPlace({headFields, frameHead + headPitch, 6000, textHeight});
-
-  Label3.setPlace({leftLabels, blockWithoutHead + 15, 9000, textHeight});
-  constexpr Twips firstRow = blockWithoutHead + textHeight + gap;
-  Grid left(leftLabels, leftFields, firstRow);
-  left.row(lblStreet, {{ran_payee_street, 4020}}).mark(lblAsterisk[0]);
-  left.row(lblCity, {{ran_payee_city, characters(20)}}).mark(lblAsterisk[1]);
-  left.row(lblProvince, {{ran_payee_prov, 900}}).mark(lblAsterisk[3]);
-  left.row(lblCountry, {{ran_payee_country, 1200}}).mark(lblAsterisk[5]);
-  left.row(lblPostalCode, {{ran_payee_postal, characters(9)}}).mark(lblAsterisk[4]);
-  left.row(lblCurrency, {{cmbCurrencyCode, 1200}});
-
-  Grid right(rightLabels, rightFields, firstRow);
-  const auto phoneRow = [&right](forms::Label& label, forms::Label& plus, forms::TextBox& country, forms::TextBox& area,
-                                 forms::TextBox& number, forms::TextBox& international, forms::Image& help) {
-    const Twips top = right.top();
-    right.row(label, {{plus, 105}, {country, characters(4)}, {area, characters(3)}, {number, characters(7)}});
-    international.setPlace({area.place().left, top, characters(15), fieldHeight});
-    help.setPlace({helpColumn, top + (fieldHeight - iconSize) / 2, iconSize, iconSize});
-  };
-  phoneRow(lblPhoneNo, Label19, txtPhoneCountryCode, ran_payee_ph_area, ran_payee_phone, ran_Inter_payee_phone,
-           imgHelpCSFTInfo[1]);
-  right.mark(lblAsterisk[6]);
-  phoneRow(lblFax, Label20, txtFaxCountryCode, ran_payee_fax_area, ran_payee_faxnumber, ran_inter_payee_faxnumber,
-           imgHelpCSFTInfo[2]);
-  right.row(lblEmail, {{ran_payee_email, 2880}}).mark(lblAsterisk[2]).help(imgHelpCSFTInfo[3]);
-  right.row(lblWebsite, {{ran_payee_www, 2880}});
-  right.row(lblContact, {{ran_payee_contact, 2880}});
-  right.row({{chkDiscountsApply, 2880}});
-  lblNotification.setPlace({leftLabels, left.top(), 6000, textHeight});
-
-  constexpr Twips kindLeft = leftLabels - blockLeft;  // in line with the labels above
-  Grid kind(kindLeft, kindLeft, blockWithoutHead);
-  kind.row({{optCBusiness, 1200},
-            {optCIndividual, 1320},
-            {lblBN, 2640},
-            {txtBusinessNum, characters(15)},
-            {chkBNNotAvailable, 1440}});
-  kind.mark(lblAsterisk[7]).help(imgHelpCSFTInfo[4]);
-  fraBusinessNum.setPlace({blockLeft, left.bottom() + gap, blockWidth - 2 * blockLeft, kind.bottom() + gap});
-  Frame3.setPlace(
-      {blockLeft, frameHead + headPitch + textHeight + gap, blockWidth, fraBusinessNum.place().bottom() + gap});
-}
-
-/// The bank account, over the row in which it is confirmed.
-void frmRandomInfo::arrangeBankAccount() {
-  struct Column {
-    forms::Label& label;
-    forms::TextBox& field;
-    forms::Label& confirmLabel;
-    forms::TextBox& confirmField;
-    forms::Label& mark;
-    Twips left;
-    Twips labelWidth;
-    Twips confirmIndent;  // room for the word before the row
-  };
-  const Column columns[] = {
-      {lblbankTransit, txtTransit, lblTransitConf, txtTransitConf, lblAsterisk[8], leftLabels, 2040, 840},
-      {lblbankId, txtBankID, lblBankIdConf, txtBankIDConf, lblAsterisk[9], 3480, 1500, 0},
-      {Label13, txtAccount, lblAccountConf, txtAccountConf, lblAsterisk[10], 6000, 2520, 0},
-  };
-  constexpr Twips confirmTop = frameHead + rowPitch;
-  for (const Column& column : columns) {
-    const Twips width = characters(column.field.maxLength());
-    const Twips fields = column.left + column.labelWidth;
-    Grid(column.left, fields, frameHead).row(column.label, {{column.field, width}}).mark(column.mark);
-    Grid(column.left + column.confirmIndent, fields, confirmTop)
-        .row(column.confirmLabel, {{column.confirmField, width}});
-  }
-  imgHelpCSFTInfo[5].setPlace(
-      {txtAccount.place().right() + 60, frameHead + (fieldHeight - iconSize) / 2, iconSize, iconSize});
-  lblConfirm.setPlace(besideField(leftLabels, confirmTop, 720));
-  Grid(leftLabels, leftLabels, confirmTop).row({{optBusiness, 1200}, {optEmployee, 1200}});
-  lbl_note.setPlace({leftLabels, confirmTop + rowPitch, 9600, textHeight});
-  for (forms::Label* label : {&lblbkclk, &lblbankaccount}) label->setPlace({leftLabels, confirmTop, 3000, textHeight});
-  fraBankAcctInfo.setPlace({blockLeft, 0, blockWidth, lbl_note.place().bottom() + gap});
-}
-
-/// The bank of a biller in the United States.
-void frmRandomInfo::arrangeBankInfo() {
-  Grid bank(leftLabels, leftLabels + 3720, frameHead);
-  bank.row(lblBankName, {{txtBankName, characters(35)}});
-  bank.row(lblRoutingNumber, {{txtRoutingNumber, characters(9)}});
-  bank.row(lblBankAccountNumber, {{txtBankAccountNumber, characters(17)}});
-  bank.row(lblBankInfoConfirm, {{txtConfirmBankAccountNumber, characters(17)}});
-  constexpr Twips details = leftLabels + 1260;
-  lblDisclaimer.setPlace({leftLabels, bank.top(), 1200, textHeight});
-  lblDisclaimerDetails.setPlace({details, bank.top(), 9000, 3 * textHeight});
-  ctHyperLink1.setPlace({details, lblDisclaimerDetails.place().bottom(), 4800, textHeight + 30});
-  fraBankInfo.setPlace({blockLeft, 0, blockWidth, ctHyperLink1.place().bottom() + gap});
-}
-
-/// Puts the blocks of Frame1 below each other, from Frame3 on; the bank blocks share one place.
-/// @param below room between the last block and the end of Frame1.
-void frmRandomInfo::stack(std::initializer_list<forms::Control*> blocks, Twips below) {
-  Twips top = Frame3.place().top;
-  Twips bottom = top;
-  for (forms::Control* block : blocks) {
-    block->move(block->place().left, top);
-    bottom = block->place().bottom();
-    top = bottom + gap;
-  }
-  Frame1.setPlace({margin, margin, frameWidth, bottom + below});
-}
-
 void frmRandomInfo::arrangeBusiness() {
-  stack({&Frame3, &lblFXBankingInfo, &fraBankAcctInfo, &Label14}, gap);
+  stack(*this, {&Frame3, &lblFXBankingInfo, &fraBankAcctInfo, &Label14}, gap);
   cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, fraBankAcctInfo.place().top);
-  putUnderFrame1();
+  putUnderFrame1(*this);
 }
 
 void frmRandomInfo::arrangeUnitedStates() {
@@ -169,27 +178,20 @@ void frmRandomInfo::arrangeUnitedStates() {
   if (!fraBankInfo.visible()) {
     fraBankInfo.setPlace({blockLeft, 0, blockWidth, fraBankAcctInfo.place().height});
   }
-  stack({&Frame3, &Label14, &fraBankInfo}, underBankInfo);
+  stack(*this, {&Frame3, &Label14, &fraBankInfo}, underBankInfo);
   fraBankAcctInfo.move(blockLeft, fraBankInfo.place().top);
   cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, fraBankInfo.place().top);
-  putUnderFrame1();
+  putUnderFrame1(*this);
 }
 
 void frmRandomInfo::arrangeIndividual() {
   Grid grid(leftLabels, individualFields, blockWithoutHead);
-  grid.row(lblEmail, {{ran_payee_email, characters(50)}}).mark(lblAsterisk[2]).help(imgHelpCSFTInfo[3]);
+  grid.row(lblEmail, {{ran_payee_email, characters(ran_payee_email.maxLength())}})
+      .mark(lblAsterisk[2])
+      .help(imgHelpCSFTInfo[3]);
   Frame3.setPlace({blockLeft, Frame3.place().top, blockWidth, grid.bottom() + gap});
-  stack({&Frame3, &fraBankAcctInfo, &Label14}, gap);
-  putUnderFrame1();
-}
-
-void frmRandomInfo::putUnderFrame1() {
-  const Twips bottom = Frame1.place().bottom();
-  Label15.move(Label15.place().left, bottom + noteUnderFrame);
-  for (forms::Control* button : {&cmdCheque, &cmd_help, &cmd_ok, &cmd_cancel}) {
-    button->move(button->place().left, bottom + gap);
-  }
-  setSize(frameWidth + 2 * margin, cmd_ok.place().top + cmd_ok.place().height + dialogFoot);
+  stack(*this, {&Frame3, &fraBankAcctInfo, &Label14}, gap);
+  putUnderFrame1(*this);
 }
 
 }  // namespace nv

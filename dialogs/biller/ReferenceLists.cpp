@@ -198,22 +198,4 @@ bool frmRandomInfo::inUnitedStates() const {
   return country == unitedStatesCode || country == L"USA";
 }
 
-void frmRandomInfo::connectLists() {
-  const auto filter = [this](forms::DropDownList& list, const wchar_t* procedure,
-                             const std::vector<forms::Control*>& candidates) {
-    on(list.keyPress, {formName, procedure}, [this, &list, candidates](wchar_t& key) {
-      if (key == forms::keys::backspace) return;
-      if (key == forms::keys::enter) {
-        moveOn(list, candidates);
-        return;
-      }
-      key = asciiUpper(key);
-      if (key < L'A' || key > L'Z') key = 0;
-    });
-  };
-  filter(cmbCurrencyCode, L"cmbCurrencyCode_KeyPress", {&ran_Inter_payee_phone, &ran_payee_ph_area});
-  filter(ran_payee_country, L"ran_payee_country_KeyPress", {&ran_payee_postal});
-  on(ran_payee_country.gotFocus, {formName, L"ran_payee_country_GotFocus"}, [this] { reportTop(ran_payee_country); });
-}
-
 }  // namespace nv

@@ -11,6 +11,14 @@ inline constexpr const wchar_t* domesticTitle = L"Norvik - Biller / Funds Transf
 inline constexpr const wchar_t* accountCaption = L"Bank Account Number to be Credited";
 inline constexpr const wchar_t* optionalAccountCaption = L"Bank Account Number to be Credited (Optional)";
 
+inline constexpr const wchar_t* foreignBankExplained =
+    L"Payments in currencies other than \"CAD\" (Canadian Dollars) must include specific information about the bank "
+    L"account being transferred to. Please click the \"Enter Banking Information\" button below to enter it.";
+
+inline constexpr const wchar_t* helpImage = L"HELPIMAGE";
+inline constexpr const wchar_t* helpImageCaption = L"Help";
+inline constexpr const wchar_t* requiredMark = L"*";
+
 /// The columns of the currency list.
 enum CurrencyColumn : std::size_t { currencyDescription, currencyCode, currencyColumns };
 

@@ -4,10 +4,13 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
+#include "dialogs/biller/Texts.h"
 #include "dialogs/fxbank/frmFXBankInfo.h"
-#include "dialogs/support/ComponentForm.h"
+#include "dialogs/support/Fields.h"
 #include "forms/Button.h"
 #include "forms/ComboBox.h"
 #include "forms/DropDownList.h"
@@ -19,7 +22,7 @@
 
 namespace nv {
 
-class frmRandomInfo : public ComponentForm {
+class frmRandomInfo : public FieldForm {
  public:
   /// The form's name, by which Unload_From_Remote finds its instances.
   static constexpr const wchar_t* formName = L"RandomInfo";
@@ -44,135 +47,154 @@ class frmRandomInfo : public ComponentForm {
   /// For viewing only: nothing can be edited, and OK becomes a way to close. To be called once loaded.
   void showReadOnly();
 
- private:
+  /// Domestic is the ordinary biller; every other kind is paid in US dollars through the US payment route.
+  bool domestic() const { return store().WhatKindOfBiller == L" "; }
+  /// Whether the country is one of North America's that dial alike, in its two- or three-letter form.
+  bool inCanada() const;
+  bool inUnitedStates() const;
+  /// The business number's field, open or closed to entry, in the colour that says so.
+  void switchBusinessNumber(bool on);
+
   // The controls, in tab order: the order in which a person fills them.
-  forms::Frame Frame1;
-  forms::Label Label1;
-  forms::Label ran_payee_name;
-  forms::Label Label2;
-  forms::Label ran_payee_account;
-  forms::Frame Frame3;
-  forms::Label Label3;
-  forms::Label lblStreet;
-  forms::TextBox ran_payee_street;
-  forms::Label lblCity;
-  forms::TextBox ran_payee_city;
-  forms::Label lblProvince;
-  forms::ComboBox ran_payee_prov;
-  forms::Label lblCountry;
-  forms::DropDownList ran_payee_country;
-  forms::Label lblPostalCode;
-  forms::TextBox ran_payee_postal;
-  forms::Label lblCurrency;
-  forms::DropDownList cmbCurrencyCode;
-  forms::Label lblPhoneNo;
-  forms::Label Label19;
-  forms::TextBox txtPhoneCountryCode;
-  forms::TextBox ran_payee_ph_area;
-  forms::TextBox ran_payee_phone;
-  forms::TextBox ran_Inter_payee_phone;
-  forms::Label lblFax;
-  forms::Label Label20;
-  forms::TextBox txtFaxCountryCode;
-  forms::TextBox ran_payee_fax_area;
-  forms::TextBox ran_payee_faxnumber;
-  forms::TextBox ran_inter_payee_faxnumber;
-  forms::Label lblEmail;
-  forms::TextBox ran_payee_email;
-  forms::Label lblNotification;
-  forms::Label lblWebsite;
-  forms::TextBox ran_payee_www;
-  forms::Label lblContact;
-  forms::TextBox ran_payee_contact;
-  forms::CheckBox chkDiscountsApply;
-  forms::Frame fraBusinessNum;
-  forms::OptionButton optCBusiness;
-  forms::OptionButton optCIndividual;
-  forms::Label lblBN;
-  forms::TextBox txtBusinessNum;
-  forms::CheckBox chkBNNotAvailable;
-  forms::Label lblFXBankingInfo;
-  forms::Button cmdFXBankingInfo;
-  forms::Frame fraBankAcctInfo;
-  forms::OptionButton optBusiness;
-  forms::OptionButton optEmployee;
-  forms::Label lblbankTransit;
-  forms::TextBox txtTransit;
-  forms::Label lblbankId;
-  forms::TextBox txtBankID;
-  forms::Label Label13;
-  forms::TextBox txtAccount;
-  forms::Label lblConfirm;
-  forms::Label lblTransitConf;
-  forms::TextBox txtTransitConf;
-  forms::Label lblBankIdConf;
-  forms::TextBox txtBankIDConf;
-  forms::Label lblAccountConf;
-  forms::TextBox txtAccountConf;
-  forms::Label lbl_note;
-  forms::Label lblbkclk;
-  forms::Label lblbankaccount;
-  forms::Frame fraBankInfo;
-  forms::Label lblBankName;
-  forms::TextBox txtBankName;
-  forms::Label lblRoutingNumber;
-  forms::TextBox txtRoutingNumber;
-  forms::Label lblBankAccountNumber;
-  forms::TextBox txtBankAccountNumber;
-  forms::Label lblBankInfoConfirm;
-  forms::TextBox txtConfirmBankAccountNumber;
-  forms::Label lblDisclaimer;
-  forms::Label lblDisclaimerDetails;
-  forms::Hyperlink ctHyperLink1;
-  forms::Label Label14;
-  forms::Label Label15;
-  forms::StyledButton cmdCheque;
-  forms::StyledButton cmd_help;
-  forms::StyledButton cmd_ok;
-  forms::StyledButton cmd_cancel;
-  std::array<forms::Image, 6> imgHelpCSFTInfo;  // name, phone, fax, e-mail, business number, bank account
-  std::array<forms::Label, 11> lblAsterisk;     // required-field marks: indices 0 to 7 and 50 to 52
+  forms::Frame Frame1{*this, L"Frame1",
+                      L"Please enter the following information about this Customer Specific Biller/Funds Transfer"};
+  forms::Label Label1{Frame1, L"Label1", L"Biller Name:"};
+  forms::Label ran_payee_name{Frame1, L"ran_payee_name"};
+  forms::Label Label2{Frame1, L"Label2", L"Biller Account Number:"};
+  forms::Label ran_payee_account{Frame1, L"ran_payee_account"};
+  forms::Frame Frame3{Frame1, L"Frame3"};
+  forms::Label Label3{Frame3, L"Label3",
+                      L"Address to which remittances are to be sent (as shown on the Biller's invoice):"};
+  forms::Label lblStreet{Frame3, L"lblStreet", L"Street:"};
+  forms::TextBox ran_payee_street{Frame3, L"ran_payee_street"};
+  forms::Label lblCity{Frame3, L"lblCity", L"City:"};
+  forms::TextBox ran_payee_city{Frame3, L"ran_payee_city"};
+  forms::Label lblProvince{Frame3, L"lblProvince", L"Prov/State:"};
+  forms::ComboBox ran_payee_prov{Frame3, L"ran_payee_prov"};
+  forms::Label lblCountry{Frame3, L"lblCountry", L"Country:"};
+  forms::DropDownList ran_payee_country{
+      Frame3, L"ran_payee_country", {{L"Country", 3300}, {L"Code", 750}, {L"Phone", 900}}, countryCode};
+  forms::Label lblPostalCode{Frame3, L"lblPostalCode", L"Postal Code:"};
+  forms::TextBox ran_payee_postal{Frame3, L"ran_payee_postal"};
+  forms::Label lblCurrency{Frame3, L"lblCurrency", L"Currency:"};
+  forms::DropDownList cmbCurrencyCode{Frame3, L"cmbCurrencyCode", {{L"Currency", 3300}, {L"Code", 750}}, currencyCode};
+  forms::Label lblPhoneNo{Frame3, L"lblPhoneNo", L"Phone:"};
+  forms::Label Label19{Frame3, L"Label19", L"+"};
+  forms::TextBox txtPhoneCountryCode{Frame3, L"txtPhoneCountryCode"};
+  forms::TextBox ran_payee_ph_area{Frame3, L"ran_payee_ph_area"};
+  forms::TextBox ran_payee_phone{Frame3, L"ran_payee_phone"};
+  forms::TextBox ran_Inter_payee_phone{Frame3, L"ran_Inter_payee_phone"};
+  forms::Label lblFax{Frame3, L"lblFax", L"Fax:"};
+  forms::Label Label20{Frame3, L"Label20", L"+"};
+  forms::TextBox txtFaxCountryCode{Frame3, L"txtFaxCountryCode"};
+  forms::TextBox ran_payee_fax_area{Frame3, L"ran_payee_fax_area"};
+  forms::TextBox ran_payee_faxnumber{Frame3, L"ran_payee_faxnumber"};
+  forms::TextBox ran_inter_payee_faxnumber{Frame3, L"ran_inter_payee_faxnumber"};
+  forms::Label lblEmail{Frame3, L"lblEmail", L"Email:"};
+  forms::TextBox ran_payee_email{Frame3, L"ran_payee_email"};
+  forms::Label lblNotification{Frame3, L"lblNotification", L"*Required if recipient is to receive email notification."};
+  forms::Label lblWebsite{Frame3, L"lblWebsite", L"Website:"};
+  forms::TextBox ran_payee_www{Frame3, L"ran_payee_www"};
+  forms::Label lblContact{Frame3, L"lblContact", L"Contact Person / Dept:"};
+  forms::TextBox ran_payee_contact{Frame3, L"ran_payee_contact"};
+  forms::CheckBox chkDiscountsApply{Frame3, L"chkDiscountsApply", L"Discounts Apply to this Biller"};
+  forms::Frame fraBusinessNum{Frame3, L"fraBusinessNum"};
+  forms::OptionButton optCBusiness{fraBusinessNum, L"optCBusiness", L"&Business"};
+  forms::OptionButton optCIndividual{fraBusinessNum, L"optCIndividual", L"&Individual"};
+  forms::Label lblBN{fraBusinessNum, L"lblBN", L"Business Number GST/HST (BN):"};
+  forms::TextBox txtBusinessNum{fraBusinessNum, L"txtBusinessNum"};
+  forms::CheckBox chkBNNotAvailable{fraBusinessNum, L"chkBNNotAvailable", L"Not Available"};
+  forms::Label lblFXBankingInfo{Frame1, L"lblFXBankingInfo", foreignBankExplained};
+  forms::Button cmdFXBankingInfo{Frame1, L"cmdFXBankingInfo", L"&Enter Banking Information"};
+  forms::Frame fraBankAcctInfo{Frame1, L"fraBankAcctInfo", optionalAccountCaption};
+  forms::OptionButton optBusiness{fraBankAcctInfo, L"optBusiness", L"Business"};
+  forms::OptionButton optEmployee{fraBankAcctInfo, L"optEmployee", L"Employee"};
+  forms::Label lblbankTransit{fraBankAcctInfo, L"lblbankTransit", L"Transit Number (5 digits):"};
+  forms::TextBox txtTransit{fraBankAcctInfo, L"txtTransit"};
+  forms::Label lblbankId{fraBankAcctInfo, L"lblbankId", L"Bank Id (3 digits):"};
+  forms::TextBox txtBankID{fraBankAcctInfo, L"txtBankID"};
+  forms::Label Label13{fraBankAcctInfo, L"Label13", L"Account Number( max. 12 digits):"};
+  forms::TextBox txtAccount{fraBankAcctInfo, L"txtAccount"};
+  forms::Label lblConfirm{fraBankAcctInfo, L"lblConfirm", L"Confirm"};
+  forms::Label lblTransitConf{fraBankAcctInfo, L"lblTransitConf", L"Transit Number:"};
+  forms::TextBox txtTransitConf{fraBankAcctInfo, L"txtTransitConf"};
+  forms::Label lblBankIdConf{fraBankAcctInfo, L"lblBankIdConf", L"Bank Id:"};
+  forms::TextBox txtBankIDConf{fraBankAcctInfo, L"txtBankIDConf"};
+  forms::Label lblAccountConf{fraBankAcctInfo, L"lblAccountConf", L"Account Number:"};
+  forms::TextBox txtAccountConf{fraBankAcctInfo, L"txtAccountConf"};
+  forms::Label lbl_note{
+      fraBankAcctInfo, L"lbl_note",
+      L"Note: The first payment to a business may be made by cheque if a bank account has not been provided."};
+  forms::Label lblbkclk{fraBankAcctInfo, L"lblbkclk"};
+  forms::Label lblbankaccount{fraBankAcctInfo, L"lblbankaccount"};
+  forms::Frame fraBankInfo{Frame1, L"fraBankInfo", L"Bank Account Information:"};
+  forms::Label lblBankName{fraBankInfo, L"lblBankName", L"Bank Name:"};
+  forms::TextBox txtBankName{fraBankInfo, L"txtBankName"};
+  forms::Label lblRoutingNumber{fraBankInfo, L"lblRoutingNumber", L"Routing Number (ACH Routing Number 9 Digits):"};
+  forms::TextBox txtRoutingNumber{fraBankInfo, L"txtRoutingNumber"};
+  forms::Label lblBankAccountNumber{fraBankInfo, L"lblBankAccountNumber", L"Account Number( max. 17 digits):"};
+  forms::TextBox txtBankAccountNumber{fraBankInfo, L"txtBankAccountNumber"};
+  forms::Label lblBankInfoConfirm{fraBankInfo, L"lblBankInfoConfirm", L"Confirm:"};
+  forms::TextBox txtConfirmBankAccountNumber{fraBankInfo, L"txtConfirmBankAccountNumber"};
+  forms::Label lblDisclaimer{fraBankInfo, L"lblDisclaimer", L"Disclaimer:"};
+  forms::Label lblDisclaimerDetails{fraBankInfo, L"lblDisclaimerDetails"};
+  forms::Hyperlink ctHyperLink1{fraBankInfo, L"ctHyperLink1"};
+  forms::Label Label14{Frame1, L"Label14",
+                       L"The above information must be entered accurately to ensure timely payment"};
+  forms::Label Label15{*this, L"Label15", L"Items with * are required fields."};
+  forms::StyledButton cmdCheque{*this, L"cmdCheque", L"&View Sample Cheque"};
+  forms::StyledButton cmd_help{*this, L"cmd_help", L"&Help"};
+  forms::StyledButton cmd_ok{*this, L"cmd_ok", L"&OK"};
+  forms::StyledButton cmd_cancel{*this, L"cmd_cancel", L"Cancel"};
+  std::array<forms::Image, 6> imgHelpCSFTInfo{
+      {{Frame1, {L"imgHelpCSFTInfo", 0}, helpImage, helpImageCaption},
+       {Frame3, {L"imgHelpCSFTInfo", 1}, helpImage, helpImageCaption},
+       {Frame3, {L"imgHelpCSFTInfo", 2}, helpImage, helpImageCaption},
+       {Frame3, {L"imgHelpCSFTInfo", 3}, helpImage, helpImageCaption},
+       {fraBusinessNum, {L"imgHelpCSFTInfo", 4}, helpImage, helpImageCaption},
+       {fraBankAcctInfo, {L"imgHelpCSFTInfo", 5}, helpImage, helpImageCaption}}};
+  std::array<forms::Label, 11> lblAsterisk{{{Frame3, {L"lblAsterisk", 0}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 1}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 2}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 3}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 4}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 5}, requiredMark},
+                                            {Frame3, {L"lblAsterisk", 6}, requiredMark},
+                                            {fraBusinessNum, {L"lblAsterisk", 7}, requiredMark},
+                                            {fraBankAcctInfo, {L"lblAsterisk", 50}, requiredMark},
+                                            {fraBankAcctInfo, {L"lblAsterisk", 51}, requiredMark},
+                                            {fraBankAcctInfo, {L"lblAsterisk", 52}, requiredMark}}};
 
  protected:
   void Form_Load() override;
   void Form_Activate() override;
   void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
   void Form_KeyPress(wchar_t& key) override;
+  void reportTop(const forms::Control& field) override;
 
  private:
-  // Set-up: the record into the controls, and the layout of a biller kind (SetupForm.cpp).
+  /// What is known of each field (Fields.cpp).
+  std::vector<Field> rows();
+
+  // The record into the controls, and the layout of a biller kind (SetupForm.cpp).
   void SetupForm();
   void selectProvince();
   void selectCountry();
-  void fillPhones();
-  void setUpBankBlocks();
-  void selectKind();
-  void selectDiscounts();
+  void selectCurrency();
   void SetupBusinessForm();
   void SetupIndividualForm();
-  void switchBusinessNumber(bool on);
-  void showMarks(int first, int last, bool visible);
 
   // Where everything stands (Layout.cpp).
   void arrange();
-  void arrangeAddress();
-  void arrangeBankAccount();
-  void arrangeBankInfo();
   void arrangeBusiness();
   void arrangeUnitedStates();
   void arrangeIndividual();
-  void stack(std::initializer_list<forms::Control*> blocks, forms::Twips below);
-  void putUnderFrame1();
 
-  // The biller kind and payment kind buttons (SetupForm.cpp).
+  // The biller kind and payment kind (Kinds.cpp).
   void connectKinds();
-  void optCBusiness_Click();
-  void optCIndividual_Click();
-  void chkBNNotAvailable_Click();
-  void optBusiness_Click();
+  bool hasBusinessNumber() const { return optCBusiness.selected() && !chkBNNotAvailable.checked(); }
 
   // Reference lists (ReferenceLists.cpp).
-  void connectLists();
   void LoadProvinces();
   void LoadCurrencyCodes();
   void LoadCountries();
@@ -181,55 +203,32 @@ class frmRandomInfo : public ComponentForm {
   void setCurrency(const std::wstring& code);
 
   // The international state and the decisions that lead to it (International.cpp).
-  void connectInternational();
   void SetFXBiller(bool isFX);
   void SetFXPhoneNumber(bool isFX);
   void ShowFXBankingInfoScreen();
   bool FXCurrencyExists(std::wstring_view code);
   void cmbCurrencyCode_LostFocus();
   void ran_payee_country_LostFocus();
-  bool leavesToCancel() const;
-  bool acceptsInternational();
-  void takeTelephoneCode();
   void storeForeignBank(frmFXBankInfo::Details bank);
 
-  // What each field does with keys, changes, focus and pasting (FieldRules.cpp).
-  void connectFields();
-  void connectKeyFilters();
-  void connectChangeRules();
-  void connectBankNumbers();
-  void connectFocusReports();
-  void connectPasteGuards();
+  // What only one field does (FieldRules.cpp).
   bool fitsPostal(wchar_t key) const;
-  void changed(const forms::TextField& field);
   void chooseKnownProvince();
+  void txtBusinessNum_Change();
   void txtBusinessNum_LostFocus();
-  /// The first available of `candidates` behind `field` in tab order takes the focus from it.
-  void moveOn(const forms::Control& field, const std::vector<forms::Control*>& candidates);
+  std::wstring businessNumberToStore() const;
   bool hasBankNumbers() const;
+  void bankNumberChanged();
   void clearConfirmation();
   void showConfirmation(bool visible);
 
-  // OK (Acceptance.cpp).
+  // OK (acceptance/).
   class Acceptance;
   void cmd_ok_Click();
 
-  // Procedures for the host.
-  void boundFields();
+  // Help, links, the sample cheque and the way out.
   void connectButtons();
   void cmd_cancel_Click();
-  void cmd_help_Click();
-  void cmdCheque_Click();
-  void imgHelpCSFTInfo_Click(int index);
-  void ctHyperLink1_Click();
-  void showHelp(std::uint32_t topic);
-  void reportTop(const forms::Control& field) const;
-
-  /// Domestic is the ordinary biller; every other kind is paid in US dollars through the US payment route.
-  bool domestic() const { return store().WhatKindOfBiller == L" "; }
-  /// Whether the country is one of North America's that dial alike, in its two- or three-letter form.
-  bool inCanada() const;
-  bool inUnitedStates() const;
 
   /// What the bank fields held just after set-up.
   struct BankTexts {
@@ -241,12 +240,11 @@ class frmRandomInfo : public ComponentForm {
   };
 
   BankTexts opening_;
-  bool foreignCurrency_ = false;  // the biller has been accepted as an international one
-  bool foreignBankChanged_ =
-      false;                       // details of the foreign bank in the record differ from what the dialog opened with
-  bool readOnly_ = false;          // shown for viewing only
-  std::wstring pendingAccount_;    // bank account being re-keyed; empty while none is
-  forms::Twips frame3Height_ = 0;  // as designed
+  bool foreignCurrency_ = false;     // the biller has been accepted as an international one
+  bool foreignBankChanged_ = false;  // the record's foreign bank differs from what the dialog opened with
+  bool readOnly_ = false;            // shown for viewing only
+  std::wstring pendingAccount_;      // bank account being re-keyed; empty while none is
+  forms::Twips frame3Height_ = 0;    // as designed
 };
 
 }  // namespace nv

@@ -1,80 +1,61 @@
 // What the foreign bank details dialog does when the user presses OK.
 #include "dialogs/fxbank/frmFXBankInfo.h"
+#include "dialogs/support/Confirmation.h"
 #include "dialogs/support/Messages.h"
-#include "platform/Text.h"
 #include "validation/AddressRules.h"
 #include "validation/BankChecks.h"
 
 namespace nv {
 
-using platform::MessageBoxes;
-
 namespace {
 
-constexpr wchar_t mask = L'*';
-
-bool sameTrimmed(const forms::TextField& a, const forms::TextField& b) {
-  return trimmed(a.text()) == trimmed(b.text());
+/// Messages come under the component's caption, unless they have one of their own.
+Verdict refusal(const wchar_t* message, const wchar_t* caption = applicationTitle) {
+  return Verdict::stop().saying(message, caption);
 }
 
 }  // namespace
 
-/// A message that leaves the dialog open, under the component's caption or one of its own.
-void frmFXBankInfo::tell(const wchar_t* text, const wchar_t* caption) {
-  component().services.messages.show(text, caption, MessageBoxes::Icon::information, MessageBoxes::Buttons::ok);
-}
-
 void frmFXBankInfo::cmd_ok_Click() {
-  if (refusesBlank(txtBankName, L"You must enter bank name.")) return;
-  if (refusesBlank(txtBankStreet, L"You must enter bank street.")) return;
-  if (refusesBlank(txtBankCity, L"You must enter bank city.")) return;
-  if (refusesBlank(cmbBankProv, L"You must enter bank province/state.")) return;
-  if (refusesBlank(cmbBankCountry, L"You must enter bank country.")) return;
-  if (Random::Has_PO_Box_Address(component(), txtBankStreet.text()) != 0) {
-    tell(postOfficeBoxMessage);
-    return;
-  }
-  if (inUnitedStates()) {
-    if (!refusesUnitedStates()) acceptOrConfirm(unitedStates_);
-  } else {
-    if (!refusesInternational()) acceptOrConfirm(international_);
-  }
+  const Verdict verdict = accept();
+  if (verdict.stops()) return verdict.carryOut(*this);
+  accepted_ = true;
+  unload();
 }
 
-bool frmFXBankInfo::refusesBlank(forms::TextField& field, const wchar_t* message) {
-  if (!trimmed(field.text()).empty()) return false;
-  field.setText({});
-  tell(message);
-  field.setFocus();
-  return true;
+Verdict frmFXBankInfo::accept() {
+  const std::pair<forms::TextField&, const wchar_t*> required[] = {
+      {txtBankName, L"You must enter bank name."},       {txtBankStreet, L"You must enter bank street."},
+      {txtBankCity, L"You must enter bank city."},       {cmbBankProv, L"You must enter bank province/state."},
+      {cmbBankCountry, L"You must enter bank country."},
+  };
+  for (const auto& [field, message] : required) {
+    if (trimmed(field.text()).empty()) return Verdict::stopEmptied(field).saying(message, applicationTitle);
+  }
+  if (Random::Has_PO_Box_Address(component(), txtBankStreet.text()) != 0) return refusal(postOfficeBoxMessage);
+  Verdict numbers = inUnitedStates() ? checkUnitedStates() : checkInternational();
+  return numbers.stops() ? numbers : confirm(inUnitedStates() ? unitedStates_ : international_);
 }
 
-bool frmFXBankInfo::refusesInternational() {
+Verdict frmFXBankInfo::checkInternational() const {
   const std::size_t swiftLength = txtSwiftNumber.text().size();
-  if (swiftLength == 0) {
-    tell(L"You must enter Swift code.");
-  } else if (swiftLength != 8 && swiftLength != 11) {
-    tell(L"Swift numbers must be either 8 or 11 characters long.");
-  } else if (txtBankAccount.text().empty()) {
-    tell(L"You must enter a bank account number.");
-  } else {
-    return false;
+  if (swiftLength == 0) return refusal(L"You must enter Swift code.");
+  if (swiftLength != 8 && swiftLength != 11) {
+    return refusal(L"Swift numbers must be either 8 or 11 characters long.");
   }
-  return true;
+  if (txtBankAccount.text().empty()) return refusal(L"You must enter a bank account number.");
+  return Verdict::passed();
 }
 
-bool frmFXBankInfo::refusesUnitedStates() {
+Verdict frmFXBankInfo::checkUnitedStates() const {
   if (txtUSABA.text().empty() || txtUSBankAccount.text().empty()) {
-    tell(L"You must enter both an ABA Routing # and an Account #.", L"Bank Account Number Validation");
-  } else if (!Random::ValidateABANumber(component(), txtUSABA.text())) {
-    tell(
-        L"The ABA Routing # that you have entered is not valid. Please make sure you enter a valid 9 digit ABA Routing "
-        L"#.",
-        L"Invalid ABA #");
-  } else {
-    return false;
+    return refusal(L"You must enter both an ABA Routing # and an Account #.", L"Bank Account Number Validation");
   }
-  return true;
+  if (Random::ValidateABANumber(component(), txtUSABA.text())) return Verdict::passed();
+  return refusal(
+      L"The ABA Routing # that you have entered is not valid. Please make sure you enter a valid 9 digit ABA Routing "
+      L"#.",
+      L"Invalid ABA #");
 }
 
 /// Whether the numbers differ from those that the dialog was opened with. Those of a United States bank are kept as
@@ -86,28 +67,23 @@ bool frmFXBankInfo::differsFromOpening(const Section& section) const {
   return account != openingAccount_ || number != openingSwift_;
 }
 
-void frmFXBankInfo::acceptOrConfirm(Section& section) {
+/// Numbers that have changed are to be entered a second time.
+Verdict frmFXBankInfo::confirm(Section& section) {
   if (differsFromOpening(section)) accountChanged_ = true;
-  if (!accountChanged_) {
-    accept();
-  } else if (pendingAccount_.empty()) {
-    openConfirmation(section);
-  } else if (sameTrimmed(section.accountConf, section.account) && sameTrimmed(section.numberConf, section.number)) {
+  if (!accountChanged_) return Verdict::passed();
+  if (pendingAccount_.empty()) {
+    pendingAccount_ = trimmed(section.account.text());
+    showConfirmation(section);
+    section.accountConf.setText({});
+    return Verdict::stopEmptied(section.numberConf);
+  }
+  if (sameTrimmed(section.accountConf, section.account) && sameTrimmed(section.numberConf, section.number)) {
     pendingAccount_.clear();
     closeConfirmation(section);
-    accept();
-  } else {
-    showConfirmation(section);
-    sendToConfirmation(section);
+    return Verdict::passed();
   }
-}
-
-void frmFXBankInfo::openConfirmation(Section& section) {
-  pendingAccount_ = trimmed(section.account.text());
   showConfirmation(section);
-  section.accountConf.setText({});
-  section.numberConf.setText({});
-  section.numberConf.setFocus();
+  return sendToConfirmation(section);
 }
 
 void frmFXBankInfo::showConfirmation(Section& section) {
@@ -116,35 +92,19 @@ void frmFXBankInfo::showConfirmation(Section& section) {
     box->setVisible(true);
     box->setEnabled(true);
   }
-  for (forms::TextBox* box : {&section.account, &section.number}) box->setPasswordChar(mask);
+  for (forms::TextBox* box : {&section.account, &section.number}) box->setPasswordChar(maskCharacter);
 }
 
 /// Leads the user to the confirmation that is missing or wrong.
-void frmFXBankInfo::sendToConfirmation(Section& section) {
+Verdict frmFXBankInfo::sendToConfirmation(Section& section) {
   forms::TextBox& number = section.numberConf;
   forms::TextBox& account = section.accountConf;
-  const auto select = [](forms::TextBox& box) {
-    box.selectAll();
-    box.setFocus();
-  };
-  if (account.text().empty() && !number.text().empty()) {
-    account.setFocus();
-  } else if (number.text().empty()) {
-    number.setFocus();
-  } else if (!sameTrimmed(account, section.account)) {
-    select(account);
-  } else if (!sameTrimmed(number, section.number)) {
-    select(number);
-  } else {
-    account.setText({});
-    number.setText({});
-    number.setFocus();
-  }
-}
-
-void frmFXBankInfo::accept() {
-  accepted_ = true;
-  unload();
+  if (number.text().empty()) return Verdict::stopAt(number);
+  if (account.text().empty()) return Verdict::stopAt(account);
+  if (!sameTrimmed(account, section.account)) return Verdict::stopSelected(account);
+  if (!sameTrimmed(number, section.number)) return Verdict::stopSelected(number);
+  account.setText({});
+  return Verdict::stopEmptied(number);
 }
 
 }  // namespace nv

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/support/ComponentForm.h"
+#include "dialogs/support/CountryColumn.h"
+#include "dialogs/support/Fields.h"
+#include "dialogs/support/Verdict.h"
 #include "forms/Button.h"
 #include "forms/ComboBox.h"
 #include "forms/DropDownList.h"
@@ -15,7 +17,7 @@
 
 namespace nv {
 
-class frmFXBankInfo : public ComponentForm {
+class frmFXBankInfo : public FieldForm {
  public:
   explicit frmFXBankInfo(Component& component);
 
@@ -43,37 +45,37 @@ class frmFXBankInfo : public ComponentForm {
   /// Whether OK has accepted the details.
   bool OKClicked();
 
- private:
   // The controls, in tab order.
-  forms::Frame FraBankName;
-  forms::Label Label1;
-  forms::TextBox txtBankName;
-  forms::Label Label4;
-  forms::TextBox txtBankStreet;
-  forms::Label Label6;
-  forms::TextBox txtBankCity;
-  forms::Label Label8;
-  forms::ComboBox cmbBankProv;
-  forms::Label Label9;
-  forms::DropDownList cmbBankCountry;
-  forms::Frame fraIntlBanks;
-  forms::Label lblSwiftNumber;
-  forms::TextBox txtSwiftNumber;
-  forms::Label lblBankAccount;
-  forms::TextBox txtBankAccount;
-  forms::Label lblConfirmInt;
-  forms::TextBox txtSwiftNumberConf;
-  forms::TextBox txtBankAccountConf;
-  forms::Frame fraUSBanks;
-  forms::Label lblUSABA;
-  forms::TextBox txtUSABA;
-  forms::Label lblUSBankAccount;
-  forms::TextBox txtUSBankAccount;
-  forms::Label lblConfirmUS;
-  forms::TextBox txtUSABAConf;
-  forms::TextBox txtUSBankAccountConf;
-  forms::StyledButton cmd_ok;
-  forms::StyledButton cmd_cancel;
+  forms::Frame FraBankName{*this, L"FraBankName"};
+  forms::Label Label1{FraBankName, L"Label1", L"Bank Name:"};
+  forms::TextBox txtBankName{FraBankName, L"txtBankName"};
+  forms::Label Label4{FraBankName, L"Label4", L"Bank Street:"};
+  forms::TextBox txtBankStreet{FraBankName, L"txtBankStreet"};
+  forms::Label Label6{FraBankName, L"Label6", L"Bank City:"};
+  forms::TextBox txtBankCity{FraBankName, L"txtBankCity"};
+  forms::Label Label8{FraBankName, L"Label8", L"Prov/State:"};
+  forms::ComboBox cmbBankProv{FraBankName, L"cmbBankProv"};
+  forms::Label Label9{FraBankName, L"Label9", L"Country:"};
+  forms::DropDownList cmbBankCountry{
+      FraBankName, L"cmbBankCountry", {{L"Country", 3300}, {L"Code", 750}, {L"Phone", 900}}, countryCode};
+  forms::Frame fraIntlBanks{*this, L"fraIntlBanks", L"For International Banks:"};
+  forms::Label lblSwiftNumber{fraIntlBanks, L"lblSwiftNumber", L"SWIFT Code:"};
+  forms::TextBox txtSwiftNumber{fraIntlBanks, L"txtSwiftNumber"};
+  forms::Label lblBankAccount{fraIntlBanks, L"lblBankAccount", L"IBAN# or Bank Account:"};
+  forms::TextBox txtBankAccount{fraIntlBanks, L"txtBankAccount"};
+  forms::Label lblConfirmInt{fraIntlBanks, L"lblConfirmInt", L"Confirm:"};
+  forms::TextBox txtSwiftNumberConf{fraIntlBanks, L"txtSwiftNumberConf"};
+  forms::TextBox txtBankAccountConf{fraIntlBanks, L"txtBankAccountConf"};
+  forms::Frame fraUSBanks{*this, L"fraUSBanks", L"For US Banks:"};
+  forms::Label lblUSABA{fraUSBanks, L"lblUSABA", L"ABA Routing:"};
+  forms::TextBox txtUSABA{fraUSBanks, L"txtUSABA"};
+  forms::Label lblUSBankAccount{fraUSBanks, L"lblUSBankAccount", L"Account:"};
+  forms::TextBox txtUSBankAccount{fraUSBanks, L"txtUSBankAccount"};
+  forms::Label lblConfirmUS{fraUSBanks, L"lblConfirmUS", L"Confirm:"};
+  forms::TextBox txtUSABAConf{fraUSBanks, L"txtUSABAConf"};
+  forms::TextBox txtUSBankAccountConf{fraUSBanks, L"txtUSBankAccountConf"};
+  forms::StyledButton cmd_ok{*this, L"cmd_ok", L"&OK"};
+  forms::StyledButton cmd_cancel{*this, L"cmd_cancel", L"Cancel"};
 
  protected:
   void Form_Load() override;
@@ -91,35 +93,33 @@ class frmFXBankInfo : public ComponentForm {
     forms::TextBox& accountConf;
   };
 
+  /// What is known of each field.
+  std::vector<Field> rows();
+  void arrange();
+
   void EnableUSBankDetails();
   void EnableIntlBankDetails();
-  void enable(Section& section);
   void discard(Section& section);
-
-  void cmd_ok_Click();
-  void cmd_cancel_Click();
-  void tell(const wchar_t* text, const wchar_t* caption = applicationTitle);
-  bool refusesBlank(forms::TextField& field, const wchar_t* message);
-  bool refusesInternational();
-  bool refusesUnitedStates();
-  bool differsFromOpening(const Section& section) const;
-  void acceptOrConfirm(Section& section);
-  void openConfirmation(Section& section);
-  void showConfirmation(Section& section);
-  void closeConfirmation(Section& section);
-  void sendToConfirmation(Section& section);
-  void accept();
-
+  static void setEnabled(Section& section, bool enabled);
   void cmbBankProv_Change();
   void cmbBankCountry_LostFocus();
-  static void refuseAllButCapitals(wchar_t& key);
-
   bool inUnitedStates() const { return cmbBankCountry.text() == unitedStates; }
-  void arrange();
-  void connect();
 
-  Section international_;
-  Section unitedStates_;
+  // OK (Acceptance.cpp)
+  void cmd_ok_Click();
+  Verdict accept();
+  Verdict checkInternational() const;
+  Verdict checkUnitedStates() const;
+  Verdict confirm(Section& section);
+  bool differsFromOpening(const Section& section) const;
+  static void showConfirmation(Section& section);
+  static void closeConfirmation(Section& section);
+  static Verdict sendToConfirmation(Section& section);
+
+  Section international_{fraIntlBanks,   lblSwiftNumber, txtSwiftNumber,     lblBankAccount,
+                         txtBankAccount, lblConfirmInt,  txtSwiftNumberConf, txtBankAccountConf};
+  Section unitedStates_{fraUSBanks,       lblUSABA,     txtUSABA,     lblUSBankAccount,
+                        txtUSBankAccount, lblConfirmUS, txtUSABAConf, txtUSBankAccountConf};
   bool accepted_ = false;
   bool accountChanged_ = false;
   std::wstring pendingAccount_;  // being confirmed; empty while no confirmation is open

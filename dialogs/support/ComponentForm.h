@@ -10,13 +10,21 @@
 namespace nv {
 
 class ComponentForm : public forms::Form {
+ public:
+  Component& component() const { return component_; }
+  Store& store() const { return component_.store; }
+
+  /// A message box captioned with the form's own caption.
+  platform::MessageBoxes::Answer message(
+      std::wstring_view text, platform::MessageBoxes::Icon icon = platform::MessageBoxes::Icon::information,
+      platform::MessageBoxes::Buttons buttons = platform::MessageBoxes::Buttons::ok) const {
+    return component_.services.messages.show(text, caption(), icon, buttons);
+  }
+
  protected:
   /// @param name the form's name in labels. @param windowName the name of its window. Both literals.
   ComponentForm(Component& component, std::wstring_view name, std::wstring_view windowName, forms::Border border)
       : Form(component.widgetset, component.forms, name, windowName, border), component_(component) {}
-
-  Component& component() const { return component_; }
-  Store& store() const { return component_.store; }
 
   /// Makes `body` the event procedure of `event`: it is traced, and a run-time error in it is reported under the same
   /// label and leaves the form open.
@@ -33,15 +41,13 @@ class ComponentForm : public forms::Form {
     };
   }
 
-  void failed(const RuntimeError& error) noexcept override {
-    ShowError(component_, error.number(), error.description(), name(), false, {});
+  template <class Body>
+  void onClick(forms::Control& control, Body body) {
+    on(control.click, {name(), control.name(), L"Click"}, std::move(body));
   }
 
-  /// A message box captioned with the form's own caption.
-  platform::MessageBoxes::Answer message(
-      std::wstring_view text, platform::MessageBoxes::Icon icon = platform::MessageBoxes::Icon::information,
-      platform::MessageBoxes::Buttons buttons = platform::MessageBoxes::Buttons::ok) const {
-    return component_.services.messages.show(text, caption(), icon, buttons);
+  void failed(const RuntimeError& error) noexcept override {
+    ShowError(component_, error.number(), error.description(), name(), false, {});
   }
 
  private:

@@ -27,7 +27,11 @@ constexpr forms::Twips characters(int count) {
 
 class Grid {
  public:
+  /// A control of a row, as wide as it is or as the layout says.
   struct Field {
+    Field(forms::Control& control)  // NOLINT(google-explicit-constructor): a row names its controls
+        : Field(control, control.place().width) {}
+    Field(forms::Control& control, forms::Twips width) : control(control), width(width) {}
     forms::Control& control;
     forms::Twips width;
   };

@@ -1,0 +1,81 @@
+// The record of an accepted biller.
+#include "dialogs/biller/ForeignAccount.h"
+#include "dialogs/biller/acceptance/Acceptance.h"
+
+namespace nv {
+
+namespace {
+
+/// The values of a record that are to change: all are made ready before the first one is stored.
+class NewValues {
+ public:
+  void add(std::wstring& stored, std::wstring value) {
+    if (trimmed(value) != trimmed(stored)) differ_ = true;
+    values_.push_back({stored, std::move(value)});
+  }
+  void store() {
+    for (Value& value : values_) value.stored = std::move(value.entered);
+  }
+  /// Whether one differs from what is stored, but for blanks around it.
+  bool differ() const { return differ_; }
+
+ private:
+  struct Value {
+    std::wstring& stored;
+    std::wstring entered;
+  };
+  std::vector<Value> values_;
+  bool differ_ = false;
+};
+
+}  // namespace
+
+void frmRandomInfo::Acceptance::accept() {
+  std::wstring joined;
+  if (form_.hasBankNumbers()) {
+    joined = form_.txtBankID.text() + L"-" + form_.txtTransit.text() + L"-" + form_.txtAccount.text();
+  }
+  form_.lblbankaccount.setCaption(std::move(joined));
+
+  NewValues values;
+  values.add(store().PayeeName, std::wstring(trimmed(form_.ran_payee_name.caption())));
+  values.add(store().PayeeBillAccount, std::wstring(trimmed(form_.ran_payee_account.caption())));
+  for (const Field& row : form_.fields()) {
+    if (auto value = form_.valueOf(row)) values.add(store().*row.record, std::move(*value));
+  }
+  const bool individual = form_.optCIndividual.selected();
+  values.add(store().PayeeIndBusnTag, individual ? individualTag : businessTag);
+  values.add(store().PayeeIndBussFlg, individual ? individualFlag : businessFlag);
+  const bool discounts = form_.chkDiscountsApply.checked();
+  if (form_.chkDiscountsApply.enabled() && discounts != (store().PayeeDiscountsApply == L"1")) {
+    values.add(store().PayeeDiscountsApply, discounts ? L"1" : L"0");
+  }
+  values.store();
+
+  if (store().Add == flagFalse && !values.differ() && !form_.foreignBankChanged_) {
+    store().closeResult = Store::cancelledResult;
+  }
+  form_.pendingAccount_.clear();
+  form_.CSBOK.raise();
+  form_.unload();
+}
+
+/// Compared as the user sees them: a record that joins routing number and account is not a different one.
+void frmRandomInfo::Acceptance::storeRoutingNumberDetails() {
+  const ForeignAccount stored = foreignAccount(store());
+  std::wstring name(textOf(form_.txtBankName));
+  std::wstring number(textOf(form_.txtRoutingNumber));
+  std::wstring account(textOf(form_.txtBankAccountNumber));
+  if (trimmed(store().PayeeFXBankName) != name || trimmed(stored.number) != number ||
+      trimmed(stored.account) != account) {
+    form_.foreignBankChanged_ = true;
+  }
+  NewValues values;
+  values.add(store().PayeeFXBankName, std::move(name));
+  values.add(store().PayeeFXBankAccount, std::move(account));
+  values.add(store().PayeeFXBankSwift, std::move(number));
+  values.add(store().PayeeFXBankCountry, unitedStatesCode);
+  values.store();
+}
+
+}  // namespace nv
