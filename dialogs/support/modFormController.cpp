@@ -1,5 +1,9 @@
 #include "dialogs/support/modFormController.h"
 
+#include <algorithm>
+#include <limits>
+#include <ranges>
+
 #include "component/core/ShowError.h"
 #include "component/core/Trace.h"
 #include "forms/Button.h"
@@ -13,19 +17,21 @@ namespace {
 constexpr const wchar_t* standardFont = L"MS Sans Serif";
 
 struct Style {
+  std::int16_t from;  // the FormStyle that it is for, up to the next row's
   const wchar_t* font;
   forms::Colour background;
+  std::int16_t buttonStyle;
 };
 
-Style styleOf(std::int16_t formStyle) {
-  switch (formStyle) {
-    case 2:
-      return {standardFont, forms::colours::white};
-    case 3:
-      return {L"Segoe UI", forms::colours::white};
-    default:
-      return {standardFont, forms::colours::buttonFace};
-  }
+constexpr Style styles[] = {
+    {std::numeric_limits<std::int16_t>::min(), standardFont, forms::colours::buttonFace, 0},
+    {2, standardFont, forms::colours::white, 2},
+    {3, L"Segoe UI", forms::colours::white, 2},
+    {4, standardFont, forms::colours::buttonFace, 2},
+};
+
+const Style& styleOf(std::int16_t formStyle) {
+  return *std::ranges::find_if(styles | std::views::reverse, [=](const Style& row) { return row.from <= formStyle; });
 }
 
 void setFontName(forms::Control& control, const std::wstring& name) {
@@ -34,11 +40,11 @@ void setFontName(forms::Control& control, const std::wstring& name) {
   control.setFont(std::move(font));
 }
 
-void restyle(forms::Control& control, const std::wstring& font, forms::Colour background, std::int16_t formStyle) {
+void restyle(forms::Control& control, const Style& style, const std::wstring& font) {
   using forms::Kind;
   switch (control.kind()) {
     case Kind::label:
-      control.setBackColor(background);
+      control.setBackColor(style.background);
       static_cast<forms::Label&>(control).setTransparent(true);
       setFontName(control, font);
       break;
@@ -48,14 +54,14 @@ void restyle(forms::Control& control, const std::wstring& font, forms::Colour ba
     case Kind::frame:
     case Kind::checkBox:
     case Kind::optionButton:
-      control.setBackColor(background);
+      control.setBackColor(style.background);
       setFontName(control, font);
       break;
     case Kind::hyperlink:
-      control.setBackColor(background);
+      control.setBackColor(style.background);
       break;
     case Kind::styledButton:
-      static_cast<forms::StyledButton&>(control).setButtonStyle(formStyle < 2 ? 0 : 2);
+      static_cast<forms::StyledButton&>(control).setButtonStyle(style.buttonStyle);
       break;
     case Kind::comboBox:
     case Kind::dropDownList:
@@ -71,11 +77,10 @@ void restyle(forms::Control& control, const std::wstring& font, forms::Colour ba
 void reStyleForm(Component& component, forms::Form& form) {
   trace(component, L"modFormController - reStyleForm");
   reportedTrap(component, L"modFormController.reStyleForm", [&] {
-    const std::int16_t formStyle = component.store.FormStyle;
-    const Style style = styleOf(formStyle);
+    const Style& style = styleOf(component.store.FormStyle);
     const std::wstring font = installSystemFont(component, style.font);
     for (forms::Control* control : form.controls()) {
-      if (control->tag() != noStyleTag) restyle(*control, font, style.background, formStyle);
+      if (control->tag() != noStyleTag) restyle(*control, style, font);
     }
     form.setBackColor(style.background);
     forms::Font formFont = form.font();
