@@ -149,14 +149,14 @@ class frmRandomInfo::Acceptance {
     TextBox& postal = form_.ran_payee_postal;
     if (empty(postal)) return stopEmpty(postal);
     const std::wstring_view code = textOf(postal);
-    bool valid = postal.text().size() <= 9;
+    bool fits = postal.text().size() <= 9;
     if (form_.inCanada()) {
-      valid = valid && hasForm(code, L"A0A0A0") &&
+      fits = fits && hasForm(code, L"A0A0A0") &&
               Random::LookupPostcode(component(), form_.ran_payee_prov.text() + code.front()) != flagFalse;
     } else if (form_.inUnitedStates()) {
-      valid = valid && (hasForm(code, L"000000000") || hasForm(code, L"00000"));
+      fits = fits && (hasForm(code, L"000000000") || hasForm(code, L"00000"));
     }
-    return !valid && stopSelected(postal);
+    return !fits && stopSelected(postal);
   }
 
   bool foreignCurrency() {
