@@ -5,7 +5,7 @@
 
 namespace nv::forms {
 
-Parent::Parent(Frame& frame) : form(frame.form()), frame(&frame) {}
+Parent::Parent(Frame& itself) : form(itself.form()), frame(&itself) {}
 
 Control::Control(Parent parent, Kind kind, Name name) : parent_(parent), kind_(kind), name_(name) {
   parent.form.add(*this);

@@ -34,8 +34,8 @@ enum class Kind {
 
 /// Where a control is put: on a form itself or in a frame of it.
 struct Parent {
-  Parent(Form& form) : form(form) {}  // NOLINT(google-explicit-constructor): a form is a parent
-  Parent(Frame& frame);               // NOLINT(google-explicit-constructor): and so is a frame
+  Parent(Form& itself) : form(itself) {}  // NOLINT(google-explicit-constructor): a form is a parent
+  Parent(Frame& itself);                  // NOLINT(google-explicit-constructor): and so is a frame
   Form& form;
   Frame* frame = nullptr;
 };
@@ -43,8 +43,8 @@ struct Parent {
 /// A control's name; `index` is its place in a control array, or `noIndex`.
 struct Name {
   static constexpr int noIndex = -1;
-  Name(const wchar_t* text, int index = noIndex)  // NOLINT(google-explicit-constructor): names are written as literals
-      : text(text), index(index) {}
+  Name(const wchar_t* name, int arrayIndex = noIndex)  // NOLINT(google-explicit-constructor): names are literals
+      : text(name), index(arrayIndex) {}
   std::wstring_view text;  // must outlive the control: a literal
   int index;
 };

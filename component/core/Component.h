@@ -16,8 +16,8 @@ namespace nv {
 inline constexpr const wchar_t* applicationTitle = L"NVRandom";
 
 struct Component {
-  Component(const platform::Services& services, forms::Widgetset& widgetset)
-      : services(services), widgetset(widgetset) {}
+  Component(const platform::Services& systemServices, forms::Widgetset& formsWidgetset)
+      : services(systemServices), widgetset(formsWidgetset) {}
 
   Store store;
   forms::FormList forms;

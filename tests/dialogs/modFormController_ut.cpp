@@ -109,8 +109,8 @@ TEST_F(StyleTest, AMissingFontIsInstalledFromTheInstallation) {
     if (c.refused) disk.fail(segoe, ErrorNumber::permissionDenied);
     machine.fontsInFile = c.fonts;
     machine.addedFonts.clear();
-    const platform::Services services{messages, disk, machine, shell, installation};
-    Component other{services, widgetset};
+    const platform::Services withDisk{messages, disk, machine, shell, installation};
+    Component other{withDisk, widgetset};
     other.store.windowsDirectory = component.store.windowsDirectory;
     other.store.DLLPath = dllPath;
     EXPECT_EQ(modFormController::installSystemFont(other, L"Segoe UI"), c.result);
