@@ -70,9 +70,9 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
     Texts rows;
   };
   const Case cases[] = {
-      {"none", {}, common},
-      {"the empty array that hosts begin with", array({{0, 0}, {0, 0}}, {L""}), common},
-      {"common ones only", array({{0, 1}}, {L"USD", L"EUR;"}), common},
+      {"none", {}, with({})},
+      {"the empty array that hosts begin with", array({{0, 0}, {0, 0}}, {L""}), with({})},
+      {"common ones only", array({{0, 1}}, {L"USD", L"EUR;"}), with({})},
       {"codes, descriptions, blanks and repetitions",
        array({{1, 7}}, {L"SEK - Swedish Krona", L" ", L"CHF;Swiss Franc", L"SEK", L"NOK", L" INR - Rupee - new ", L""}),
        with({L"Swedish Krona;SEK", L"Swiss Franc;CHF", L";NOK", L"Rupee - new;INR"})},
@@ -86,7 +86,7 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
     SCOPED_TRACE(c.what);
     EXPECT_EQ(joined(currencyRows(c.offered)), c.rows);
   }
-  Texts described = common;
+  Texts described = with({});
   described[1] = L"Greenback;USD";
   EXPECT_EQ(joined(currencyRows(array({{0, 1}}, {L"USD - Greenback", L"EUR"}))), described);
 
