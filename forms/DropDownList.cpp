@@ -66,16 +66,18 @@ bool DropDownList::selectWhere(std::size_t column, std::wstring_view value) {
 }
 
 std::optional<std::size_t> DropDownList::find(std::wstring_view text) const {
-  std::optional<std::size_t> found;
-  if (text.empty()) return found;
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    const std::wstring_view whole = rows_.cell(row, textColumn_);
-    if (whole.size() == text.size() && beginsWith(whole, text)) return row;
-    for (std::size_t column = 0; !found && column < columns_.size(); ++column) {
-      if (beginsWith(rows_.cell(row, column), text)) found = row;
-    }
+  const std::size_t nameColumn = textColumn_ == 0 ? 1 : 0;
+  std::optional<std::size_t> named;
+  std::optional<std::size_t> begun;
+  for (std::size_t row = 0; row < rows_.size() && !text.empty(); ++row) {
+    const std::wstring_view code = cell(row, textColumn_);
+    if (code.size() == text.size() && beginsWith(code, text)) return row;
+    const std::wstring_view name = cell(row, nameColumn);
+    if (!beginsWith(name, text)) continue;
+    if (!named && name.size() == text.size()) named = row;
+    if (!begun && code.size() != text.size()) begun = row;
   }
-  return found;
+  return named ? named : begun;
 }
 
 void DropDownList::picked(std::size_t row) {

@@ -17,7 +17,8 @@ class DropDownList : public TextField {
     Twips width = 0;
   };
 
-  /// @param textColumn the column that goes into the text when the user picks a row.
+  /// @param columns at least two.
+  /// @param textColumn the column with the rows' codes: what goes into the text when the user picks a row.
   DropDownList(Parent parent, Name name, std::initializer_list<Column> columns, std::size_t textColumn);
 
   const std::vector<Column>& columns() const { return columns_; }
@@ -40,8 +41,9 @@ class DropDownList : public TextField {
   /// Selects the first row with this cell, to the letter; none when there is none. Returns whether there is one.
   bool selectWhere(std::size_t column, std::wstring_view value);
 
-  /// The row that typing `text` finds: the one whose text column is just that, else the first in which a column begins
-  /// so; letters A to Z count alike in both cases. An empty text finds none.
+  /// The row that typing `text` finds: the one whose code, its text column, or whose name, its first other column, is
+  /// just that; else the first whose name begins so. A text as long as a row's code does not count as the beginning of
+  /// that row's name. Letters A to Z count alike in both cases. An empty text finds none.
   std::optional<std::size_t> find(std::wstring_view text) const;
 
   /// For the widgetset: the user picked a row.

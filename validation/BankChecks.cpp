@@ -23,15 +23,15 @@ std::wstring dataPath(const Store& store) {
   return root;
 }
 
-/// The host's version as the verifier expects it: without dots and, when it is a whole number, of four digits at least
-/// ("7.05" is "0705").
+/// The host's version as the verifier expects it: without dots and, when that is a number, as one of four digits at
+/// least ("7.05" is "0705", and so is "007.05").
 std::wstring programVersion(const Store& store) {
   std::wstring version = store.NorvikProgramVersion;
   std::erase(version, L'.');
+  if (version.empty() || !std::ranges::all_of(version, isDigit)) return version;
   constexpr std::size_t digits = 4;
-  if (!version.empty() && version.size() < digits && std::ranges::all_of(version, isDigit)) {
-    version.insert(0, digits - version.size(), L'0');
-  }
+  version.erase(0, version.find_first_not_of(L'0'));
+  if (version.size() < digits) version.insert(0, digits - version.size(), L'0');
   return version;
 }
 

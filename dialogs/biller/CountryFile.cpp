@@ -1,7 +1,9 @@
 #include "dialogs/biller/CountryFile.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -12,63 +14,63 @@ namespace {
 constexpr std::wstring_view canada[] = {L"Canada", L"CA", L"1"};
 constexpr std::wstring_view unitedStates[] = {L"United States", L"US", L"1"};
 
-/// Takes comma-separated values from a text, one after the other.
-class Values {
+std::wstring_view withoutBlanks(std::wstring_view text) {
+  const auto isBlank = [](wchar_t c) { return c == L' ' || c == L'\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+/// Takes the text up to the separator, or all of it, and the separator.
+std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
+  const std::wstring_view part = text.substr(0, text.find(separator));
+  text.remove_prefix(std::min(part.size() + 1, text.size()));
+  return part;
+}
+
+/// Takes the next line and its end: CR, LF or both.
+std::wstring_view takenLine(std::wstring_view& text) {
+  const auto ends = [](wchar_t c) { return c == L'\r' || c == L'\n'; };  // a search for two calls a function for each
+  const std::wstring_view line(text.begin(), std::ranges::find_if(text, ends));
+  text.remove_prefix(line.size());
+  text.remove_prefix(text.starts_with(L"\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+  return line;
+}
+
+/// The comma-separated fields of a line, without the blanks and tabs around them.
+class Fields {
  public:
-  explicit Values(std::wstring_view text) : rest_(text) {}
-
-  bool atEnd() const { return rest_.empty(); }
-
-  /// The next value, trimmed, and whether it was the last one of its line. A value in quotes lies in the buffer.
-  std::wstring_view next(std::wstring& buffer, bool& endsLine) {
-    skipBlanks();
-    if (!rest_.empty() && rest_.front() == L'"') return quoted(buffer, endsLine);
-    const std::size_t end = endOfValue();
-    const std::wstring_view value = trimmed(rest_.substr(0, end));
-    rest_.remove_prefix(end);
-    endsLine = passSeparator();
-    return value;
+  /// The line's fields, until the next call.
+  std::span<const std::wstring_view> of(std::wstring_view line) {
+    fields_.clear();
+    unquoted_.clear();
+    unquoted_.reserve(line.size());  // fields refer to it
+    for (bool more = true; more;) {
+      line = withoutBlanks(line);
+      const bool quoted = line.starts_with(L'"');
+      const std::wstring_view inQuotes = quoted ? takenQuoted(line) : std::wstring_view();
+      more = line.find(L',') != line.npos;
+      const std::wstring_view bare = taken(line, L',');
+      fields_.push_back(withoutBlanks(quoted ? inQuotes : bare));
+    }
+    return fields_;
   }
 
  private:
-  std::wstring_view quoted(std::wstring& buffer, bool& endsLine) {
-    rest_.remove_prefix(1);
-    buffer.clear();
+  /// What stands between the quote that the line begins with and the one that closes it, or the line's end. A doubled
+  /// quote stands for one.
+  std::wstring_view takenQuoted(std::wstring_view& line) {
+    const std::size_t start = unquoted_.size();
     for (;;) {
-      const std::size_t end = std::min(rest_.find(L'"'), rest_.size());
-      buffer += rest_.substr(0, end);
-      rest_.remove_prefix(std::min(end + 1, rest_.size()));
-      if (rest_.empty() || rest_.front() != L'"') break;
-      buffer += L'"';  // a doubled quote stands for one
-      rest_.remove_prefix(1);
+      line.remove_prefix(1);
+      unquoted_ += taken(line, L'"');
+      if (!line.starts_with(L'"')) return std::wstring_view(unquoted_).substr(start);
+      unquoted_ += L'"';
     }
-    rest_.remove_prefix(endOfValue());
-    endsLine = passSeparator();
-    return trimmed(buffer);
   }
 
-  /// Position of the next separator. A plain loop: the search for one of several characters calls a function for each.
-  std::size_t endOfValue() const {
-    const auto separates = [](wchar_t c) {
-      return c <= L',' && (c == L',' || c == L'\r' || c == L'\n');  // nearly all are beyond the comma
-    };
-    return static_cast<std::size_t>(std::ranges::find_if(rest_, separates) - rest_.begin());
-  }
-
-  void skipBlanks() {
-    while (!rest_.empty() && rest_.front() == L' ') rest_.remove_prefix(1);
-  }
-
-  /// Passes a comma or the end of a line. Returns whether it was the latter.
-  bool passSeparator() {
-    if (rest_.empty()) return true;
-    const bool comma = rest_.front() == L',';
-    const bool twoCharacters = rest_.starts_with(L"\r\n");
-    rest_.remove_prefix(twoCharacters ? 2 : 1);
-    return !comma;
-  }
-
-  std::wstring_view rest_;
+  std::vector<std::wstring_view> fields_;
+  std::wstring unquoted_;
 };
 
 bool isCode(std::wstring_view code) {
@@ -79,28 +81,28 @@ bool isCode(std::wstring_view code) {
 }  // namespace
 
 forms::RowTable countryRows(std::wstring_view text, const std::function<bool(std::wstring_view)>& offered) {
+  constexpr wchar_t controlZ = 0x1A;
+  text = text.substr(0, std::min(text.find(L'\0'), text.find(controlZ)));
   forms::RowTable rows(countryColumns);
   rows.reserve(text.size() / 16, text.size());
   rows.add(canada);
   rows.add(unitedStates);
 
-  Values values(text);
-  bool endsLine = false;
-  std::wstring_view cells[countryColumns + 1];  // what lies beyond the columns comes last
-  std::wstring buffers[countryColumns + 1];
-  if (!values.atEnd()) values.next(buffers[0], endsLine);
-  while (!values.atEnd()) {
-    std::size_t count = 0;
-    do {
-      const std::size_t column = std::min<std::size_t>(count, countryColumns);
-      cells[column] = values.next(buffers[column], endsLine);
-      ++count;
-    } while (!endsLine);
-    if (count < countryColumns || !isCode(cells[countryCode])) continue;
-    const wchar_t letters[] = {asciiUpper(cells[countryCode][0]), asciiUpper(cells[countryCode][1])};
+  Fields fields;
+  std::wstring name;
+  for (bool heading = true; !text.empty(); heading = false) {
+    const auto values = fields.of(takenLine(text)).subspan(heading ? 1 : 0);
+    if (values.size() < 2) continue;
+    const bool withPhone = values.size() > 2;
+    const std::size_t codeAt = values.size() - (withPhone ? 2 : 1);
+    const std::wstring_view given = values[codeAt];
+    if (!isCode(given)) continue;
+    const wchar_t letters[] = {asciiUpper(given[0]), asciiUpper(given[1])};
     const std::wstring_view code(letters, std::size(letters));
     if (code == canada[countryCode] || code == unitedStates[countryCode] || !offered(code)) continue;
-    rows.add({cells[countryName], code, cells[countryPhone]});
+    name = values.front();  // with the commas that took it apart
+    for (const std::wstring_view more : values.subspan(1, codeAt - 1)) name.append(L", ").append(more);
+    rows.add({withoutBlanks(name), code, withPhone ? values.back() : std::wstring_view()});
   }
   return rows;
 }

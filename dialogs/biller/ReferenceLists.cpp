@@ -106,12 +106,10 @@ forms::RowTable currencyRows(const StringArray& offered) {
         others, [&](const Currency& other) { return other.code == common.code && !other.description.empty(); });
     rows.add({described == others.end() ? common.description : described->description, common.code});
   }
-  bool separated = false;
+  rows.add({separatorDescription, separatorCode});
   for (const Currency& other : others) {
     if (std::ranges::any_of(commonCurrencies, [&](const Currency& common) { return common.code == other.code; }))
       continue;
-    if (!separated) rows.add({separatorDescription, separatorCode});
-    separated = true;
     rows.add({other.description, other.code});
   }
   return rows;

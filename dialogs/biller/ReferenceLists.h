@@ -19,7 +19,7 @@ std::span<const wchar_t* const> unitedStatesCodes();
 /// itself is listed once.
 std::vector<std::wstring> provinceCodes(std::wstring_view provpostalstr);
 
-/// The six common currencies, then, behind a separator row, the host's others in its order.
+/// The six common currencies, a separator row, then the host's others in its order.
 /// @param offered two rows (codes, descriptions), or texts of the form "CODE", "CODE - description" or
 /// "CODE;description". Blank entries are passed over, a code listed twice appears once.
 forms::RowTable currencyRows(const StringArray& offered);

@@ -31,12 +31,16 @@ frmCheque::frmCheque(Component& component)
     : ComponentForm(component, L"frmCheque", L"frmCheque", forms::Border::dialog),
       picture(*this, L"picture", L"SAMPLECHEQUE", L"Sample cheque"),
       Label1(*this, L"Label1", L"Common Bank IDs:"),
-      cmbBankName(*this, L"cmbBankName", {{L"Bank ID", 900}, {L"Name", 3600}}, 1) {
+      cmbBankName(*this, L"cmbBankName", {{L"Bank ID", 900}, {L"Name", 3600}}, 0) {
   setCaption(L"Sample Cheque");
   setSize(9000, 4740);
   picture.setPlace({180, 180, 8640, 3720});
   Label1.setPlace({180, 4170, 1500, 240});
   cmbBankName.setPlace({1740, 4110, 3900, 330});
+  cmbBankName.click = [this] {
+    const std::size_t row = cmbBankName.selectedRow().value_or(0);
+    cmbBankName.setText(std::wstring(cmbBankName.cell(row, 0)).append(L" - ").append(cmbBankName.cell(row, 1)));
+  };
 }
 
 void frmCheque::Form_Load() {

@@ -70,9 +70,9 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
     Texts rows;
   };
   const Case cases[] = {
-      {"none", {}, common},
-      {"the empty array that hosts begin with", array({{0, 0}, {0, 0}}, {L""}), common},
-      {"common ones only", array({{0, 1}}, {L"USD", L"EUR;"}), common},
+      {"none", {}, with({})},
+      {"the empty array that hosts begin with", array({{0, 0}, {0, 0}}, {L""}), with({})},
+      {"common ones only", array({{0, 1}}, {L"USD", L"EUR;"}), with({})},
       {"codes, descriptions, blanks and repetitions",
        array({{1, 7}}, {L"SEK - Swedish Krona", L" ", L"CHF;Swiss Franc", L"SEK", L"NOK", L" INR - Rupee - new ", L""}),
        with({L"Swedish Krona;SEK", L"Swiss Franc;CHF", L";NOK", L"Rupee - new;INR"})},
@@ -86,7 +86,7 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
     SCOPED_TRACE(c.what);
     EXPECT_EQ(joined(currencyRows(c.offered)), c.rows);
   }
-  Texts described = common;
+  Texts described = with({});
   described[1] = L"Greenback;USD";
   EXPECT_EQ(joined(currencyRows(array({{0, 1}}, {L"USD - Greenback", L"EUR"}))), described);
 
@@ -97,7 +97,7 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
 TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
   struct Case {
     const char* what;
-    const wchar_t* text;
+    std::wstring_view text;
     Texts rows;  // behind those that are always there
   };
   const Case cases[] = {
@@ -105,15 +105,21 @@ TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
       {"a heading alone", L"Countries of the world", {}},
       {"the file's order", L"H\nGermany,DE,49\nAustria,AT,43\n", {L"Germany;DE;49", L"Austria;AT;43"}},
       {"the two neighbours once", L"H\r\nCANADA,CA,001\r\nUSA,US,001\r\nAustria,AT,43", {L"Austria;AT;43"}},
-      {"trimmed", L"H\n  Austria , AT ,  43  \n", {L"Austria;AT;43"}},
+      {"trimmed", L"H\n \t Austria\t, AT ,\t 43 \t\n", {L"Austria;AT;43"}},
       {"quoted",
-       L"H\n\"Korea, Republic of\",\"KR\",82\n\"The \"\"X\"\"\",XX,1\n",
-       {L"Korea, Republic of;KR;82", L"The \"X\";XX;1"}},
-      {"cut short", L"H\nAustria\nGermany,DE\n\nFrance,FR,33\nSpain,ES", {L"France;FR;33"}},
+       L"H\n\"Korea, Republic of\",\"KR\" ?,82\n\"The \"\"X\"\"\",XX,1\n\"\"\"Y\",YY,\"\"",
+       {L"Korea, Republic of;KR;82", L"The \"X\";XX;1", L"\"Y;YY;"}},
+      {"cut short", L"H\nAustria\nGermany,D\n\nFrance,FR,33\nSpain,", {L"France;FR;33"}},
       {"no code", L"H\nAustria,AUT,43\nGermany,D,49\nSpain,E1,34\nFrance,FR,33", {L"France;FR;33"}},
-      {"without a number", L"H\nAustria,AT,", {L"Austria;AT;"}},
-      {"more values", L"H\nAustria,AT,43,x,y\nFrance,FR,33", {L"Austria;AT;43", L"France;FR;33"}},
-      {"an open quote", L"H\nFrance,FR,33\n\"Austria,AT,43", {L"France;FR;33"}},
+      {"without a number", L"H\nAustria,AT,\nGermany,DE\r,FR\n", {L"Austria;AT;", L"Germany;DE;", L";FR;"}},
+      {"commas in the name",
+       L"H\nKorea , Republic of,KR,82\n,,BB,1\nA,\"B, C\",D,XX,\nAustria,AT,43,x,y",
+       {L"Korea, Republic of;KR;82", L",;BB;1", L"A, B, C, D;XX;"}},
+      {"an open quote ends with its line",
+       L"H\n\"Austria,AT,43\nFrance,\"FR\nSpain,ES,34",
+       {L"France;FR;", L"Spain;ES;34"}},
+      {"the filling of a last block", L"H\nFrance,FR,33\n\x1ASpain,ES,34", {L"France;FR;33"}},
+      {"a NUL", {L"H\nFrance,FR,33\0\nSpain,ES,34", 26}, {L"France;FR;33"}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);

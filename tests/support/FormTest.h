@@ -50,7 +50,7 @@ class SampleForm : public forms::Form {
   forms::Label lblTick{*this, L"lblTick", L"&Please tick:"};
   forms::CheckBox tick{*this, L"tick", L"&Tick"};
   forms::ComboBox combo{*this, L"combo"};
-  forms::DropDownList list{*this, L"list", {{L"Country", 2000}, {L"Code", 600}}, 0};
+  forms::DropDownList list{*this, L"list", {{L"Country", 2000}, {L"Code", 600}}, 1};
   forms::Button go{*this, L"go", L"&Go"};
   forms::Hyperlink link{*this, L"link", L"More"};
   forms::Button leave{*this, L"leave", L"Leave"};

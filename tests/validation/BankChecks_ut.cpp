@@ -72,8 +72,9 @@ TEST_F(BankChecksTest, HostValuesAreShapedForTheVerifier) {
   };
   const Case cases[] = {
       {L"", L"", L"DataPath=", L"ProgramVersion="},
-      {L"C:\\norvik\\x", L"1", L"DataPath=", L"ProgramVersion=0001"},
-      {L"D:\\A\\NORVIK", L"12.3.4567", L"DataPath=D:\\A", L"ProgramVersion=1234567"},
+      {L"C:\\norvik\\x", L"01.02.03", L"DataPath=", L"ProgramVersion=10203"},
+      {L"D:\\A\\NORVIK", L"007.05", L"DataPath=D:\\A", L"ProgramVersion=0705"},
+      {L"E:\\NORVIK", L"0.0", L"DataPath=E:", L"ProgramVersion=0000"},
       {L"\\NORVIK\\x", L"...", L"DataPath=", L"ProgramVersion="},
       {L"C:\\NORVIKS\\NORVIK", L"7.5b", L"DataPath=C:", L"ProgramVersion=75b"},
   };
