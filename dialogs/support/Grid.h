@@ -29,9 +29,9 @@ class Grid {
  public:
   /// A control of a row, as wide as it is or as the layout says.
   struct Field {
-    Field(forms::Control& control)  // NOLINT(google-explicit-constructor): a row names its controls
-        : Field(control, control.place().width) {}
-    Field(forms::Control& control, forms::Twips width) : control(control), width(width) {}
+    Field(forms::Control& c)  // NOLINT(google-explicit-constructor): a row names its controls
+        : Field(c, c.place().width) {}
+    Field(forms::Control& c, forms::Twips w) : control(c), width(w) {}
     forms::Control& control;
     forms::Twips width;
   };
