@@ -71,12 +71,11 @@ ClsRandom::~ClsRandom() {
 
 std::int32_t ClsRandom::ShowForm() {
   trace(component_, L"ClsRandom - ShowForm");
-  component_.store.closeResult = 0;
   component_.store.importFlag = flagFalse;
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   try {
     form->showModal();
-    return component_.store.closeResult;
+    return form->closeResult();
   } catch (...) {
     return RuntimeError::current().number();
   }

@@ -150,6 +150,7 @@ void Form::detach() {
   for (Control* control : controls_) control->attach(nullptr);
   if (peer_) peer_->close();
   loadedForms_.remove(*this);
+  Form_Unload();
 }
 
 bool Form::active() const {
@@ -206,7 +207,11 @@ void Form::focusByKeyboard(Control& control) {
 }
 
 void Form::sendKey(wchar_t key) {
-  if (peer_) peer_->sendKey(key);
+  if (typing_) {
+    keysToSend_ += key;
+  } else if (peer_) {
+    peer_->sendKey(key);
+  }
 }
 
 bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
@@ -232,8 +237,12 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
 wchar_t Form::characterTyped(Control& control, wchar_t character) {
   const auto keep = shared_from_this();
   if (busy()) return 0;
-  Form_KeyPress(character);
-  if (character != 0 && loaded()) control.keyPress.raise(character);
+  {
+    const Raised typing(typing_);
+    Form_KeyPress(character);
+    if (character != 0 && loaded()) control.keyPress.raise(character);
+  }
+  for (const wchar_t key : std::exchange(keysToSend_, {})) sendKey(key);
   return loaded() ? character : L'\0';
 }
 

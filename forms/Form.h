@@ -89,7 +89,8 @@ class Form : public std::enable_shared_from_this<Form> {
   };
   bool busy() const { return busy_ != 0; }
 
-  /// Queues a keystroke for whatever control has the focus when it arrives.
+  /// Queues a keystroke for whatever control has the focus when it arrives: not before the handlers of the key that is
+  /// being typed have returned, even if they let messages through.
   void sendKey(wchar_t key);
   /// The window's handle as a host knows it; 0 when not loaded.
   std::intptr_t handle() const { return loaded() && peer_ ? peer_->handle() : 0; }
@@ -121,6 +122,8 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void Form_Activate() {}
   virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
   virtual void Form_KeyPress(wchar_t& /*key*/) {}
+  /// The form is gone, whichever way; its controls still hold their values.
+  virtual void Form_Unload() noexcept {}
 
   Widgetset& widgetset() const { return widgetset_; }
 
@@ -149,6 +152,8 @@ class Form : public std::enable_shared_from_this<Form> {
   bool shown_ = false;
   int busy_ = 0;
   bool showWhenLoaded_ = false;
+  bool typing_ = false;         // the handlers of a character are running
+  std::wstring keysToSend_;     // by them
   bool askedToUnload_ = false;  // by other than code, and Form_QueryUnload has not returned
   bool goneUnasked_ = false;    // the window was destroyed from outside
 };

@@ -109,33 +109,35 @@ std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::
   });
 }
 
-std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
-                            std::int16_t& errorLength, bool flag) {
+std::optional<std::int16_t> ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
+                                           std::int16_t& errorLength, bool flag) {
   trace(component, L"Random - ValidateBankId");
-  return reportedTrap(component, L"Random.ValidateBankId", refused, [&]() -> std::int16_t {
-    errorMessage.clear();
-    if (trimmed(bankId).empty()) return refuse(L"Invalid bank id", errorMessage, errorLength);
-    // Copies: the verifier may let messages through before it gets them.
-    return askVerifier(component, [&, id = std::wstring(bankId)](AccountVerifier& verifier) {
-      return verifier.ValidateBankId(id, flag, errorMessage, errorLength);
-    });
-  });
+  return reportedTrap(component, L"Random.ValidateBankId", std::optional<std::int16_t>(),
+                      [&]() -> std::optional<std::int16_t> {
+                        errorMessage.clear();
+                        if (trimmed(bankId).empty()) return refuse(invalidBankId, errorMessage, errorLength);
+                        // Copies: the verifier may let messages through before it gets them.
+                        return askVerifier(component, [&, id = std::wstring(bankId)](AccountVerifier& verifier) {
+                          return verifier.ValidateBankId(id, flag, errorMessage, errorLength);
+                        });
+                      });
 }
 
-std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId, std::wstring_view transit,
-                                 std::wstring_view account, std::wstring& errorMessage, std::int16_t& errorLength,
-                                 bool flag) {
+std::optional<std::int16_t> ValidateBankAccount(Component& component, std::wstring_view bankId,
+                                                std::wstring_view transit, std::wstring_view account,
+                                                std::wstring& errorMessage, std::int16_t& errorLength, bool flag) {
   trace(component, L"Random - ValidateBankAccount");
-  return reportedTrap(component, L"Random.ValidateBankAccount", refused, [&]() -> std::int16_t {
-    errorMessage.clear();
-    if (trimmed(bankId).empty() || trimmed(transit).empty() || trimmed(account).empty()) {
-      return refuse(L"Invalid bank account", errorMessage, errorLength);
-    }
-    return askVerifier(component, [&, id = std::wstring(bankId), branch = std::wstring(transit),
-                                   number = std::wstring(account)](AccountVerifier& verifier) {
-      return verifier.ValidateBankAccount(id, branch, number, errorMessage, errorLength, flag);
-    });
-  });
+  return reportedTrap(component, L"Random.ValidateBankAccount", std::optional<std::int16_t>(),
+                      [&]() -> std::optional<std::int16_t> {
+                        errorMessage.clear();
+                        if (trimmed(bankId).empty() || trimmed(transit).empty() || trimmed(account).empty()) {
+                          return refuse(invalidBankAccount, errorMessage, errorLength);
+                        }
+                        return askVerifier(component, [&, id = std::wstring(bankId), branch = std::wstring(transit),
+                                                       number = std::wstring(account)](AccountVerifier& verifier) {
+                          return verifier.ValidateBankAccount(id, branch, number, errorMessage, errorLength, flag);
+                        });
+                      });
 }
 
 bool ValidateABANumber(Component& component, std::wstring_view routingNumber) {

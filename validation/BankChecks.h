@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,15 +20,20 @@ namespace nv::Random {
 std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::wstring_view account,
                            std::wstring& errorMessage, std::int16_t ignored, bool flag);
 
+/// What there is to say of a refused bank id or account for which nobody gives a reason.
+inline constexpr const wchar_t* invalidBankId = L"Invalid bank id";
+inline constexpr const wchar_t* invalidBankAccount = L"Invalid bank account";
+
 /// Has the verifier check a bank id. A session id that the verifier hands out with a valid result is kept.
 /// @param errorLength length of `errorMessage`, as the verifier gives it.
-std::int16_t ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
-                            std::int16_t& errorLength, bool flag);
+/// @return nothing when a run-time error ended the check, which has been reported then.
+std::optional<std::int16_t> ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,
+                                           std::int16_t& errorLength, bool flag);
 
 /// Has the verifier check an account with its bank id and transit. Else as ValidateBankId.
-std::int16_t ValidateBankAccount(Component& component, std::wstring_view bankId, std::wstring_view transit,
-                                 std::wstring_view account, std::wstring& errorMessage, std::int16_t& errorLength,
-                                 bool flag);
+std::optional<std::int16_t> ValidateBankAccount(Component& component, std::wstring_view bankId,
+                                                std::wstring_view transit, std::wstring_view account,
+                                                std::wstring& errorMessage, std::int16_t& errorLength, bool flag);
 
 /// Whether a United States routing number has 9 digits and the right checksum and, unless the biller is a domestic one,
 /// an assigned prefix.

@@ -17,10 +17,6 @@ struct Store {
 #define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
 
-  /// What a closing dialog leaves for ShowForm to return: 0, or `cancelledResult`.
-  std::int32_t closeResult = 0;
-  static constexpr std::int32_t cancelledResult = 50000;
-
   /// True while the dialog is shown by ShowForm_Import, for reading only.
   Flag16 importFlag = flagFalse;
 

@@ -33,7 +33,7 @@ bool frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstring
       L"[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$",
       std::regex::ECMAScript | std::regex::icase);
   if (matches(address, pattern)) return true;
-  message = L"Please enter a valid e-mail address with the form 'name@example.com'.";
+  message = invalidMail;
   return false;
 }
 
@@ -41,7 +41,7 @@ bool frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& messag
   trace(component(), L"RandomInfo - ValidateWebsite");
   static const Pattern pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
   if (matches(site, pattern)) return true;
-  message = L"Please enter a valid website with the form\r\n'www.example.com'.";
+  message = invalidWebsite;
   return false;
 }
 

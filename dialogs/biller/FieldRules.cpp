@@ -20,7 +20,7 @@ constexpr const wchar_t* noBusinessNumber = L"         ";
 bool frmRandomInfo::fitsPostal(wchar_t key) const {
   constexpr int canadianLength = 6;
   if (inUnitedStates()) return isDigit(key);
-  if (!inCanada()) return isCapitalOrDigit(key) || key == L' ';
+  if (!inCanada()) return isCapitalOrDigit(key) || key == L' ' || key == L'-';
   const int position = ran_payee_postal.selection().start;
   return position < canadianLength && (position % 2 == 0 ? isCapital(key) : isDigit(key));
 }
@@ -46,7 +46,8 @@ void frmRandomInfo::txtBusinessNum_LostFocus() {
   if (txtBusinessNum.text().empty()) return;
   const Busy busy(*this);
   if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text())) return;
-  txtBusinessNum.selectAll();
+  // Nothing is selected: an Enter that led here types a "9", which must not replace the number.
+  txtBusinessNum.select(static_cast<int>(txtBusinessNum.text().size()), 0);
   txtBusinessNum.setFocus();
 }
 
@@ -62,7 +63,7 @@ bool frmRandomInfo::hasBankNumbers() const {
 /// Once all bank numbers are gone, so is their re-keying.
 void frmRandomInfo::bankNumberChanged() {
   if (hasBankNumbers()) return;
-  pendingAccount_.clear();
+  confirming_ = false;
   clearConfirmation();
   showConfirmation(false);
 }

@@ -251,7 +251,14 @@ std::vector<Field> frmRandomInfo::rows() {
        .unmasks = true,
        .left = onlyTraced,
        .paste = Paste::refused},
-      {.field = txtConfirmBankAccountNumber, .length = 17, .paste = Paste::refused},
+      {.field = txtConfirmBankAccountNumber,
+       .length = 17,
+       .keys = isAccountCharacter,
+       .typedAs = Case::upper,
+       .next = {&cmd_ok},
+       .whenFull = Field::Leads{},
+       .shape = Shape::cleansed,
+       .paste = Paste::refused},
   };
 }
 

@@ -21,9 +21,8 @@ inline ForeignAccount foreignAccount(const Store& store) {
   constexpr std::size_t routingNumberLength = 9;
   const std::wstring& account = store.PayeeFXBankAccount;
   const std::wstring& swift = store.PayeeFXBankSwift;
-  const bool apart = swift.size() == routingNumberLength && std::ranges::all_of(swift, isDigit);
-  const bool joined = store.PayeeFXBankCountry == L"US" && !apart;
-  if (!joined) return {store.PayeeFXBankSwift, account};
+  const bool joined = store.PayeeFXBankCountry == L"US" && trimmed(swift).empty();
+  if (!joined) return {swift, account};
   return {account.substr(0, routingNumberLength),
           account.size() > routingNumberLength ? account.substr(routingNumberLength) : std::wstring()};
 }

@@ -41,19 +41,25 @@ void takeTelephoneCode(frmRandomInfo& form) {
 
 void frmRandomInfo::SetFXBiller(bool isFX) {
   trace(component(), L"RandomInfo - SetFXBiller");
-  const std::initializer_list<forms::Control*> domesticOnly = {&optCBusiness,   &optCIndividual, &fraBusinessNum,
-                                                               &txtBusinessNum, &lblBN,          &chkBNNotAvailable};
+  international_ = isFX;
+  const std::initializer_list<forms::Control*> domesticOnly = {&optCBusiness, &optCIndividual, &fraBusinessNum, &lblBN,
+                                                               &chkBNNotAvailable};
   for (forms::Control* control : domesticOnly) control->setEnabled(!isFX);
   if (isFX) optCBusiness.setSelected(true);
+  switchBusinessNumber(!isFX);
   cmdFXBankingInfo.setVisible(isFX);
   lblFXBankingInfo.setVisible(isFX);
   fraBankAcctInfo.setVisible(!isFX);
   if (isFX) {
     for (forms::TextBox* number : {&txtTransit, &txtBankID, &txtAccount}) number->setText({});
   } else {
-    foreignCurrency_ = false;
     for (forms::TextBox* code : {&txtPhoneCountryCode, &txtFaxCountryCode}) code->setText(L"1");
   }
+}
+
+/// What made the biller international lasts until country and currency are both those of an ordinary one.
+void frmRandomInfo::endInternationalAtHome() {
+  if ((inCanada() || inUnitedStates()) && cmbCurrencyCode.text() == canadianDollar) foreignCurrency_ = false;
 }
 
 void frmRandomInfo::SetFXPhoneNumber(bool isFX) {
@@ -84,6 +90,7 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   const std::wstring code = cmbCurrencyCode.text().substr(0, 3);
   if (code == canadianDollar) {
     SetFXBiller(false);
+    endInternationalAtHome();
     return;
   }
   const bool foreign = code != separatorCode;
@@ -96,6 +103,7 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   } else {
     setCurrency(canadianDollar);
     SetFXBiller(false);
+    endInternationalAtHome();
   }
 }
 
@@ -111,6 +119,7 @@ void frmRandomInfo::ran_payee_country_LostFocus() {
     if (domestic() && !foreignCurrency_) {
       if (acceptsInternational(*this)) {
         foreignCurrency_ = true;
+        SetFXBiller(true);
       } else {
         setCountry(canadaCode);
         SetFXBiller(false);
@@ -119,6 +128,7 @@ void frmRandomInfo::ran_payee_country_LostFocus() {
     if (foreignCurrency_ || !domestic()) takeTelephoneCode(*this);
   }
   if (!abroad() && cmbCurrencyCode.text() == canadianDollar) SetFXBiller(false);
+  endInternationalAtHome();
   SetFXPhoneNumber(!inCanada() && !inUnitedStates());
 }
 
@@ -152,18 +162,18 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
 
 void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {
   const bool unitedStates = bank.country == unitedStatesCode;
-  std::pair<std::wstring&, std::wstring> values[] = {
-      {store().PayeeFXBankName, std::move(bank.name)},
-      {store().PayeeFXBankAddress, std::move(bank.street)},
-      {store().PayeeFXBankCity, std::move(bank.city)},
-      {store().PayeeFXBankProv, std::move(bank.province)},
-      {store().PayeeFXBankCountry, std::move(bank.country)},
-      {store().PayeeFXBankAccount, unitedStates ? bank.routing + bank.usAccount : std::move(bank.account)},
-      {store().PayeeFXBankSwift, unitedStates ? std::wstring() : std::move(bank.swift)},
+  std::pair<std::wstring Store::*, std::wstring> values[] = {
+      {&Store::PayeeFXBankName, std::move(bank.name)},
+      {&Store::PayeeFXBankAddress, std::move(bank.street)},
+      {&Store::PayeeFXBankCity, std::move(bank.city)},
+      {&Store::PayeeFXBankProv, std::move(bank.province)},
+      {&Store::PayeeFXBankCountry, std::move(bank.country)},
+      {&Store::PayeeFXBankAccount, unitedStates ? bank.routing + bank.usAccount : std::move(bank.account)},
+      {&Store::PayeeFXBankSwift, unitedStates ? std::wstring() : std::move(bank.swift)},
   };
-  for (auto& [stored, value] : values) {
-    if (trimmed(stored) != value) foreignBankChanged_ = true;
-    stored = std::move(value);
+  for (auto& [member, value] : values) {
+    if (trimmed(store().*member) != value) foreignBankChanged_ = true;
+    provisional_.put(member, std::move(value));
   }
 }
 

@@ -194,4 +194,12 @@ void frmRandomInfo::arrangeIndividual() {
   putUnderFrame1(*this);
 }
 
+/// The button to a foreign bank, for a biller that is not shown as an international one: below everything else.
+void frmRandomInfo::arrangeBankButton() {
+  const forms::Place frame = Frame1.place();
+  cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, frame.height);
+  Frame1.setPlace({frame.left, frame.top, frame.width, frame.height + buttonHeight + gap});
+  putUnderFrame1(*this);
+}
+
 }  // namespace nv

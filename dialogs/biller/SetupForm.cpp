@@ -77,6 +77,8 @@ void frmRandomInfo::Form_Load() {
 
 void frmRandomInfo::SetupForm() {
   trace(component(), L"RandomInfo - SetupForm");
+  kindOfBiller_ = store().WhatKindOfBiller;
+  homeCurrency_ = store().CurrencyCodeFromMain;
   const std::wstring title(trimmed(store().FormTitleFromMain));
   Random::Get_Windows_Dir(component());
 
@@ -87,7 +89,7 @@ void frmRandomInfo::SetupForm() {
   ran_payee_name.setCaption(store().PayeeName);
   ran_payee_account.setCaption(store().PayeeBillAccount);
   showValues({&txtBusinessNum, &ran_payee_prov, &ran_payee_street, &ran_payee_city, &ran_payee_country});
-  const bool zip = store().CurrencyCodeFromMain == L"USD";
+  const bool zip = homeCurrency_ == L"USD";
   lblPostalCode.setCaption(zip ? L"Zip Code:" : L"Postal Code:");
   lblProvince.setCaption(zip ? L"State:" : L"Prov/State:");
   showValues({&cmbCurrencyCode});
@@ -142,7 +144,7 @@ void frmRandomInfo::selectProvince() {
 void frmRandomInfo::selectCountry() {
   const std::wstring& country = store().PayeeCountry;
   if (country.empty()) {
-    setCountry(!domestic() && store().CurrencyCodeFromMain == L"USD" ? unitedStatesCode : canadaCode);
+    setCountry(!domestic() && homeCurrency_ == L"USD" ? unitedStatesCode : canadaCode);
   } else {
     const std::wstring_view code = trimmed(country);
     setCountry(code.size() == 3 ? std::wstring(code.substr(0, 2)) : country);
@@ -155,7 +157,7 @@ void frmRandomInfo::SetupBusinessForm() {
   showMarks(*this, 50, 52, false);
   lblNotification.setVisible(false);
   fraBusinessNum.setVisible(domestic());
-  switchBusinessNumber(!chkBNNotAvailable.checked());
+  switchBusinessNumber(!international_ && !chkBNNotAvailable.checked());
   chkBNNotAvailable.setBackColor(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(optionalAccountCaption);
   cmdCheque.setVisible(false);
@@ -189,6 +191,7 @@ void frmRandomInfo::SetupIndividualForm() {
     if (control->frame() == &Frame3) control->setVisible(std::ranges::find(shown, control) != shown.end());
   }
   // A private person is no international biller, whatever the currency.
+  foreignCurrency_ = false;
   for (forms::Control* control :
        std::initializer_list<forms::Control*>{&lbl_note, &lblFXBankingInfo, &cmdFXBankingInfo})
     control->setVisible(false);
@@ -202,7 +205,7 @@ void frmRandomInfo::SetupIndividualForm() {
 
 void frmRandomInfo::selectCurrency() {
   const std::wstring& currency = store().PayeeCurrency;
-  setCurrency(currency.empty() || currency == separatorCode ? store().CurrencyCodeFromMain : currency);
+  setCurrency(currency.empty() || currency == separatorCode ? homeCurrency_ : currency);
 }
 
 void frmRandomInfo::Form_Activate() {

@@ -54,6 +54,10 @@ void frmRandomInfo::showReadOnly() {
     Frame1.setEnabled(false);
   } else {
     cmdFXBankingInfo.setCaption(L"View Banking Information");
+    if (!cmdFXBankingInfo.visible()) {
+      cmdFXBankingInfo.setVisible(true);
+      arrangeBankButton();
+    }
   }
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
@@ -92,7 +96,7 @@ void frmRandomInfo::connectButtons() {
 }
 
 void frmRandomInfo::cmd_cancel_Click() {
-  store().closeResult = Store::cancelledResult;
+  closeResult_ = cancelledResult;
   unload();
   Cancel.raise();
 }
@@ -100,10 +104,14 @@ void frmRandomInfo::cmd_cancel_Click() {
 void frmRandomInfo::Form_QueryUnload(bool& /*cancel*/, UnloadMode mode) {
   trace(component(), L"RandomInfo - Form_QueryUnload");
   if (mode == UnloadMode::code) return;
-  store().closeResult = Store::cancelledResult;
+  closeResult_ = cancelledResult;
   widgetset().runPendingEvents();
   unload();
   Cancel.raise();
+}
+
+void frmRandomInfo::Form_Unload() noexcept {
+  provisional_.takeBack();
 }
 
 }  // namespace nv

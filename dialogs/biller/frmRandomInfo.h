@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dialogs/biller/ProvisionalValues.h"
 #include "dialogs/biller/Texts.h"
 #include "dialogs/fxbank/frmFXBankInfo.h"
 #include "dialogs/support/Fields.h"
@@ -48,10 +49,14 @@ class frmRandomInfo : public FieldForm {
   void showReadOnly();
 
   /// Domestic is the ordinary biller; every other kind is paid in US dollars through the US payment route.
-  bool domestic() const { return store().WhatKindOfBiller == L" "; }
+  bool domestic() const { return kindOfBiller_ == L" "; }
   /// Whether the country is one of North America's that dial alike, in its two- or three-letter form.
   bool inCanada() const;
   bool inUnitedStates() const;
+  /// What ShowForm returns once the dialog is closed.
+  std::int32_t closeResult() const { return closeResult_; }
+  static constexpr std::int32_t cancelledResult = 50000;
+
   /// The business number's field, open or closed to entry, in the colour that says so.
   void switchBusinessNumber(bool on);
 
@@ -170,6 +175,7 @@ class frmRandomInfo : public FieldForm {
   void Form_Activate() override;
   void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
   void Form_KeyPress(wchar_t& key) override;
+  void Form_Unload() noexcept override;
   void reportTop(const forms::Control& field) override;
 
  private:
@@ -189,6 +195,7 @@ class frmRandomInfo : public FieldForm {
   void arrangeBusiness();
   void arrangeUnitedStates();
   void arrangeIndividual();
+  void arrangeBankButton();
 
   // The biller kind and payment kind (Kinds.cpp).
   void connectKinds();
@@ -204,6 +211,7 @@ class frmRandomInfo : public FieldForm {
 
   // The international state and the decisions that lead to it (International.cpp).
   void SetFXBiller(bool isFX);
+  void endInternationalAtHome();
   void SetFXPhoneNumber(bool isFX);
   void ShowFXBankingInfoScreen();
   bool FXCurrencyExists(std::wstring_view code);
@@ -239,12 +247,17 @@ class frmRandomInfo : public FieldForm {
     std::wstring bankAccountNumber;
   };
 
+  std::wstring kindOfBiller_;  // WhatKindOfBiller and CurrencyCodeFromMain when the dialog was set up: hosts that
+  std::wstring homeCurrency_;  // create another ClsRandom meanwhile change the record's
   BankTexts opening_;
+  ProvisionalValues provisional_{store()};
   bool foreignCurrency_ = false;     // the biller has been accepted as an international one
+  bool international_ = false;       // as SetFXBiller has it
   bool foreignBankChanged_ = false;  // the record's foreign bank differs from what the dialog opened with
   bool readOnly_ = false;            // shown for viewing only
-  std::wstring pendingAccount_;      // bank account being re-keyed; empty while none is
-  forms::Twips frame3Height_ = 0;    // as designed
+  bool confirming_ = false;          // the bank account is being entered a second time
+  std::int32_t closeResult_ = 0;
+  forms::Twips frame3Height_ = 0;  // as designed
 };
 
 }  // namespace nv

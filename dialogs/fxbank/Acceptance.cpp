@@ -1,4 +1,6 @@
 // What the foreign bank details dialog does when the user presses OK.
+#include <utility>
+
 #include "dialogs/fxbank/frmFXBankInfo.h"
 #include "dialogs/support/Confirmation.h"
 #include "dialogs/support/Messages.h"
@@ -58,27 +60,20 @@ Verdict frmFXBankInfo::checkUnitedStates() const {
       L"Invalid ABA #");
 }
 
-/// Whether the numbers differ from those that the dialog was opened with. Those of a United States bank are kept as
-/// one.
-bool frmFXBankInfo::differsFromOpening(const Section& section) const {
-  const std::wstring number(trimmed(section.number.text()));
-  const std::wstring account(trimmed(section.account.text()));
-  if (&section == &unitedStates_) return number + account != openingAccount_;
-  return account != openingAccount_ || number != openingSwift_;
-}
-
 /// Numbers that have changed are to be entered a second time.
 Verdict frmFXBankInfo::confirm(Section& section) {
-  if (differsFromOpening(section)) accountChanged_ = true;
+  if (trimmed(section.account.text()) != section.openingAccount ||
+      trimmed(section.number.text()) != section.openingNumber) {
+    accountChanged_ = true;
+  }
   if (!accountChanged_) return Verdict::passed();
-  if (pendingAccount_.empty()) {
-    pendingAccount_ = trimmed(section.account.text());
+  if (!std::exchange(confirming_, true)) {
     showConfirmation(section);
     section.accountConf.setText({});
     return Verdict::stopEmptied(section.numberConf);
   }
   if (sameTrimmed(section.accountConf, section.account) && sameTrimmed(section.numberConf, section.number)) {
-    pendingAccount_.clear();
+    confirming_ = false;
     closeConfirmation(section);
     return Verdict::passed();
   }

@@ -111,8 +111,6 @@ std::vector<Field> frmFXBankInfo::rows() {
 void frmFXBankInfo::Form_Load() {
   trace(component(), L"frmFXBankInfo - Form_Load");
   modFormController::reStyleForm(component(), *this);
-  openingAccount_ = store().PayeeFXBankAccount;
-  openingSwift_ = store().PayeeFXBankSwift;
 }
 
 void frmFXBankInfo::fill(const Details& details, const std::vector<std::wstring>& provinces,
@@ -134,6 +132,10 @@ void frmFXBankInfo::fill(const Details& details, const std::vector<std::wstring>
   txtBankAccount.setText(details.account);
   txtUSABA.setText(details.routing);
   txtUSBankAccount.setText(details.usAccount);
+  for (Section* section : {&international_, &unitedStates_}) {
+    section->openingNumber = trimmed(section->number.text());
+    section->openingAccount = trimmed(section->account.text());
+  }
 }
 
 frmFXBankInfo::Details frmFXBankInfo::details() const {
@@ -171,7 +173,7 @@ void frmFXBankInfo::setEnabled(Section& section, bool enabled) {
 
 /// What was typed in a section that is left is gone, an open confirmation included.
 void frmFXBankInfo::discard(Section& section) {
-  if (section.confirmLabel.visible()) pendingAccount_.clear();
+  if (section.confirmLabel.visible()) confirming_ = false;
   section.number.setText({});
   section.account.setText({});
   setEnabled(section, false);

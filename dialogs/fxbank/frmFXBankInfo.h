@@ -91,6 +91,9 @@ class frmFXBankInfo : public FieldForm {
     forms::Label& confirmLabel;
     forms::TextBox& numberConf;
     forms::TextBox& accountConf;
+    // What the dialog was filled with.
+    std::wstring openingNumber{};
+    std::wstring openingAccount{};
   };
 
   /// What is known of each field.
@@ -111,7 +114,6 @@ class frmFXBankInfo : public FieldForm {
   Verdict checkInternational() const;
   Verdict checkUnitedStates() const;
   Verdict confirm(Section& section);
-  bool differsFromOpening(const Section& section) const;
   static void showConfirmation(Section& section);
   static void closeConfirmation(Section& section);
   static Verdict sendToConfirmation(Section& section);
@@ -122,9 +124,7 @@ class frmFXBankInfo : public FieldForm {
                         txtUSBankAccount, lblConfirmUS, txtUSABAConf, txtUSBankAccountConf};
   bool accepted_ = false;
   bool accountChanged_ = false;
-  std::wstring pendingAccount_;  // being confirmed; empty while no confirmation is open
-  std::wstring openingAccount_;
-  std::wstring openingSwift_;
+  bool confirming_ = false;  // a confirmation is open
   int lastKeyInProvince_ = 0;
 };
 

@@ -174,7 +174,8 @@ TEST_F(SetupFormTest, TheBankOfTheUnitedStatesIsTakenApart) {
     const wchar_t* seenRouting;
     const wchar_t* seenAccount;
   };
-  for (const Case& c : {Case{L"US", L"021000021123456", L"S", L"021000021", L"123456"},
+  for (const Case& c : {Case{L"US", L"021000021123456", L" ", L"021000021", L"123456"},
+                        Case{L"US", L"123456", L"021ooo021", L"021ooo021", L"123456"},
                         Case{L"US", L"123456", L"021000021", L"021000021", L"123456"},
                         Case{L"US", L"021000021", L"", L"021000021", L""}, Case{L"US", L"0210", L"", L"0210", L""},
                         Case{L"", L"123456", L"021000021", L"021000021", L"123456"}}) {

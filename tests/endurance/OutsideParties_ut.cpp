@@ -1,6 +1,7 @@
 // Outside parties that fail or, while they are asked, let the user and the host go on: at each question in turn.
 #include <algorithm>
 
+#include "dialogs/biller/frmRandomInfo.h"
 #include "platform/Text.h"
 #include "tests/support/BillerTest.h"
 
@@ -152,7 +153,7 @@ const Interruption interruptions[] = {
     {"a modal show, cancelled", true,
      [](Asking& asking, User&) {
        asking.widgetset.whenModal([](User& other) { other.click(L"cmd_cancel"); });
-       EXPECT_EQ(asking.random.ShowForm(), Store::cancelledResult);
+       EXPECT_EQ(asking.random.ShowForm(), frmRandomInfo::cancelledResult);
      }},
     {"the close box", false, [](Asking&, User& user) { user.closeBox(); }},
     {"the end of the session", false, [](Asking&, User& user) { user.endSession(); }},

@@ -1,5 +1,6 @@
 // The checks of the bank account: in Canada, in the United States, abroad.
 #include <algorithm>
+#include <utility>
 
 #include "dialogs/biller/acceptance/Acceptance.h"
 #include "dialogs/support/Confirmation.h"
@@ -16,7 +17,7 @@ namespace {
 /// Results of the checks of bank ids and accounts; every other one means that the check refuses.
 constexpr std::int16_t valid = 1, doubtful = 2;
 
-std::int16_t checkId(Component& component, const std::wstring& id, std::wstring& refusal) {
+std::optional<std::int16_t> checkId(Component& component, const std::wstring& id, std::wstring& refusal) {
   if (component.store.UseAcctvfy == flagFalse) {
     std::int16_t length = 0;
     return Random::ValidateBankId(component, id, refusal, length, false);
@@ -25,7 +26,7 @@ std::int16_t checkId(Component& component, const std::wstring& id, std::wstring&
   return component.services.installation.checkBankId(component.store.DLLPath, id) == 0 ? doubtful : valid;
 }
 
-std::int16_t checkNumbers(Component& component, const frmRandomInfo& form, std::wstring& refusal) {
+std::optional<std::int16_t> checkNumbers(Component& component, const frmRandomInfo& form, std::wstring& refusal) {
   const std::wstring id(trimmed(form.txtBankID.text()));
   const std::wstring transit(trimmed(form.txtTransit.text()));
   const std::wstring account(trimmed(form.txtAccount.text()));
@@ -34,6 +35,10 @@ std::int16_t checkNumbers(Component& component, const frmRandomInfo& form, std::
   }
   std::int16_t length = 0;
   return Random::ValidateBankAccount(component, id, transit, account, refusal, length, false);
+}
+
+std::wstring saidOr(const std::wstring& refusal, const wchar_t* otherwise) {
+  return trimmed(refusal).empty() ? otherwise : refusal;
 }
 
 /// Masks a number and opens its confirmation; a number of the record may be longer than one can be typed.
@@ -51,9 +56,11 @@ Verdict frmRandomInfo::Acceptance::checkBankId() {
   if (id.text().empty()) return Verdict::passed();
   if (onlyZeros(id.text())) return Verdict::stopSelected(id);
   std::wstring refusal;
-  const std::int16_t result = checkId(component(), id.text(), refusal);
+  const std::optional<std::int16_t> result = checkId(component(), id.text(), refusal);
   if (result == valid) return Verdict::passed();
-  if (result != doubtful) return Verdict::stopSelected(id).saying(refusal, L"Bank Id Validation");
+  if (!result) return Verdict::stopSelected(id);
+  if (result != doubtful)
+    return Verdict::stopSelected(id).saying(saidOr(refusal, Random::invalidBankId), L"Bank Id Validation");
   const MessageBoxes::Answer answer = component().services.messages.show(
       L"That Bank ID does not appear to be valid. Please make sure you have not entered a cheque number. Are you sure "
       L"you want to use the Bank ID you have entered?",
@@ -111,9 +118,10 @@ Verdict frmRandomInfo::Acceptance::checkForeignBank() {
   if (hasRoutingNumberDetails()) storeRoutingNumberDetails();
   if (!form_.foreignCurrency_ || !store().PayeeFXBankAccount.empty()) return Verdict::passed();
   if (!form_.domestic()) return Verdict::stop();
-  return Verdict::stop()
-      .saying(L"Banking information is required for international payments.")
-      .pressing(form_.cmdFXBankingInfo);
+  const wchar_t* const message = L"Banking information is required for international payments.";
+  // With the Canadian dollar there is no button: the way to it leads through the currency.
+  if (!form_.cmdFXBankingInfo.available()) return Verdict::stopAt(form_.cmbCurrencyCode).saying(message);
+  return Verdict::stop().saying(message).pressing(form_.cmdFXBankingInfo);
 }
 
 Verdict frmRandomInfo::Acceptance::checkBankAccount() {
@@ -122,10 +130,12 @@ Verdict frmRandomInfo::Acceptance::checkBankAccount() {
     if (onlyZeros(textOf(*number))) return Verdict::stopSelected(*number);
   }
   std::wstring refusal;
-  const std::int16_t result = checkNumbers(component(), form_, refusal);
+  const std::optional<std::int16_t> result = checkNumbers(component(), form_, refusal);
   if (result == valid) return Verdict::passed();
   if (result == doubtful) return confirmAccount();
-  return Verdict::stopAt(form_.txtAccount).saying(refusal, L"Bank Account Number Validation");
+  if (!result) return Verdict::stopAt(form_.txtAccount);
+  return Verdict::stopAt(form_.txtAccount)
+      .saying(saidOr(refusal, Random::invalidBankAccount), L"Bank Account Number Validation");
 }
 
 /// A doubtful account that is new is to be entered a second time.
@@ -133,28 +143,28 @@ Verdict frmRandomInfo::Acceptance::confirmAccount() {
   struct Pair {
     TextBox& field;
     TextBox& confirmation;
-    const std::wstring& opening;
+    std::wstring& opening;
   };
   const Pair transit = {form_.txtTransit, form_.txtTransitConf, form_.opening_.transit};
   const Pair bankId = {form_.txtBankID, form_.txtBankIDConf, form_.opening_.bankId};
   const Pair account = {form_.txtAccount, form_.txtAccountConf, form_.opening_.account};
-  const Pair pairs[] = {transit, bankId, account};
+  Pair pairs[] = {transit, bankId, account};
 
-  if (std::ranges::all_of(pairs, [](const Pair& pair) { return textOf(pair.field) == trimmed(pair.opening); })) {
-    form_.pendingAccount_.clear();
+  const auto unchanged = [](const Pair& pair) { return textOf(pair.field) == trimmed(pair.opening); };
+  const auto confirmed = [](const Pair& pair) { return sameTrimmed(pair.confirmation, pair.field); };
+  const bool right = form_.confirming_ && std::ranges::all_of(pairs, confirmed);
+  if (right || std::ranges::all_of(pairs, unchanged)) {
+    // What was confirmed once is not asked for again, should a later check stop the acceptance.
+    for (Pair& pair : pairs) {
+      pair.opening = pair.field.text();
+      pair.field.setPasswordChar(0);
+    }
+    form_.confirming_ = false;
+    form_.clearConfirmation();
     form_.showConfirmation(false);
     return Verdict::passed();
   }
-  const bool begins = form_.pendingAccount_.empty();
-  if (begins) {
-    form_.pendingAccount_ = textOf(form_.txtAccount);
-    form_.clearConfirmation();
-  } else if (std::ranges::all_of(pairs,
-                                 [](const Pair& pair) { return pair.confirmation.text() == pair.field.text(); })) {
-    form_.clearConfirmation();
-    form_.showConfirmation(false);
-    return Verdict::passed();
-  }
+  if (!std::exchange(form_.confirming_, true)) form_.clearConfirmation();
   form_.showConfirmation(true);
   for (const Pair& pair : pairs) maskAndConfirm(pair.field, pair.confirmation);
   for (const Pair& pair : pairs) {

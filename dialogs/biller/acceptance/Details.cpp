@@ -19,8 +19,8 @@ Verdict frmRandomInfo::Acceptance::checkMail() {
   mail.setText(std::wstring(textOf(mail)));
   if (mail.text().empty()) return Verdict::passed();
   std::wstring refusal;
-  form_.ValidateEmailAddress(mail.text(), refusal, false);
-  if (refusal.empty() && !longerThanTyped(mail)) return Verdict::passed();
+  if (form_.ValidateEmailAddress(mail.text(), refusal, false) && !longerThanTyped(mail)) return Verdict::passed();
+  if (refusal.empty()) refusal = invalidMail;
   return Verdict::stopSelected(mail).saying(refusal, L"E-mail Address entry");
 }
 
@@ -36,8 +36,8 @@ Verdict frmRandomInfo::Acceptance::checkWebsite() {
     return Verdict::passed();
   }
   std::wstring refusal;
-  form_.ValidateWebsite(site.text(), refusal);
-  if (refusal.empty() && !longerThanTyped(site)) return Verdict::passed();
+  if (form_.ValidateWebsite(site.text(), refusal) && !longerThanTyped(site)) return Verdict::passed();
+  if (refusal.empty()) refusal = invalidWebsite;
   return Verdict::stopSelected(site).saying(refusal, L"Website entry");
 }
 
@@ -51,7 +51,7 @@ Verdict frmRandomInfo::Acceptance::checkMailForCurrency() {
   if (textOf(form_.cmbCurrencyCode) == canadianDollar || !empty(form_.ran_payee_email)) return Verdict::passed();
   return Verdict::stopAt(form_.ran_payee_email)
       .saying(form_.domestic() ? L"An email address is required for international payments."
-                               : L"An email address is required for " + store().CurrencyCodeFromMain + L" payments.");
+                               : L"An email address is required for " + form_.homeCurrency_ + L" payments.");
 }
 
 Verdict frmRandomInfo::Acceptance::checkKind() {
@@ -61,7 +61,7 @@ Verdict frmRandomInfo::Acceptance::checkKind() {
 
 Verdict frmRandomInfo::Acceptance::checkBusinessNumber() {
   TextBox& number = form_.txtBusinessNum;
-  if (!form_.hasBusinessNumber() || !number.enabled()) return Verdict::passed();
+  if (!form_.hasBusinessNumber() || !number.reachable()) return Verdict::passed();
   const bool valid =
       !empty(number) && !onlyZeros(textOf(number)) && Random::VerifyBusinessNumber(component(), number.text());
   return valid ? Verdict::passed() : Verdict::stopAt(number);

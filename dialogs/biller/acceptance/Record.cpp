@@ -45,17 +45,17 @@ void frmRandomInfo::Acceptance::accept() {
   }
   const bool individual = form_.optCIndividual.selected();
   values.add(store().PayeeIndBusnTag, individual ? individualTag : businessTag);
-  values.add(store().PayeeIndBussFlg, individual ? individualFlag : businessFlag);
   const bool discounts = form_.chkDiscountsApply.checked();
   if (form_.chkDiscountsApply.enabled() && discounts != (store().PayeeDiscountsApply == L"1")) {
     values.add(store().PayeeDiscountsApply, discounts ? L"1" : L"0");
   }
+  std::wstring flag = individual ? individualFlag : businessFlag;
   values.store();
+  store().PayeeIndBussFlg = std::move(flag);  // follows the tag, and counts as no change
+  form_.provisional_.keep();
 
-  if (store().Add == flagFalse && !values.differ() && !form_.foreignBankChanged_) {
-    store().closeResult = Store::cancelledResult;
-  }
-  form_.pendingAccount_.clear();
+  const bool changed = values.differ() || form_.foreignBankChanged_;
+  form_.closeResult_ = store().Add == flagFalse && !changed ? cancelledResult : 0;
   form_.CSBOK.raise();
   form_.unload();
 }
@@ -70,12 +70,10 @@ void frmRandomInfo::Acceptance::storeRoutingNumberDetails() {
       trimmed(stored.account) != account) {
     form_.foreignBankChanged_ = true;
   }
-  NewValues values;
-  values.add(store().PayeeFXBankName, std::move(name));
-  values.add(store().PayeeFXBankAccount, std::move(account));
-  values.add(store().PayeeFXBankSwift, std::move(number));
-  values.add(store().PayeeFXBankCountry, unitedStatesCode);
-  values.store();
+  form_.provisional_.put(&Store::PayeeFXBankName, std::move(name));
+  form_.provisional_.put(&Store::PayeeFXBankAccount, std::move(account));
+  form_.provisional_.put(&Store::PayeeFXBankSwift, std::move(number));
+  form_.provisional_.put(&Store::PayeeFXBankCountry, unitedStatesCode);
 }
 
 }  // namespace nv
