@@ -14,7 +14,6 @@ namespace nv {
 struct Store {
   // One member per property, named like it.
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
 
   /// What a closing dialog leaves for ShowForm to return: 0, or `cancelledResult`.
