@@ -17,6 +17,7 @@ function(nv_idl target source)
   add_custom_command(
     OUTPUT ${idl} ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
     COMMAND ${CMAKE_C_COMPILER} -E -P -x c -I ${PROJECT_SOURCE_DIR} ${ARGN} -o ${idl} ${CMAKE_CURRENT_SOURCE_DIR}/${source}
+    COMMAND sed -i /^$/d ${idl} # what lines of the table left that say nothing here
     COMMAND ${widl} -h -o ${folder}/${name}.h ${idl}
     COMMAND ${widl} -u -o ${folder}/${name}_i.c ${idl}
     COMMAND ${widl} -t -o ${folder}/${name}.tlb ${idl}
