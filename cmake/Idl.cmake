@@ -1,4 +1,4 @@
-# nv_idl(target file.idl): preprocesses an IDL file with the C preprocessor (so that it can expand tables) and compiles it
+# nv_idl(target file.idl [option...]): preprocesses an IDL file with the C preprocessor (so that it can expand tables) and compiles it
 # into <name>.idl (as hosts get it), <name>.h, <name>_i.c and <name>.tlb in the build folder. `target` is an object
 # library of the interface identifiers that brings the header's folder along.
 set(NV_IDL_INCLUDE /usr/include/wine/wine/windows)
@@ -16,7 +16,8 @@ function(nv_idl target source)
   set(widl ${NV_WIDL} -I ${NV_IDL_INCLUDE} -L ${NV_IDL_IMPORTLIB})
   add_custom_command(
     OUTPUT ${idl} ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
-    COMMAND ${CMAKE_C_COMPILER} -E -P -x c -I ${PROJECT_SOURCE_DIR} -o ${idl} ${CMAKE_CURRENT_SOURCE_DIR}/${source}
+    COMMAND ${CMAKE_C_COMPILER} -E -P -x c -I ${PROJECT_SOURCE_DIR} ${ARGN} -o ${idl} ${CMAKE_CURRENT_SOURCE_DIR}/${source}
+    COMMAND sed -i /^$/d ${idl} # what lines of the table left that say nothing here
     COMMAND ${widl} -h -o ${folder}/${name}.h ${idl}
     COMMAND ${widl} -u -o ${folder}/${name}_i.c ${idl}
     COMMAND ${widl} -t -o ${folder}/${name}.tlb ${idl}

@@ -64,7 +64,6 @@ ClsRandom::~ClsRandom() {
     return component_.store.Name;                                                                  \
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
 
 // Showing the dialog
@@ -127,10 +126,13 @@ std::shared_ptr<frmRandomInfo> ClsRandom::connectedForm() {
   if (connected_ && connected_->loaded()) return connected_;
   disconnect();
   connected_ = std::make_shared<frmRandomInfo>(component_, forms::Border::embedded);
-  connected_->CSBOK = [this] { frmRandomInfo_CSBOK(); };
-  connected_->CurrentFieldTop = [this](std::int16_t top) { frmRandomInfo_CurrentFieldTop(top); };
-  connected_->Cancel = [this] { frmRandomInfo_Cancel(); };
-  connected_->ViewSampleCheque = [this] { frmRandomInfo_ViewSampleCheque(); };
+  // Its events are relayed to the host.
+#define NV_EVENT(id, Name, ...)                             \
+  connected_->Name = [this](auto... arguments) {            \
+    trace(component_, L"ClsRandom - frmRandomInfo_" #Name); \
+    events_.Name(arguments...);                             \
+  };
+#include "component/core/properties.def"
   auto form = connected_;  // loading may let the host run
   form->load();
   return form;
@@ -138,32 +140,8 @@ std::shared_ptr<frmRandomInfo> ClsRandom::connectedForm() {
 
 void ClsRandom::disconnect() {
   if (!connected_) return;
-  connected_->CSBOK = nullptr;
-  connected_->CurrentFieldTop = nullptr;
-  connected_->Cancel = nullptr;
-  connected_->ViewSampleCheque = nullptr;
-}
-
-// Relays
-
-void ClsRandom::frmRandomInfo_CSBOK() {
-  trace(component_, L"ClsRandom - frmRandomInfo_CSBOK");
-  events_.CSBOK();
-}
-
-void ClsRandom::frmRandomInfo_CurrentFieldTop(std::int16_t top) {
-  trace(component_, L"ClsRandom - frmRandomInfo_CurrentFieldTop");
-  events_.CurrentFieldTop(top);
-}
-
-void ClsRandom::frmRandomInfo_Cancel() {
-  trace(component_, L"ClsRandom - frmRandomInfo_Cancel");
-  events_.Cancel();
-}
-
-void ClsRandom::frmRandomInfo_ViewSampleCheque() {
-  trace(component_, L"ClsRandom - frmRandomInfo_ViewSampleCheque");
-  events_.ViewSampleCheque();
+#define NV_EVENT(id, Name, ...) connected_->Name = nullptr;
+#include "component/core/properties.def"
 }
 
 }  // namespace nv

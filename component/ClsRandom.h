@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 
 #include "component/core/Component.h"
 
@@ -16,11 +15,10 @@ class frmRandomInfo;
 class ClsRandomEvents {
  public:
   virtual ~ClsRandomEvents() = default;
-  virtual void CSBOK() = 0;
-  /// @param top top of the field that got the focus, in twips from the top of the dialog.
-  virtual void CurrentFieldTop(std::int16_t top) = 0;
-  virtual void Cancel() = 0;
-  virtual void ViewSampleCheque() = 0;
+#define NV_PARAMETER(Type, name) property::Type::Argument name
+#define NV_EVENT(id, Name, ...) virtual void Name(__VA_OPT__(NV_PARAMETER(__VA_ARGS__))) = 0;
+#include "component/core/properties.def"
+#undef NV_PARAMETER
 };
 
 class ClsRandom {
@@ -47,12 +45,6 @@ class ClsRandom {
 #undef NV_RESULT_Nothing
 
  private:
-  // Relays of the connected dialog's events.
-  void frmRandomInfo_CSBOK();
-  void frmRandomInfo_CurrentFieldTop(std::int16_t top);
-  void frmRandomInfo_Cancel();
-  void frmRandomInfo_ViewSampleCheque();
-
   /// The connected dialog, loaded: made on first use, and anew once it has been unloaded.
   std::shared_ptr<frmRandomInfo> connectedForm();
   void disconnect();

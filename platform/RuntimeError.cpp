@@ -8,6 +8,17 @@ namespace nv {
 
 static_assert(std::is_nothrow_copy_constructible_v<RuntimeError>, "so that \"Out of memory\" can be reported");
 
+RuntimeError::RuntimeError(ErrorNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}
+
+RuntimeError::RuntimeError(std::int32_t number, std::wstring description)
+    : number_(number), own_(std::make_shared<const std::wstring>(std::move(description))) {}
+
+RuntimeError::~RuntimeError() = default;
+
+const char* RuntimeError::what() const noexcept {
+  return "nv::RuntimeError";
+}
+
 std::wstring_view RuntimeError::description() const noexcept {
   if (own_) return *own_;
   switch (static_cast<ErrorNumber>(number_)) {

@@ -31,14 +31,15 @@ enum class ErrorNumber : std::int32_t {
 /// their own description. Building one with a classic number allocates nothing, so it can report that memory ran out.
 class RuntimeError : public std::exception {
  public:
-  explicit RuntimeError(ErrorNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}
-  RuntimeError(std::int32_t number, std::wstring description)
-      : number_(number), own_(std::make_shared<const std::wstring>(std::move(description))) {}
+  explicit RuntimeError(ErrorNumber number) noexcept;
+  RuntimeError(std::int32_t number, std::wstring description);
+  RuntimeError(const RuntimeError&) = default;
+  ~RuntimeError() override;
 
   std::int32_t number() const noexcept { return number_; }
 
   /// For debuggers; users see `description`.
-  const char* what() const noexcept override { return "nv::RuntimeError"; }
+  const char* what() const noexcept override;
 
   /// The error's own text, else the standard text of its number.
   std::wstring_view description() const noexcept;

@@ -14,7 +14,6 @@ namespace nv {
 struct Store {
   // One member per property, named like it.
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
 
   /// True while the dialog is shown by ShowForm_Import, for reading only.

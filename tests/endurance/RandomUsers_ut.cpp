@@ -37,7 +37,6 @@ Record recordOf(const Store& store) {
     }
   };
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(L## #Name, store.Name);
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
   return record;
 }

@@ -85,7 +85,6 @@ class BillerTest : public ComponentTest {
       if constexpr (std::is_same_v<decltype(value), const std::wstring&>) texts.push_back(value);
     };
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(store.Name);
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
     return texts;
   }

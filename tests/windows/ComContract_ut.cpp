@@ -2,6 +2,7 @@
 #include <thread>
 
 #include "tests/windows/Server.h"
+#include "windows/com/Interfaces.h"
 
 namespace nv::windows::test {
 
@@ -38,13 +39,9 @@ TEST(ComContract, EveryInterfaceLeadsToEveryOtherAndToOneIdentity) {
   const auto object = server().create();
   ComPtr<IUnknown> identity;
   ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IUnknown, identity.outVoid()));
-  const IID interfaces[] = {IID_IUnknown,
-                            IID_IDispatch,
-                            IID__ClsRandom,
-                            IID_ISupportErrorInfo,
-                            IID_IProvideClassInfo,
-                            IID_IProvideClassInfo2,
-                            IID_IConnectionPointContainer};
+  std::vector<IID> interfaces = {IID_IUnknown,          IID_IDispatch,          IID_ISupportErrorInfo,
+                                 IID_IProvideClassInfo, IID_IProvideClassInfo2, IID_IConnectionPointContainer};
+  for (const HostInterface& known : hostInterfaces) interfaces.push_back(*known.iid);
   for (const IID& from : interfaces) {
     ComPtr<IUnknown> first;
     ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(from, first.outVoid()));

@@ -2,6 +2,7 @@
 #include <set>
 
 #include "tests/windows/Server.h"
+#include "windows/com/Interfaces.h"
 
 namespace nv::windows::test {
 
@@ -52,7 +53,12 @@ void expectRegistered(HKEY root) {
   EXPECT_EQ(L"Apartment", valueAt(root, classKey + L"\\InprocServer32", L"ThreadingModel"));
   EXPECT_EQ(L"{349A4C26-2CF1-4BB4-9ACA-C5FAF76E2124}", valueAt(root, L"NVRandom.ClsRandom\\CLSID"));
   EXPECT_EQ(L"Norvik Customer Specific Biller Info",
-            valueAt(root, L"TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}\\1.0"));
+            valueAt(root, std::wstring(L"TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}\\") + libraryVersion));
+  for (const HostInterface& known : hostInterfaces) {
+    wchar_t iid[40];
+    StringFromGUID2(*known.iid, iid, 40);
+    EXPECT_EQ(known.name, valueAt(root, std::wstring(L"Interface\\") + iid));
+  }
 }
 
 class Registration : public testing::Test {
@@ -92,7 +98,7 @@ TEST_F(Registration, PerUserAndBackLeavesNothingBehind) {
 
 TEST_F(Registration, KeepsTheTypeLibraryOfTheOtherWordSize) {
   const std::wstring library = L"Software\\Classes\\TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}";
-  const std::wstring other = library + (sizeof(void*) == 8 ? L"\\1.0\\0\\win32" : L"\\1.0\\0\\win64");
+  const std::wstring other = library + L"\\" + libraryVersion + L"\\0\\" + (sizeof(void*) == 8 ? L"win32" : L"win64");
   ASSERT_EQ(S_OK, Server::get().registerServer());
   RegistryKey key;
   ASSERT_EQ(ERROR_SUCCESS,

@@ -5,7 +5,6 @@
 #include <type_traits>
 
 #include "platform/Text.h"
-#include "windows/com/Marshal.h"
 
 namespace nv::windows {
 
@@ -22,8 +21,8 @@ ClsRandomObject::ClsRandomObject()
 
 STDMETHODIMP ClsRandomObject::QueryInterface(REFIID iid, void** object) {
   if (object == nullptr) return E_POINTER;
-  if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID__ClsRandom) {
-    *object = static_cast<_ClsRandom*>(this);
+  if (iid == IID_IUnknown || iid == IID_IDispatch || isHostInterface(iid)) {
+    *object = static_cast<NewestInterface*>(this);
   } else if (iid == IID_ISupportErrorInfo) {
     *object = static_cast<ISupportErrorInfo*>(this);
   } else if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2) {
@@ -55,7 +54,7 @@ STDMETHODIMP_(ULONG) ClsRandomObject::Release() {
 
 HRESULT ClsRandomObject::ownTypeInfo(ComPtr<ITypeInfo>& info) {
   if (!typeInfo_) {
-    const HRESULT result = typeInfo(IID__ClsRandom, typeInfo_);
+    const HRESULT result = typeInfo(__uuidof(NewestInterface), typeInfo_);
     if (FAILED(result)) return result;
   }
   info = typeInfo_;
@@ -89,6 +88,7 @@ constexpr Member members[] = {
 #define NV_METHOD(id, Name, Result) {L"" #Name, id},
 #include "component/core/properties.def"
 };
+static_assert(std::ranges::is_sorted(members, std::ranges::less_equal{}, &Member::id), "identifiers rise by rows");
 
 const Member* memberOf(std::wstring_view name) {
   const auto same = [name](const Member& member) {
@@ -121,7 +121,6 @@ bool takesStringArray(DISPID member) {
   bool takes = false;
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
   takes = takes || (member == (id) && std::is_same_v<property::Type, property::StringList>);
-#define NV_METHOD(id, Name, Result)
 #include "component/core/properties.def"
   return takes;
 }
@@ -149,7 +148,8 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
     }
     passed.rgvarg = &strings;
   }
-  return DispInvoke(static_cast<_ClsRandom*>(this), own.get(), member, flags, &passed, result, exception, badArgument);
+  return DispInvoke(static_cast<NewestInterface*>(this), own.get(), member, flags, &passed, result, exception,
+                    badArgument);
 }
 
 // _ClsRandom
@@ -184,7 +184,7 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
 // ISupportErrorInfo
 
 STDMETHODIMP ClsRandomObject::InterfaceSupportsErrorInfo(REFIID iid) {
-  return iid == IID__ClsRandom || iid == IID_IDispatch ? S_OK : S_FALSE;
+  return isHostInterface(iid) || iid == IID_IDispatch ? S_OK : S_FALSE;
 }
 
 // IProvideClassInfo2
@@ -220,13 +220,6 @@ STDMETHODIMP ClsRandomObject::FindConnectionPoint(REFIID iid, IConnectionPoint**
   *point = &events_;
   events_.AddRef();
   return S_OK;
-}
-
-void ClsRandomObject::CurrentFieldTop(std::int16_t top) {
-  VARIANT argument;
-  argument.vt = VT_I2;
-  argument.iVal = top;
-  events_.raise(2, {argument});
 }
 
 }  // namespace nv::windows

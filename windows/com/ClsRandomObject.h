@@ -4,15 +4,16 @@
 #include <atomic>
 #include <memory>
 
-#include "NVRandom.h"
 #include "component/ClsRandom.h"
 #include "windows/SystemHeaders.h"
 #include "windows/com/ConnectionPoint.h"
+#include "windows/com/Interfaces.h"
+#include "windows/com/Marshal.h"
 #include "windows/com/Module.h"
 
 namespace nv::windows {
 
-class ClsRandomObject final : public _ClsRandom,
+class ClsRandomObject final : public NewestInterface,
                               public ISupportErrorInfo,
                               public IProvideClassInfo2,
                               public IConnectionPointContainer,
@@ -33,7 +34,7 @@ class ClsRandomObject final : public _ClsRandom,
   STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                       EXCEPINFO* exception, UINT* badArgument) override;
 
-  // _ClsRandom: put_<Name>, get_<Name> and the methods
+  // _ClsRandom and what extends it: put_<Name>, get_<Name> and the methods
 #define NV_COM_Integer short
 #define NV_COM_Flag short
 #define NV_COM_String BSTR
@@ -69,16 +70,16 @@ class ClsRandomObject final : public _ClsRandom,
   ClsRandomObject();
   ~ClsRandomObject() override = default;
 
-  void CSBOK() override {
-    events_.raise(1);
+  // ClsRandomEvents
+#define NV_PARAMETER(Type, name) property::Type::Argument name
+#define NV_VALUE(Type, name) eventArgument(name)
+#define NV_EVENT(id, Name, ...)                               \
+  void Name(__VA_OPT__(NV_PARAMETER(__VA_ARGS__))) override { \
+    events_.raise(id, {__VA_OPT__(NV_VALUE(__VA_ARGS__))});   \
   }
-  void CurrentFieldTop(std::int16_t top) override;
-  void Cancel() override {
-    events_.raise(3);
-  }
-  void ViewSampleCheque() override {
-    events_.raise(4);
-  }
+#include "component/core/properties.def"
+#undef NV_PARAMETER
+#undef NV_VALUE
 
   HRESULT ownTypeInfo(ComPtr<ITypeInfo>& info);
 

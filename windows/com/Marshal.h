@@ -65,4 +65,12 @@ inline void toHost(std::int16_t value, short* result) {
 }
 void toHost(const std::wstring& value, BSTR* result);
 
+/// What a listener gets as an event's argument.
+inline VARIANT eventArgument(std::int16_t value) {
+  VARIANT argument;
+  argument.vt = VT_I2;
+  argument.iVal = value;
+  return argument;
+}
+
 }  // namespace nv::windows

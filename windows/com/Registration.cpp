@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "NVRandom.h"
+#include "windows/com/Interfaces.h"
 #include "windows/com/Marshal.h"
 #include "windows/com/Module.h"
 
@@ -13,7 +13,6 @@ namespace {
 
 constexpr const wchar_t* progId = L"NVRandom.ClsRandom";
 constexpr const wchar_t* description = L"Norvik Customer Specific Biller Info";
-constexpr const wchar_t* version = L"1.0";
 #ifdef _WIN64
 constexpr const wchar_t* platform = L"win64";
 #else
@@ -37,7 +36,7 @@ std::wstring libraryKey() {
   return L"TypeLib\\" + text(LIBID_NVRandom);
 }
 std::wstring versionKey() {
-  return libraryKey() + L"\\" + version;
+  return libraryKey() + L"\\" + libraryVersion;
 }
 std::wstring platformKey() {
   return versionKey() + L"\\0\\" + platform;
@@ -63,7 +62,7 @@ std::vector<Entry> entries() {
       {classKey() + L"\\ProgID", nullptr, progId},
       {classKey() + L"\\Programmable", nullptr, L""},
       {classKey() + L"\\TypeLib", nullptr, libid},
-      {classKey() + L"\\Version", nullptr, version},
+      {classKey() + L"\\Version", nullptr, libraryVersion},
       {progId, nullptr, description},
       {std::wstring(progId) + L"\\CLSID", nullptr, text(CLSID_ClsRandom)},
       {versionKey(), nullptr, description},
@@ -76,9 +75,9 @@ std::vector<Entry> entries() {
     list.push_back({key, nullptr, name});
     list.push_back({key + L"\\ProxyStubClsid32", nullptr, proxy});
     list.push_back({key + L"\\TypeLib", nullptr, libid});
-    list.push_back({key + L"\\TypeLib", L"Version", version});
+    list.push_back({key + L"\\TypeLib", L"Version", libraryVersion});
   };
-  addInterface(IID__ClsRandom, L"_ClsRandom", dualProxy);
+  for (const HostInterface& known : hostInterfaces) addInterface(*known.iid, known.name, dualProxy);
   addInterface(DIID___ClsRandom, L"__ClsRandom", dispatchProxy);
   return list;
 }
@@ -115,7 +114,7 @@ LSTATUS removeAll(HKEY classes) {
   };
   remove(classKey());
   remove(progId);
-  remove(interfaceKey(IID__ClsRandom));
+  for (const HostInterface& known : hostInterfaces) remove(interfaceKey(*known.iid));
   remove(interfaceKey(DIID___ClsRandom));
   // The type library's key is shared by both word sizes, and by versions to come.
   remove(platformKey());
