@@ -25,7 +25,7 @@ class ComboBoxWindow final : public ControlWindow {
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof(parts);
     GetComboBoxInfo(window(), &parts);
-    adopt(parts.hwndItem);
+    subclass(parts.hwndItem);
     showEntries();
     text_.connect(parts.hwndItem, comboBox_);
     apply(Attribute::place);

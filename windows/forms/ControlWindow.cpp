@@ -1,25 +1,13 @@
 #include "windows/forms/ControlWindow.h"
 
 #include <algorithm>
-#include <string>
 
 #include "forms/Frame.h"
-#include "windows/Instance.h"
 #include "windows/forms/FormWindow.h"
 
 namespace nv::windows {
 
 using forms::Attribute;
-
-void setWindowName(HWND window, std::wstring_view name) {
-  const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
-  if (atom != 0) SetPropW(window, nameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
-}
-
-void removeWindowName(HWND window) {
-  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(RemovePropW(window, nameProperty)));
-  if (atom != 0) GlobalDeleteAtom(atom);
-}
 
 int shiftState() {
   const auto down = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
@@ -31,30 +19,10 @@ void ControlWindow::create(HWND parent) {
   // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
                       (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
-  const RECT place = area();
-  window_ =
-      CreateWindowExW(kind.extendedStyle, kind.windowClass, control_.caption().c_str(), style, place.left, place.top,
-                      place.right - place.left, place.bottom - place.top, parent, nullptr, moduleInstance(), nullptr);
-  if (window_ == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
-  setWindowName(window_, control_.fullName());
-  adopt(window_);
+  window_ = createWindow({kind.windowClass, style, kind.extendedStyle}, control_.caption().c_str(), area(), parent);
+  nameWindow(window_, control_.fullName());
   created();
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
-}
-
-/// In the plain way, not by SetWindowSubclass: that looks up a window property twice for every message, which doubles
-/// the time in which the dialog opens. Nobody but its maker uses a window's user data.
-void ControlWindow::adopt(HWND inner) {
-  Subclassed& subclassed = subclassed_.emplace_back(Subclassed{inner, nullptr});
-  SetWindowLongPtrW(inner, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  subclassed.before =
-      reinterpret_cast<WNDPROC>(SetWindowLongPtrW(inner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
-}
-
-LRESULT ControlWindow::pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const {
-  const auto subclassed = std::ranges::find(subclassed_, window, &Subclassed::window);
-  return subclassed == subclassed_.end() ? DefWindowProcW(window, message, wparam, lparam)
-                                         : CallWindowProcW(subclassed->before, window, message, wparam, lparam);
 }
 
 void ControlWindow::rescale() {
@@ -130,32 +98,20 @@ forms::Colour ControlWindow::containerColour() const {
   return frame != nullptr ? frame->backColor() : form().backColor();
 }
 
-LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  auto* const self = reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  return self == nullptr ? DefWindowProcW(window, message, wparam, lparam)
-                         : self->dispatch(window, message, wparam, lparam);
-}
-
-LRESULT ControlWindow::dispatch(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_DESTROY) wipeText(window);
-  if (forgetting_ && message == WM_COMMAND) return 0;
-  if (message == WM_NCDESTROY) {
-    const LRESULT result = pass(window, message, wparam, lparam);
-    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    std::erase_if(subclassed_, [window](const Subclassed& each) { return each.window == window; });
-    if (window == window_) {
-      removeWindowName(window);
-      window_ = nullptr;
-    }
-    return result;
-  }
-  return shielded(form(), [&] { return handle(window, message, wparam, lparam); });
+  if (destroying_ && message == WM_COMMAND) return 0;
+  return handle(window, message, wparam, lparam);
 }
 
-/// Memory that a window gives back holds nothing of what stood in it: blanks take the place of its text, which nobody
-/// hears of any more. Longer than any field's, such a text was no secret.
+void ControlWindow::destroyed(HWND window) {
+  if (window == window_) window_ = nullptr;
+}
+
+/// Overwrite the text before destruction: freed memory must not hold account numbers. Nobody hears of the change. No
+/// field takes more characters than are overwritten.
 void ControlWindow::wipeText(HWND window) {
-  forgetting_ = true;
+  destroying_ = true;
   wchar_t blanks[128];
   const auto length = std::min<LRESULT>(pass(window, WM_GETTEXTLENGTH, 0, 0), std::size(blanks) - 1);
   if (length <= 0) return;
@@ -241,7 +197,7 @@ bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam
       return false;
   }
   ControlWindow* const target = owner.controlOf(child);
-  if (target == nullptr || target->forgetting_) return false;
+  if (target == nullptr || target->destroying_) return false;
   // A window within a control reports to the control; of its messages only the question for colours comes from here.
   const bool colours = message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM;
   if (child != target->window_ && !colours) return false;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "windows/Instance.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
@@ -23,10 +22,7 @@ ControlWindow::Native DropDownListWindow::native() const {
 }
 
 void DropDownListWindow::created() {
-  const HWND edit = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP, 0, 0, 0, 0,
-                                    window(), nullptr, moduleInstance(), nullptr);
-  if (edit == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
-  adopt(edit);
+  const HWND edit = createWindow({L"EDIT", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP}, L"", {}, window());
   text_.connect(edit, list_);
   EnableWindow(edit, list_.enabled());
   placeText();
@@ -171,10 +167,7 @@ void DropDownListWindow::drop(bool down) {
 
 void DropDownListWindow::picked(std::size_t row) {
   drop(false);
-  shielded(form(), [&] {
-    moveTo(static_cast<std::ptrdiff_t>(row));
-    return 0;
-  });
+  moveTo(static_cast<std::ptrdiff_t>(row));
 }
 
 /// Picks the row, or the nearest one that there is.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "windows/Instance.h"
 #include "windows/Scopes.h"
 #include "windows/forms/DropDownListWindow.h"
 #include "windows/forms/FormWindow.h"
@@ -22,21 +21,20 @@ thread_local DropDownPopup* openPopup = nullptr;
 void DropDownPopup::create() {
   const ActivationContextScope controls;
   const HWND root = GetAncestor(owner_.window(), GA_ROOT);
-  popup_ =
-      CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, dropDownPopupClass, L"",
-                      WS_POPUP | WS_BORDER | WS_CLIPCHILDREN, 0, 0, 0, 0, root, nullptr, moduleInstance(), nullptr);
-  SetWindowSubclass(popup_, popupProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
-  rows_ = CreateWindowExW(
-      0, WC_LISTVIEWW, L"",
-      WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER, 0, 0,
-      0, 0, popup_, nullptr, moduleInstance(), nullptr);
-  SetWindowSubclass(rows_, listProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  if (popup_ == nullptr) {
+    popup_ = createWindow({dropDownPopupClass, WS_POPUP | WS_BORDER | WS_CLIPCHILDREN,
+                           WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE},
+                          L"", {}, root);
+  }
+  rows_ = createWindow({WC_LISTVIEWW, WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
+                                          LVS_SHOWSELALWAYS | LVS_NOSORTHEADER},
+                       L"", {}, popup_);
   ListView_SetExtendedListViewStyle(rows_, LVS_EX_FULLROWSELECT);
   rowsChanged();
 }
 
 HWND DropDownPopup::listWindow() {
-  if (popup_ == nullptr) {
+  if (rows_ == nullptr) {
     create();
     setColumns(reinterpret_cast<HFONT>(SendMessageW(owner_.window(), WM_GETFONT, 0, 0)));
   }
@@ -172,57 +170,46 @@ std::optional<std::size_t> DropDownPopup::rowAt(LPARAM lparam) const {
   return static_cast<std::size_t>(row);
 }
 
-LRESULT CALLBACK DropDownPopup::popupProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
-                                               DWORD_PTR self) {
-  auto& popup = *reinterpret_cast<DropDownPopup*>(self);
-  switch (message) {
-    case WM_MOUSEACTIVATE:
-      return MA_NOACTIVATE;
-    case WM_NOTIFY:
-      switch (reinterpret_cast<const NMHDR*>(lparam)->code) {
-        case LVN_GETDISPINFOW:
-          popup.supplyText(*reinterpret_cast<NMLVDISPINFOW*>(lparam));
-          return 0;
-        case NM_CUSTOMDRAW:
-          return popup.colourRow(*reinterpret_cast<NMLVCUSTOMDRAW*>(lparam));
-        default:
-          break;
-      }
-      break;
-    case WM_NCDESTROY:
-      popup.popup_ = nullptr;
-      popup.rows_ = nullptr;
-      RemoveWindowSubclass(window, popupProcedure, 0);
-      break;
+LRESULT DropDownPopup::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  const auto answer = window == popup_ ? popupReceives(message, lparam) : listReceives(message, lparam);
+  return answer ? *answer : pass(window, message, wparam, lparam);
+}
+
+std::optional<LRESULT> DropDownPopup::popupReceives(UINT message, LPARAM lparam) {
+  if (message == WM_MOUSEACTIVATE) return MA_NOACTIVATE;
+  if (message != WM_NOTIFY) return std::nullopt;
+  switch (reinterpret_cast<const NMHDR*>(lparam)->code) {
+    case LVN_GETDISPINFOW:
+      supplyText(*reinterpret_cast<NMLVDISPINFOW*>(lparam));
+      return 0;
+    case NM_CUSTOMDRAW:
+      return colourRow(*reinterpret_cast<NMLVCUSTOMDRAW*>(lparam));
     default:
-      break;
+      return std::nullopt;
   }
-  return DefSubclassProc(window, message, wparam, lparam);
 }
 
 /// The list shows the row under the mouse and gives it to the control; clicks do not reach the list itself, which would
 /// take the focus.
-LRESULT CALLBACK DropDownPopup::listProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
-                                              DWORD_PTR self) {
-  auto& popup = *reinterpret_cast<DropDownPopup*>(self);
+std::optional<LRESULT> DropDownPopup::listReceives(UINT message, LPARAM lparam) {
   switch (message) {
     case WM_MOUSEMOVE:
-      if (const auto row = popup.rowAt(lparam)) popup.highlight(*row);
+      if (const auto row = rowAt(lparam)) highlight(*row);
+      return 0;
+    case WM_LBUTTONUP:
+      if (const auto row = rowAt(lparam)) owner_.picked(*row);
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN:
       return 0;
-    case WM_LBUTTONUP:
-      if (const auto row = popup.rowAt(lparam)) popup.owner_.picked(*row);  // `popup` may be gone now
-      return 0;
-    case WM_NCDESTROY:
-      RemoveWindowSubclass(window, listProcedure, 0);
-      break;
     default:
-      break;
+      return std::nullopt;
   }
-  return DefSubclassProc(window, message, wparam, lparam);
+}
+
+void DropDownPopup::destroyed(HWND window) {
+  (window == popup_ ? popup_ : rows_) = nullptr;
 }
 
 /// A click outside the list and its control closes the list, whatever window of the thread it goes to.

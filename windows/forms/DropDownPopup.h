@@ -6,17 +6,17 @@
 
 #include "forms/DropDownList.h"
 #include "windows/Handles.h"
+#include "windows/forms/MessageHandler.h"
 
 namespace nv::windows {
 
 class DropDownListWindow;
 
-class DropDownPopup {
+class DropDownPopup final : public MessageHandler {
  public:
-  DropDownPopup(DropDownListWindow& owner, forms::DropDownList& list) : owner_(owner), list_(list) {}
+  DropDownPopup(DropDownListWindow& owner, forms::DropDownList& list)
+      : MessageHandler(list.form()), owner_(owner), list_(list) {}
   ~DropDownPopup() { destroy(); }
-  DropDownPopup(const DropDownPopup&) = delete;
-  DropDownPopup& operator=(const DropDownPopup&) = delete;
 
   bool open() const { return popup_ != nullptr && IsWindowVisible(popup_); }
   /// Shows the list below `anchor` (a rectangle of the screen) or, without room there, above it.
@@ -32,8 +32,10 @@ class DropDownPopup {
   HWND listWindow();
 
  private:
-  static LRESULT CALLBACK popupProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
-  static LRESULT CALLBACK listProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+  LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  void destroyed(HWND window) override;
+  std::optional<LRESULT> popupReceives(UINT message, LPARAM lparam);
+  std::optional<LRESULT> listReceives(UINT message, LPARAM lparam);
   static LRESULT CALLBACK mouseHook(int code, WPARAM wparam, LPARAM lparam);
 
   void create();

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "forms/Frame.h"
-#include "windows/Instance.h"
-#include "windows/SystemFunction.h"
 #include "windows/ThreadWindows.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/WindowClasses.h"
@@ -53,21 +51,17 @@ SIZE sizeOf(const RECT& rect) {
 
 }  // namespace
 
-FormWindow::FormWindow(forms::Form& form, Palette& palette) : form_(form), palette_(palette) {
+FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(form), palette_(palette) {
   const HWND owner = embedded() ? nullptr : hostWindow();
   // On the screen of its owner from the start: the dpi is asked of the window.
   const RECT work = workAreaOf(owner);
-  CreateWindowExW(extendedStyleOf(form), formClass, form.caption().c_str(), styleOf(form), work.left, work.top, 0, 0,
-                  owner, nullptr, moduleInstance(), this);
-  if (window_ == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
+  window_ = createWindow({formClass, styleOf(form), extendedStyleOf(form)}, form.caption().c_str(),
+                         {work.left, work.top, work.left, work.top}, owner);
   try {
     scale_ = Scale(dpiOf(window_));
-    setWindowName(window_, form.windowName());
-    if (embedded()) {
-      session_ =
-          CreateWindowExW(0, sessionClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, moduleInstance(), nullptr);
-      SetWindowLongPtrW(session_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    }
+    scroller_ = Scroller(window_);
+    nameWindow(window_, form.windowName());
+    if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
     arrange(true);
   } catch (...) {
@@ -81,7 +75,7 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::makeControls() {
-  for (forms::Control* control : form_.controls()) {
+  for (forms::Control* control : form().controls()) {
     controls_.push_back(makeControlWindow(*this, *control));
     const auto* const frame = control->frame();
     const auto parent = frame == nullptr ? window_ : static_cast<ControlWindow*>(frame->peer())->window();
@@ -96,7 +90,7 @@ void FormWindow::update(Attribute aspect) {
   if (window_ == nullptr) return;
   switch (aspect) {
     case Attribute::text:
-      SetWindowTextW(window_, form_.caption().c_str());
+      SetWindowTextW(window_, form().caption().c_str());
       break;
     case Attribute::place:
       arrange(false);
@@ -122,12 +116,12 @@ void FormWindow::show(bool modal) {
 }
 
 void FormWindow::runModal() {
-  while (form_.loaded()) {
+  while (form().loaded()) {
     MSG message;
     const BOOL more = GetMessageW(&message, nullptr, 0, 0);
     if (more == 0) {
       // The host is ending: the dialog goes first, then the loop around this one hears of it.
-      form_.unload(UnloadMode::owner);
+      form().unload(UnloadMode::owner);
       PostQuitMessage(static_cast<int>(message.wParam));
       break;
     }
@@ -167,35 +161,25 @@ void FormWindow::enableOthers() {
 
 RECT FormWindow::placeOf(const forms::Control& control) const {
   RECT place = scale_.pixels(control.place());
-  if (control.frame() == nullptr) OffsetRect(&place, -scroll_.x, -scroll_.y);
+  if (control.frame() == nullptr) OffsetRect(&place, -scroller_.position().x, -scroller_.position().y);
   return place;
 }
 
 ControlWindow* FormWindow::controlOf(HWND window) const {
-  auto* const data = reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  const auto isIt = [data](const auto& control) { return control.get() == data; };
-  return std::ranges::any_of(controls_, isIt) ? data : nullptr;
-}
-
-SIZE FormWindow::contentSize() const {
-  return {scale_.pixels(form_.place().width), scale_.pixels(form_.place().height)};
-}
-
-SIZE FormWindow::clientSize() const {
-  RECT client;
-  GetClientRect(window_, &client);
-  return sizeOf(client);
+  const auto found = std::ranges::find_if(controls_, [window](const auto& each) { return each->handles(window); });
+  return found == controls_.end() ? nullptr : found->get();
 }
 
 void FormWindow::arrange(bool centre) {
-  const SIZE content = contentSize();
+  const SIZE content{scale_.pixels(form().place().width), scale_.pixels(form().place().height)};
+  scroller_.setContent(content);
   if (embedded()) {
-    SetWindowPos(window_, nullptr, scale_.pixels(form_.place().left), scale_.pixels(form_.place().top), content.cx,
+    SetWindowPos(window_, nullptr, scale_.pixels(form().place().left), scale_.pixels(form().place().top), content.cx,
                  content.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     return;
   }
   RECT frame{0, 0, content.cx, content.cy};
-  addFrame(frame, styleOf(form_), extendedStyleOf(form_), scale_.dpi());
+  addFrame(frame, styleOf(form()), extendedStyleOf(form()), scale_.dpi());
   SIZE outer = sizeOf(frame);
 
   const HWND owner = GetWindow(window_, GW_OWNER);
@@ -218,13 +202,13 @@ void FormWindow::arrange(bool centre) {
   corner.x = std::clamp(corner.x, work.left, work.right - outer.cx);
   corner.y = std::clamp(corner.y, work.top, work.bottom - outer.cy);
   SetWindowPos(window_, nullptr, corner.x, corner.y, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  updateScrollBars();
+  scroller_.showBars();
 }
 
 void FormWindow::rescale(int dpi) {
   if (dpi == scale_.dpi()) return;
   scale_ = Scale(dpi);
-  scroll_ = {};
+  scroller_ = Scroller(window_);
   arrange(false);
   for (const auto& control : controls_) control->rescale();
 }
@@ -241,146 +225,46 @@ void FormWindow::adoptParent() {
   SetWindowLongW(window_, GWL_STYLE, style);
 }
 
-// Scrolling
-
-void FormWindow::updateScrollBars() {
-  const SIZE content = contentSize();
-  const auto set = [this](int bar, int total, int page) {
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_RANGE | SIF_PAGE;
-    info.nMax = total - 1;
-    info.nPage = static_cast<UINT>(page);
-    SetScrollInfo(window_, bar, &info, TRUE);
-  };
-  set(SB_VERT, content.cy, clientSize().cy);
-  set(SB_HORZ, content.cx, clientSize().cx);
-  scrollTo(scroll_);
-}
-
-void FormWindow::scrollTo(POINT position) {
-  const SIZE content = contentSize();
-  const SIZE client = clientSize();
-  position.x = std::clamp<LONG>(position.x, 0, std::max<LONG>(0, content.cx - client.cx));
-  position.y = std::clamp<LONG>(position.y, 0, std::max<LONG>(0, content.cy - client.cy));
-  if (position.x == scroll_.x && position.y == scroll_.y) return;
-  const POINT old = std::exchange(scroll_, position);
-  ScrollWindowEx(window_, old.x - position.x, old.y - position.y, nullptr, nullptr, nullptr, nullptr,
-                 SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
-  SetScrollPos(window_, SB_HORZ, position.x, TRUE);
-  SetScrollPos(window_, SB_VERT, position.y, TRUE);
-}
-
-void FormWindow::scrolled(int bar, WPARAM wparam) {
-  const int line = scale_.pixels(360);
-  SCROLLINFO info{};
-  info.cbSize = sizeof(info);
-  info.fMask = SIF_ALL;
-  GetScrollInfo(window_, bar, &info);
-  LONG position = info.nPos;
-  switch (LOWORD(wparam)) {
-    case SB_LINEUP:
-      position -= line;
-      break;
-    case SB_LINEDOWN:
-      position += line;
-      break;
-    case SB_PAGEUP:
-      position -= static_cast<LONG>(info.nPage);
-      break;
-    case SB_PAGEDOWN:
-      position += static_cast<LONG>(info.nPage);
-      break;
-    case SB_TOP:
-      position = 0;
-      break;
-    case SB_BOTTOM:
-      position = info.nMax;
-      break;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      position = info.nTrackPos;
-      break;
-    default:
-      return;
-  }
-  scrollTo(bar == SB_VERT ? POINT{scroll_.x, position} : POINT{position, scroll_.y});
-}
-
 void FormWindow::bringIntoView(const forms::Control& control) {
-  const SIZE client = clientSize();
-  if (contentSize().cx <= client.cx && contentSize().cy <= client.cy) return;
   const HWND window = static_cast<const ControlWindow*>(control.peer())->window();
   RECT place;
   GetWindowRect(window, &place);
   MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
-  const int margin = scale_.pixels(120);
-  const auto shift = [margin](LONG low, LONG high, LONG room) {
-    if (low < margin) return low - margin;
-    return std::max<LONG>(0, high + margin - room);
-  };
-  scrollTo(
-      {scroll_.x + shift(place.left, place.right, client.cx), scroll_.y + shift(place.top, place.bottom, client.cy)});
+  scroller_.bringIntoView(place, scale_.pixels(120));
 }
 
 // Focus
 
 void FormWindow::focusEntered(forms::Control& control) {
-  if (!form_.active()) PostMessageW(window_, messageActivated, 0, 0);
+  if (!form().active()) PostMessageW(window_, messageActivated, 0, 0);
   if (control.hasFocus()) return;
   // The focus came by another way than through the form, from a testing tool for example: the form follows.
-  const auto& all = form_.controls();
+  const auto& all = form().controls();
   const auto position = std::find(all.begin(), all.end(), &control) - all.begin();
   PostMessageW(window_, messageFocus, static_cast<WPARAM>(position), 0);
 }
 
 void FormWindow::giveFocusBack() {
-  if (forms::Control* const active = form_.activeControl(); active != nullptr && active->peer() != nullptr) {
+  if (forms::Control* const active = form().activeControl(); active != nullptr && active->peer() != nullptr) {
     active->peer()->takeFocus();
   }
 }
 
 // Messages
 
-LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_NCCREATE) {
-    auto* const self = static_cast<FormWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
-    self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-    // The first systems that know a dpi by screen want to be asked for the frame, too.
-    static const auto scaleFrame = systemFunction<BOOL(WINAPI*)(HWND)>("EnableNonClientDpiScaling");
-    if (scaleFrame != nullptr) scaleFrame(window);
-  }
-  auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
-  return shielded(self->form_, [&] { return self->handle(message, wparam, lparam); });
-}
-
-LRESULT CALLBACK FormWindow::sessionProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (self == nullptr || message != WM_ENDSESSION) return DefWindowProcW(window, message, wparam, lparam);
-  return shielded(self->form_, [&] { return self->handle(message, wparam, lparam); });
-}
-
-LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  const HWND window = window_;
+LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (window != window_ && message != WM_ENDSESSION) return pass(window, message, wparam, lparam);
   LRESULT result = 0;
   if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
     case WM_CLOSE:
-      form_.unload(UnloadMode::user);
+      form().unload(UnloadMode::user);
       return 0;
     case WM_QUERYENDSESSION:
       return TRUE;
     case WM_ENDSESSION:
-      if (wparam != FALSE) form_.unload(UnloadMode::systemShutdown);
+      if (wparam != FALSE) form().unload(UnloadMode::systemShutdown);
       return 0;
-    case WM_NCDESTROY:
-      SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-      removeWindowName(window);
-      window_ = nullptr;
-      form_.windowGone();
-      break;
     case WM_ACTIVATE:
       if (LOWORD(wparam) == WA_INACTIVE) break;
       PostMessageW(window, messageActivated, 0, 0);
@@ -390,13 +274,13 @@ LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
       giveFocusBack();
       return 0;
     case messageActivated:
-      form_.activated();
+      form().activated();
       return 0;
     case messageFocus:
-      if (wparam < form_.controls().size()) form_.focus(*form_.controls()[wparam]);
+      if (wparam < form().controls().size()) form().focus(*form().controls()[wparam]);
       return 0;
     case messageKey:
-      if (forms::Control* const active = form_.activeControl(); active != nullptr && active->peer() != nullptr) {
+      if (forms::Control* const active = form().activeControl(); active != nullptr && active->peer() != nullptr) {
         static_cast<ControlWindow*>(active->peer())->type(static_cast<wchar_t>(wparam));
       }
       return 0;
@@ -404,16 +288,13 @@ LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
       adoptParent();
       break;
     case WM_VSCROLL:
-      scrolled(SB_VERT, wparam);
+      scroller_.scrollBy(SB_VERT, wparam, scale_.pixels(360));
       return 0;
     case WM_HSCROLL:
-      scrolled(SB_HORZ, wparam);
+      scroller_.scrollBy(SB_HORZ, wparam, scale_.pixels(360));
       return 0;
     case WM_MOUSEWHEEL:
-      if (contentSize().cy > clientSize().cy) {
-        scrollTo({scroll_.x, scroll_.y - MulDiv(static_cast<short>(HIWORD(wparam)), scale_.pixels(1080), WHEEL_DELTA)});
-        return 0;
-      }
+      if (scroller_.wheel(wparam, scale_.pixels(1080))) return 0;
       break;
     case WM_ERASEBKGND:
       paintBackground(reinterpret_cast<HDC>(wparam));
@@ -435,13 +316,19 @@ LRESULT FormWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     default:
       break;
   }
-  return DefWindowProcW(window, message, wparam, lparam);
+  return pass(window, message, wparam, lparam);
+}
+
+void FormWindow::destroyed(HWND window) {
+  if (window != window_) return;
+  window_ = nullptr;
+  form().windowGone();
 }
 
 void FormWindow::paintBackground(HDC context) const {
   RECT client;
   GetClientRect(window_, &client);
-  FillRect(context, &client, palette_.brush(form_.backColor()));
+  FillRect(context, &client, palette_.brush(form().backColor()));
 }
 
 }  // namespace nv::windows

@@ -1,5 +1,5 @@
-// The window of a form: it makes the windows of the controls, keeps the focus where the form wants it, runs modal loops
-// and scrolls when the screen is smaller than the form.
+// The window of a form: it makes the windows of the controls, keeps the focus where the form wants it, and runs modal
+// loops.
 #pragma once
 
 #include <memory>
@@ -10,10 +10,12 @@
 #include "windows/ThreadWindows.h"
 #include "windows/forms/ControlWindow.h"
 #include "windows/forms/Graphics.h"
+#include "windows/forms/MessageHandler.h"
+#include "windows/forms/Scroller.h"
 
 namespace nv::windows {
 
-class FormWindow : public forms::FormPeer {
+class FormWindow final : public forms::FormPeer, private MessageHandler {
  public:
   FormWindow(forms::Form& form, Palette& palette);
   ~FormWindow() override;
@@ -43,12 +45,9 @@ class FormWindow : public forms::FormPeer {
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
 
-  /// The procedure of the window class.
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-  static LRESULT CALLBACK sessionProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-
  private:
-  LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  void destroyed(HWND window) override;
   void makeControls();
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
   void arrange(bool centre);
@@ -59,22 +58,16 @@ class FormWindow : public forms::FormPeer {
   void disableOthers();
   void enableOthers();
 
-  bool embedded() const { return form_.border() == forms::Border::embedded; }
-  SIZE contentSize() const;
-  SIZE clientSize() const;
-  void updateScrollBars();
-  void scrollTo(POINT position);
-  void scrolled(int bar, WPARAM wparam);
+  bool embedded() const { return form().border() == forms::Border::embedded; }
 
-  forms::Form& form_;
   Palette& palette_;
   HWND window_ = nullptr;
   std::optional<KeptFocus> focusBefore_;  // of a modal form
   HWND session_ = nullptr;                // of an embedded form
   Scale scale_;
+  Scroller scroller_;
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
-  POINT scroll_{};              // part of the form that lies to the left of and above the window, in pixels
 };
 
 }  // namespace nv::windows

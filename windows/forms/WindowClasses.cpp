@@ -3,7 +3,7 @@
 #include <mutex>
 
 #include "windows/Instance.h"
-#include "windows/forms/FormWindow.h"
+#include "windows/SystemFunction.h"
 
 namespace nv::windows {
 
@@ -15,8 +15,18 @@ struct WindowClass {
   WNDPROC procedure;
 };
 
+/// The first systems that know a dpi by screen want to be asked for the frame, too, and that early.
+LRESULT CALLBACK formProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NCCREATE) {
+    static const auto scaleFrame = systemFunction<BOOL(WINAPI*)(HWND)>("EnableNonClientDpiScaling");
+    if (scaleFrame != nullptr) scaleFrame(window);
+  }
+  return DefWindowProcW(window, message, wparam, lparam);
+}
+
+/// What makes a window of one of these receives its messages: MessageHandler.
 const WindowClass classes[] = {
-    {formClass, CS_DBLCLKS, FormWindow::procedure},  {sessionClass, 0, FormWindow::sessionProcedure},
+    {formClass, CS_DBLCLKS, formProcedure},          {sessionClass, 0, DefWindowProcW},
     {dropDownListClass, CS_DBLCLKS, DefWindowProcW}, {dropDownPopupClass, CS_SAVEBITS | CS_DROPSHADOW, DefWindowProcW},
     {drawnClass, CS_DBLCLKS, DefWindowProcW},
 };

@@ -3,7 +3,7 @@
 
 namespace nv::windows {
 
-/// Top-level and embedded windows of forms. Messages go to the FormWindow that made the window.
+/// Top-level and embedded windows of forms.
 inline constexpr const wchar_t* formClass = L"NVRandom.Form";
 /// A hidden window that hears of the session's end for an embedded form, which is not told.
 inline constexpr const wchar_t* sessionClass = L"NVRandom.Session";

@@ -1,0 +1,75 @@
+#include "windows/forms/MessageHandler.h"
+
+#include <algorithm>
+#include <string>
+
+#include "windows/Instance.h"
+
+namespace nv::windows {
+
+namespace {
+
+/// The window property that holds the name, as a global atom.
+constexpr const wchar_t* nameProperty = L"NVRandom.Name";
+
+}  // namespace
+
+bool MessageHandler::handles(HWND window) const {
+  return std::ranges::find(windows_, window, &Subclassed::window) != windows_.end();
+}
+
+HWND MessageHandler::createWindow(const Native& native, const wchar_t* text, const RECT& place, HWND parent) {
+  windows_.reserve(windows_.size() + 1);  // nothing fails any more once there is a window
+  const HWND window =
+      CreateWindowExW(native.extendedStyle, native.windowClass, text, native.style, place.left, place.top,
+                      place.right - place.left, place.bottom - place.top, parent, nullptr, moduleInstance(), nullptr);
+  if (window == nullptr) throw RuntimeError(ErrorNumber::outOfMemory);
+  subclass(window);
+  return window;
+}
+
+/// In the plain way, not by SetWindowSubclass: that looks up a window property twice for every message, which doubles
+/// the time in which the dialog opens. Nobody but its maker uses a window's user data.
+void MessageHandler::subclass(HWND window) {
+  Subclassed& subclassed = windows_.emplace_back(Subclassed{window, nullptr});
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  subclassed.before =
+      reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
+}
+
+void MessageHandler::nameWindow(HWND window, std::wstring_view name) {
+  const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
+  if (atom != 0) SetPropW(window, nameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
+}
+
+LRESULT MessageHandler::pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const {
+  const auto subclassed = std::ranges::find(windows_, window, &Subclassed::window);
+  return subclassed == windows_.end() ? DefWindowProcW(window, message, wparam, lparam)
+                                      : CallWindowProcW(subclassed->before, window, message, wparam, lparam);
+}
+
+LRESULT CALLBACK MessageHandler::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const self = reinterpret_cast<MessageHandler*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+  forms::Form& form = self->form_;
+  const auto keep = form.weak_from_this().lock();
+  try {
+    return message == WM_NCDESTROY ? self->last(window, wparam, lparam)
+                                   : self->receive(window, message, wparam, lparam);
+  } catch (...) {
+    form.failed(RuntimeError::current());
+    return 0;
+  }
+}
+
+LRESULT MessageHandler::last(HWND window, WPARAM wparam, LPARAM lparam) {
+  const LRESULT result = pass(window, WM_NCDESTROY, wparam, lparam);
+  SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  std::erase_if(windows_, [window](const Subclassed& each) { return each.window == window; });
+  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(RemovePropW(window, nameProperty)));
+  if (atom != 0) GlobalDeleteAtom(atom);
+  destroyed(window);
+  return result;
+}
+
+}  // namespace nv::windows
