@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ struct Store {
   /// The Windows and the system directory, each with a trailing backslash; empty until asked for.
   std::wstring windowsDirectory;
   std::wstring systemDirectory;
+
+  /// The fonts that could not be copied to the machine, by the path that they were added from instead, and whether that
+  /// worked.
+  std::map<std::wstring, bool> uncopiedFonts;
 
   /// The root of the host installation: DLLPath up to and including the backslash before its first "NORVIK", compared
   /// to the letter; empty when there is none.
