@@ -80,12 +80,10 @@ ClsRandom::~ClsRandom() {
 
 std::int32_t ClsRandom::ShowForm() {
   trace(component_, L"ClsRandom - ShowForm");
-  component_.store.closeResult = 0;
   component_.store.importFlag = flagFalse;
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   try {
-    form->showModal();
-    return component_.store.closeResult;
+    return showModal(*form);
   } catch (...) {
     return RuntimeError::current().number();
   }
@@ -109,8 +107,19 @@ std::int32_t ClsRandom::ShowForm_Import() {
   const forms::UnloadOnExit unloaded(*form);
   if (!form->loaded()) return 0;  // the host took it back while it loaded
   form->showReadOnly();
-  form->showModal();
+  showModal(*form);
   return 0;
+}
+
+std::int32_t ClsRandom::showModal(frmRandomInfo& form) {
+  std::int32_t& closeResult = component_.store.closeResult;
+  std::int32_t ownResult = 0;
+  form.CSBOK = [&] { ownResult = closeResult; };
+  form.Cancel = [&] { ownResult = Store::cancelledResult; };
+  closeResult = 0;
+  form.showModal();
+  closeResult = 0;  // as the dialog below found it
+  return ownResult;
 }
 
 std::int32_t ClsRandom::Get_hWnd() {

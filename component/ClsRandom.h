@@ -53,6 +53,9 @@ class ClsRandom {
   void frmRandomInfo_Cancel();
   void frmRandomInfo_ViewSampleCheque();
 
+  /// Shows a dialog that is not connected. Returns its close result, whatever is shown over it meanwhile.
+  std::int32_t showModal(frmRandomInfo& form);
+
   /// The connected dialog, loaded: made on first use, and anew once it has been unloaded.
   std::shared_ptr<frmRandomInfo> connectedForm();
   void disconnect();
