@@ -21,9 +21,6 @@ struct Store {
   std::int32_t closeResult = 0;
   static constexpr std::int32_t cancelledResult = 50000;
 
-  /// True while the dialog is shown by ShowForm_Import, for reading only.
-  Flag16 importFlag = flagFalse;
-
   /// The flag that account checks are called with; false from the creation of an instance on.
   Flag16 verifyBusinessNumberFlag = flagFalse;
 
