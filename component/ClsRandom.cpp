@@ -13,25 +13,12 @@ constexpr std::wstring_view postOfficeBoxWords =
     L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
     L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
 
-/// Keeps the import flag set while the dialog is shown for an import.
-class Importing {
- public:
-  explicit Importing(Store& store) : store_(store) { store_.importFlag = flagTrue; }
-  ~Importing() { store_.importFlag = flagFalse; }
-  Importing(const Importing&) = delete;
-  Importing& operator=(const Importing&) = delete;
-
- private:
-  Store& store_;
-};
-
 }  // namespace
 
 ClsRandom::ClsRandom(Component& component, ClsRandomEvents& events) : component_(component), events_(events) {
   trace(component_, L"ClsRandom - Class_Initialize");
   Store& store = component_.store;
   store.verifyBusinessNumberFlag = flagFalse;
-  store.importFlag = flagFalse;
   store.IPCurrencyList = StringArray({{0, 0}, {0, 0}});
   store.postOfficeBoxWords = split(postOfficeBoxWords, L"|");
   store.WhatKindOfBiller = L" ";
@@ -70,7 +57,6 @@ ClsRandom::~ClsRandom() {
 
 std::int32_t ClsRandom::ShowForm() {
   trace(component_, L"ClsRandom - ShowForm");
-  component_.store.importFlag = flagFalse;
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   try {
     form->showModal();
@@ -82,7 +68,6 @@ std::int32_t ClsRandom::ShowForm() {
 
 std::int32_t ClsRandom::ShowForm_Remote() {
   trace(component_, L"ClsRandom - ShowForm_Remote");
-  component_.store.importFlag = flagFalse;
   const auto form = connectedForm();
   if (!form->loaded()) return 0;  // the host took it back while it loaded
   form->show();
@@ -92,7 +77,6 @@ std::int32_t ClsRandom::ShowForm_Remote() {
 
 std::int32_t ClsRandom::ShowForm_Import() {
   trace(component_, L"ClsRandom - ShowForm_Import");
-  const Importing importing(component_.store);
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   form->load();
   const forms::UnloadOnExit unloaded(*form);

@@ -1,5 +1,7 @@
 #include "forms/FormList.h"
 
+#include <ranges>
+
 #include "forms/Form.h"
 
 namespace nv::forms {
@@ -10,7 +12,8 @@ void FormList::remove(const Form& form) {
 }
 
 void FormList::unloadAll(std::wstring_view name) const {
-  for (const auto& form : all()) {
+  const auto forms = all();
+  for (const auto& form : std::views::reverse(forms)) {
     if (form->name() == name) form->unload();
   }
 }

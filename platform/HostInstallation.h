@@ -57,7 +57,8 @@ class HostInstallation {
                                         std::wstring& message) = 0;
 
   /// `_DES_decrypt_file@8` of kvd8rq3x.dll: deciphers one file into another.
-  virtual void decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) = 0;
+  /// @return whether it says that it has: every result but 0. What it leaves otherwise is not to be used.
+  virtual bool decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) = 0;
 };
 
 }  // namespace nv::platform

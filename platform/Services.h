@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,12 @@ class Files {
   virtual void copy(const std::wstring& from, const std::wstring& to) = 0;
 };
 
+/// A turn at something that only one may do at a time; it lasts as long as the object.
+class Turn {
+ public:
+  virtual ~Turn() = default;
+};
+
 /// Facts about the machine and the user's settings.
 class Machine {
  public:
@@ -65,6 +72,10 @@ class Machine {
   virtual int addFont(const std::wstring& path) = 0;
 
   virtual void emptyClipboard() = 0;
+
+  /// Waits until nobody else on this machine, in whatever thread, process or session, has a turn of that name; five
+  /// seconds at most, after which the others are taken for stuck. A thread that has the turn may take it again.
+  virtual std::unique_ptr<Turn> takeTurn(const std::wstring& name) = 0;
 };
 
 /// Other programs that the component sets to work for the user.

@@ -8,6 +8,7 @@
 #include <ocidl.h>
 #include <oleauto.h>
 #include <olectl.h>
+#include <sddl.h>
 #include <shellapi.h>
 #include <uxtheme.h>
 #include <vssym32.h>

@@ -17,6 +17,12 @@ namespace nv {
 void ShowError(Component& component, std::int32_t errNumber, std::wstring_view description, std::wstring_view procName,
                bool silent, std::wstring_view title) noexcept;
 
+/// Reports the exception being handled, but not to the user: to the trace and the error log alone.
+inline void reportSilently(Component& component, std::wstring_view procName) noexcept {
+  const RuntimeError error = RuntimeError::current();
+  ShowError(component, error.number(), error.description(), procName, flagTrue, {});
+}
+
 /// Runs `body` under a reported trap: a run-time error in it is reported under `procName`, and `atFailure` is the
 /// result.
 template <class Result, class Body>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,9 +17,6 @@ struct Store {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
 #include "component/core/properties.def"
 
-  /// True while the dialog is shown by ShowForm_Import, for reading only.
-  Flag16 importFlag = flagFalse;
-
   /// The flag that account checks are called with; false from the creation of an instance on.
   Flag16 verifyBusinessNumberFlag = flagFalse;
 
@@ -28,6 +26,10 @@ struct Store {
   /// The Windows and the system directory, each with a trailing backslash; empty until asked for.
   std::wstring windowsDirectory;
   std::wstring systemDirectory;
+
+  /// The fonts that could not be copied to the machine, by the path that they were added from instead, and whether that
+  /// worked.
+  std::map<std::wstring, bool> uncopiedFonts;
 
   /// The root of the host installation: DLLPath up to and including the backslash before its first "NORVIK", compared
   /// to the letter; empty when there is none.

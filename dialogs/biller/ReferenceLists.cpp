@@ -61,23 +61,35 @@ std::vector<Currency> currenciesOf(const StringArray& offered) {
   return currencies;
 }
 
-/// Keeps a file from being there: neither an old one nor what is made of it meanwhile.
-class RemovedFile {
- public:
-  RemovedFile(platform::Files& files, const std::wstring& path) : files_(files), path_(path) { remove(); }
-  ~RemovedFile() { remove(); }
-  RemovedFile(const RemovedFile&) = delete;
-  RemovedFile& operator=(const RemovedFile&) = delete;
+constexpr const wchar_t* loadCountriesLabel = L"RandomInfo - LoadCountries";
 
- private:
-  void remove() noexcept {
+/// Whoever deciphers the country file, in whatever process: the copy in clear has one place.
+constexpr const wchar_t* turnAtCountryFile = L"NVRandom.FXCountries";
+
+void removeIfThere(platform::Files& files, const std::wstring& path) {
+  try {
+    files.remove(path);
+  } catch (const RuntimeError& error) {
+    if (error.number() != static_cast<std::int32_t>(ErrorNumber::fileNotFound)) throw;
+  }
+}
+
+/// Leaves no file at a path in the end. That this cannot be done is reported, but not to the user.
+class PassingFile {
+ public:
+  PassingFile(Component& component, const std::wstring& path) : component_(component), path_(path) {}
+  ~PassingFile() {
     try {
-      files_.remove(path_);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): as a rule there is none
+      removeIfThere(component_.services.files, path_);
+    } catch (...) {
+      reportSilently(component_, loadCountriesLabel);
     }
   }
+  PassingFile(const PassingFile&) = delete;
+  PassingFile& operator=(const PassingFile&) = delete;
 
-  platform::Files& files_;
+ private:
+  Component& component_;
   const std::wstring& path_;
 };
 
@@ -142,7 +154,7 @@ void frmRandomInfo::LoadCurrencyCodes() {
 }
 
 void frmRandomInfo::LoadCountries() {
-  trace(component(), L"RandomInfo - LoadCountries");
+  trace(component(), loadCountriesLabel);
   std::wstring file = store().DLLPath;
   if (!file.empty() && file.back() != L'\\') file += L'\\';
   file += L"FXCountries";
@@ -161,17 +173,19 @@ void frmRandomInfo::LoadCountries() {
   }
 }
 
-/// The text of an enciphered file; empty when it cannot be deciphered. The deciphered copy stands beside the file no
-/// longer than it takes to read it.
+/// The text of an enciphered file; empty when it cannot be deciphered, which is reported, but not to the user. The
+/// deciphered copy stands beside the file no longer than it takes to read it.
 std::wstring frmRandomInfo::deciphered(const std::wstring& file) {
   const std::wstring copy = file + L".dec";
-  platform::Files& files = component().services.files;
-  const RemovedFile removed(files, copy);
-  if (Random::Fileexists(component(), copy)) return {};  // somebody holds an old one
+  const platform::Services& services = component().services;
+  const auto turn = services.machine.takeTurn(turnAtCountryFile);
   try {
-    component().services.installation.decipherFile(store().DLLPath, file, copy);
-    return Random::Fileexists(component(), copy) ? files.read(copy) : std::wstring();
+    removeIfThere(services.files, copy);  // somebody may have left an old one
+    const PassingFile passing(component(), copy);
+    if (!services.installation.decipherFile(store().DLLPath, file, copy)) throw RuntimeError(ErrorNumber::pathAccess);
+    return services.files.read(copy);
   } catch (const RuntimeError&) {
+    reportSilently(component(), loadCountriesLabel);
     return {};
   }
 }

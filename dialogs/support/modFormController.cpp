@@ -97,12 +97,17 @@ std::wstring installSystemFont(Component& component, const std::wstring& name) {
 
   const std::wstring source = component.store.gstrInstallRoot() + L"\\Resources\\" + file;
   if (!Random::Fileexists(component, source)) return standardFont;
+  auto& uncopied = component.store.uncopiedFonts;
+  if (const auto known = uncopied.find(source); known != uncopied.end()) return known->second ? name : standardFont;
+  const auto added = [&] { return component.services.machine.addFont(source) != 0; };
   try {
     component.services.files.copy(source, target);
   } catch (const RuntimeError&) {
-    return standardFont;  // the user may not write to the fonts folder: nobody is told
+    reportSilently(component, L"modFormController.installSystemFont");
+    // A user without the right to copy it may use it all the same; once a thread is enough for both.
+    return (uncopied[source] = added()) ? name : standardFont;
   }
-  return component.services.machine.addFont(source) != 0 ? name : standardFont;
+  return added() ? name : standardFont;
 }
 
 }  // namespace nv::modFormController

@@ -16,7 +16,8 @@ inline constexpr const wchar_t* noStyleTag = L"noStyle";
 /// restyled.
 void reStyleForm(Component& component, forms::Form& form);
 
-/// Makes sure that a font is on the machine, installing it from the installation's resources when it is missing.
+/// Makes sure that a font is on the machine, installing it from the installation's resources when it is missing. One
+/// that cannot be copied to the machine is used from there; that is reported once a thread, but not to the user.
 /// @return the font to use: `name`, or "MS Sans Serif" when the font cannot be had.
 std::wstring installSystemFont(Component& component, const std::wstring& name);
 

@@ -50,7 +50,6 @@ TEST_F(ShowTest, AnErrorWhileLoadingIsTheResultOrReachesTheHost) {
     for (const auto show : {&ClsRandom::ShowForm_Remote, &ClsRandom::ShowForm_Import, &ClsRandom::Get_hWnd}) {
       EXPECT_EQ(errorOf([&] { (random.*show)(); }), c.number);
       EXPECT_TRUE(component.forms.empty());
-      EXPECT_EQ(component.store.importFlag, flagFalse);
     }
   }
   machine.whenAsked = nullptr;

@@ -74,7 +74,7 @@ TEST_F(PropertiesTest, ANewInstanceSetsItsFewDefaultsAndLeavesTheRest) {
   Variant currencies;
   currencies.itsArray = StringArray({{0, 8}});
   random.letIPCurrencyList(currencies);
-  component.store.importFlag = component.store.verifyBusinessNumberFlag = flagTrue;
+  component.store.verifyBusinessNumberFlag = flagTrue;
 
   ClsRandom second(component, host);
   EXPECT_EQ(second.getPayeeName(), L"ACME HYDRO") << "instances of one thread share their values";
@@ -82,7 +82,6 @@ TEST_F(PropertiesTest, ANewInstanceSetsItsFewDefaultsAndLeavesTheRest) {
   EXPECT_EQ(random.getCurrencyCodeFromMain(), L"CAD");
   const Store& store = component.store;
   EXPECT_EQ(store.CountryListAll, L"Y");
-  EXPECT_EQ(store.importFlag, 0);
   EXPECT_EQ(store.verifyBusinessNumberFlag, 0);
   EXPECT_EQ(store.IPCurrencyList.dimensions(), 2U);
   EXPECT_EQ(store.IPCurrencyList.at({0, 0}), L"");

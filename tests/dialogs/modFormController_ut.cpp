@@ -97,7 +97,8 @@ TEST_F(StyleTest, AMissingFontIsInstalledFromTheInstallation) {
       {"installed", false, true, false, 1, L"Segoe UI"},
       {"installed, but no font", false, true, false, 0, L"MS Sans Serif"},
       {"nowhere", false, false, false, 1, L"MS Sans Serif"},
-      {"no right to write", false, true, true, 1, L"MS Sans Serif"},
+      {"no right to write", false, true, true, 1, L"Segoe UI"},
+      {"no right to write, and no font", false, true, true, 0, L"MS Sans Serif"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
@@ -114,9 +115,14 @@ TEST_F(StyleTest, AMissingFontIsInstalledFromTheInstallation) {
     other.store.windowsDirectory = component.store.windowsDirectory;
     other.store.DLLPath = dllPath;
     EXPECT_EQ(modFormController::installSystemFont(other, L"Segoe UI"), c.result);
-    const bool installed = !c.target && c.source && !c.refused;
-    EXPECT_EQ(machine.addedFonts, installed ? Texts{source} : Texts{});
-    EXPECT_EQ(disk.text(segoe), c.target ? L"old" : (installed ? L"new" : L""));
+    if (c.refused) {
+      EXPECT_EQ(modFormController::installSystemFont(other, L"Segoe UI"), c.result) << "when restyled again";
+    }
+    EXPECT_EQ(machine.addedFonts, !c.target && c.source ? Texts{source} : Texts{}) << "once";
+    EXPECT_EQ(disk.text(segoe), c.target ? L"old" : (c.source && !c.refused ? L"new" : L""));
+    EXPECT_EQ(disk.text(errorLog), c.refused ? machine.clock + L",NVRandom, , ,70,\"Permission denied\"," +
+                                                   L"\"modFormController.installSystemFont\"\r\n"
+                                             : L"");
   }
 }
 

@@ -114,7 +114,8 @@ TEST(OutsideParties, EachFailureIsToldOnceAndLeavesTheDialogOpen) {
       asking.work(user);
       EXPECT_LE(asking.boxes.size(), 1U);
       const bool isError = !asking.boxes.empty() && asking.boxes.front().starts_with(L"The following error");
-      EXPECT_EQ(asking.logLines(), isError ? 1U : 0U);
+      EXPECT_GE(asking.logLines(), isError ? 1U : 0U);
+      EXPECT_LE(asking.logLines(), 1U);  // of some failures the log alone hears
       const bool refused = user.open();
       EXPECT_EQ(asking.record(), refused ? asking.before : accepted);
       EXPECT_EQ(asking.host.events, refused ? Texts() : Texts{L"CSBOK"});

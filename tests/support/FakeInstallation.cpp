@@ -87,9 +87,10 @@ std::int16_t FakeInstallation::checkBankAccount(const std::wstring& folder, cons
   return answers[L"Check_bank_account2"].result;
 }
 
-void FakeInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
+bool FakeInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
   note(L"DES_decrypt_file", L"(" + folder + L", " + from + L", " + to + L")");
   if (decipher) decipher(from, to);
+  return answers[L"DES_decrypt_file"].result != 0;
 }
 
 }  // namespace nv::test

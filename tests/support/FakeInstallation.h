@@ -26,14 +26,14 @@ class FakeInstallation : public platform::HostInstallation {
   std::function<void(const std::wstring& name)> whenAsked;
   /// What was asked since, a line each: "create", "DataPath=C:\Apps", "ValidateBankId(001, False)".
   std::vector<std::wstring> asked;
-  /// What deciphering does; by default nothing, as a failing library.
+  /// What deciphering does; by default nothing, as a library that fails without saying so.
   std::function<void(const std::wstring& from, const std::wstring& to)> decipher;
 
   std::unique_ptr<platform::AccountVerifier> createVerifier() override;
   std::int16_t checkBankId(const std::wstring& folder, const std::wstring& bankId) override;
   std::int16_t checkBankAccount(const std::wstring& folder, const std::wstring& bankId, const std::wstring& transit,
                                 const std::wstring& account, std::wstring& message) override;
-  void decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) override;
+  bool decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) override;
 
   /// Notes a question; fails when it is to fail.
   void note(const std::wstring& name, const std::wstring& rest);

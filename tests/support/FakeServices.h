@@ -100,11 +100,24 @@ class FakeMachine : public platform::Machine {
     clipboard.clear();
   }
 
+  std::unique_ptr<platform::Turn> takeTurn(const std::wstring& /*name*/) override {
+    if (whenAsked) whenAsked();
+    ++turns;
+    return std::make_unique<CountedTurn>(turns);
+  }
+
   int fontsInFile = 1;
+  int turns = 0;  // that are taken at present
   std::vector<std::wstring> addedFonts;
   std::wstring clipboard;
 
  private:
+  struct CountedTurn : platform::Turn {
+    explicit CountedTurn(int& turns) : turns(turns) {}
+    ~CountedTurn() override { --turns; }
+    int& turns;
+  };
+
   const std::wstring& answer(const std::wstring& fact) const {
     if (whenAsked) whenAsked();
     return fact;

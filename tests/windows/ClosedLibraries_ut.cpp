@@ -102,10 +102,12 @@ class CountryCipherTest : public ClosedLibrariesTest {
  protected:
   std::optional<std::string> decipher() {
     fs::remove(file(L"FXCountries.dec"));
-    libraries.decipherFile(dllPath(), file(L"FXCountries").wstring(), file(L"FXCountries.dec").wstring());
+    says = libraries.decipherFile(dllPath(), file(L"FXCountries").wstring(), file(L"FXCountries.dec").wstring());
     return host::readFile(file(L"FXCountries.dec"));
   }
   std::string country() const { return host::readFile(file(L"FXCountries")).value_or(""); }
+
+  bool says = false;  // that it has deciphered the last one
 };
 
 TEST_F(CountryCipherTest, GivesBackEveryText) {
@@ -121,6 +123,7 @@ TEST_F(CountryCipherTest, GivesBackEveryText) {
                                   std::string("a\0b\xFF", 4), std::string(3'000'000, 'x')}) {
     installation.setCountries(text);
     EXPECT_EQ(decipher(), text);
+    EXPECT_TRUE(says);
   }
 }
 
@@ -141,15 +144,76 @@ TEST_F(CountryCipherTest, MakesNoFileOfWhatItCannotDecipher) {
   for (const auto& [name, bytes] : cases) {
     ASSERT_TRUE(host::writeFile(target, bytes));
     EXPECT_FALSE(decipher()) << name;
+    EXPECT_FALSE(says) << name;
   }
   ASSERT_TRUE(host::writeFile(target, whole));
   EXPECT_TRUE(decipher());
-  tell(L"DES_decrypt_file 0");
-  EXPECT_FALSE(decipher());
-  tell(L"DES_decrypt_file 1");
-  EXPECT_FALSE(decipher()) << "it says that it has, and has not";
+  for (const int result : {0, 1, -1}) {
+    tell(L"DES_decrypt_file " + std::to_wstring(result));
+    EXPECT_FALSE(decipher());
+    EXPECT_EQ(says, result != 0);
+  }
   fs::remove(target);
   EXPECT_FALSE(decipher());
+}
+
+/// An installation that several processes work with at once.
+class SharedInstallation : public StandInsTest {
+ public:
+  using StandInsTest::installation;
+
+  /// Starts this test once more, in a process of its own.
+  static HANDLE startAgain() {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    std::wstring command = L"\"" + std::wstring(program) + L"\" --gtest_brief=1 --gtest_filter=" + nameOfTest();
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(
+        CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
+    CloseHandle(process.hThread);
+    return process.hProcess;
+  }
+
+ private:
+  void TestBody() override {}
+};
+
+/// Opens the dialog again and again. Its list holds all countries each time.
+void countCountries(const wchar_t* dllPath) {
+  const Apartment apartment;
+  const auto object = Server::get().create();
+  putText(object.get(), &_ClsRandom::put_DLLPath, dllPath);
+  for (int show = 0; show < 12; ++show) {
+    long dialog = 0;
+    ASSERT_EQ(S_OK, object->Get_hWnd(&dialog));
+    const HWND list = findControl(reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog)), L"ran_payee_country");
+    EXPECT_GT(SendMessageW(list, CB_GETCOUNT, 0, 0), 200) << "show " << show;
+    object->Unload_From_Remote();
+  }
+}
+
+TEST(SharedInstallations, GiveEveryProcessItsCountries) {
+  constexpr const wchar_t* variable = L"NVRANDOM_SHARED_DLLPATH";
+  wchar_t dllPath[MAX_PATH];
+  if (GetEnvironmentVariableW(variable, dllPath, MAX_PATH) != 0) return countCountries(dllPath);
+
+  const SharedInstallation shared;
+  SetEnvironmentVariableW(variable, shared.installation.dllPath().c_str());
+  HANDLE processes[6];
+  for (HANDLE& process : processes) process = SharedInstallation::startAgain();
+  SetEnvironmentVariableW(variable, nullptr);
+  constexpr DWORD aMinute = 60'000;
+  EXPECT_EQ(WAIT_OBJECT_0, WaitForMultipleObjects(std::size(processes), processes, TRUE, aMinute));
+  for (const HANDLE process : processes) {
+    DWORD failed = 1;
+    GetExitCodeProcess(process, &failed);
+    EXPECT_EQ(0U, failed);
+    CloseHandle(process);
+  }
+  EXPECT_EQ(shared.installation.lines(L"error.log"), std::nullopt);
+  EXPECT_FALSE(shared.installation.exists(L"NORVIK\\Bin\\FXCountries.dec"));
 }
 
 }  // namespace

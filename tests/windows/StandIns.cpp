@@ -16,12 +16,12 @@ std::filesystem::path hostFolder() {
   return programFolder().parent_path().parent_path() / L"host";
 }
 
+}  // namespace
+
 std::wstring nameOfTest() {
   const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
   return host::wide(test->test_suite_name()) + L"." + host::wide(test->name());
 }
-
-}  // namespace
 
 std::filesystem::path programFolder() {
   wchar_t path[MAX_PATH];

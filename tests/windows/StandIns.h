@@ -19,6 +19,9 @@ inline constexpr const char* billers[] = {"business", "individual", "us", "abroa
 using Record = std::map<std::wstring, std::wstring>;
 Record recordOf(_ClsRandom* object);
 
+/// The running test, as a filter names it.
+std::wstring nameOfTest();
+
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
 

@@ -124,10 +124,10 @@ std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, cons
   return result;
 }
 
-void HostInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
+bool HostInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
   using DecipherFile = int __stdcall(char* from, char* to);
   const auto decipher = entryPoint<DecipherFile>(library(folder, cipherLibrary), "_DES_decrypt_file@8");
-  decipher(inAnsiCodePage(from).data(), inAnsiCodePage(to).data());
+  return decipher(inAnsiCodePage(from).data(), inAnsiCodePage(to).data()) != 0;
 }
 
 }  // namespace nv::windows

@@ -11,7 +11,7 @@ class HostInstallation : public platform::HostInstallation {
   std::int16_t checkBankId(const std::wstring& folder, const std::wstring& bankId) override;
   std::int16_t checkBankAccount(const std::wstring& folder, const std::wstring& bankId, const std::wstring& transit,
                                 const std::wstring& account, std::wstring& message) override;
-  void decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) override;
+  bool decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) override;
 };
 
 }  // namespace nv::windows

@@ -16,6 +16,37 @@ std::wstring directory(UINT(WINAPI* ask)(LPWSTR, UINT)) {
   return length < longestDirectory ? std::wstring(buffer, length) : std::wstring();
 }
 
+/// A mutex that everybody on the machine may wait for and give back, and do nothing else with.
+HANDLE openMutex(const std::wstring& name) {
+  constexpr const wchar_t* everybodyMayUse = L"D:(A;;0x100001;;;WD)";  // SYNCHRONIZE and MUTEX_MODIFY_STATE
+  SECURITY_ATTRIBUTES attributes{sizeof(attributes), nullptr, FALSE};
+  ConvertStringSecurityDescriptorToSecurityDescriptorW(everybodyMayUse, SDDL_REVISION_1,
+                                                       &attributes.lpSecurityDescriptor, nullptr);
+  const HANDLE mutex = CreateMutexExW(&attributes, (L"Global\\" + name).c_str(), 0, SYNCHRONIZE | MUTEX_MODIFY_STATE);
+  LocalFree(attributes.lpSecurityDescriptor);
+  return mutex;
+}
+
+struct MutexTraits {
+  using Value = HANDLE;
+  static Value invalid() { return nullptr; }
+  static void close(Value value) {
+    ReleaseMutex(value);  // fails, and does no harm, where the wait was given up
+    CloseHandle(value);
+  }
+};
+
+class MutexTurn final : public platform::Turn {
+ public:
+  explicit MutexTurn(const std::wstring& name) : mutex_(openMutex(name)) {
+    constexpr DWORD patience = 5000;  // in milliseconds
+    if (mutex_) WaitForSingleObject(mutex_.get(), patience);
+  }
+
+ private:
+  Unique<MutexTraits> mutex_;
+};
+
 }  // namespace
 
 std::wstring Machine::now() {
@@ -57,6 +88,10 @@ void Machine::emptyClipboard() {
   if (!OpenClipboard(nullptr)) return;
   EmptyClipboard();
   CloseClipboard();
+}
+
+std::unique_ptr<platform::Turn> Machine::takeTurn(const std::wstring& name) {
+  return std::make_unique<MutexTurn>(name);
 }
 
 }  // namespace nv::windows

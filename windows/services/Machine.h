@@ -14,6 +14,7 @@ class Machine : public platform::Machine {
   std::wstring lowerCase(std::wstring_view text) override;
   int addFont(const std::wstring& path) override;
   void emptyClipboard() override;
+  std::unique_ptr<platform::Turn> takeTurn(const std::wstring& name) override;
 };
 
 }  // namespace nv::windows
