@@ -113,7 +113,7 @@ class FakeMachine : public platform::Machine {
 
  private:
   struct CountedTurn : platform::Turn {
-    explicit CountedTurn(int& turns) : turns(turns) {}
+    explicit CountedTurn(int& counted) : turns(counted) {}
     ~CountedTurn() override { --turns; }
     int& turns;
   };
