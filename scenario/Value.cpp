@@ -1,8 +1,8 @@
-#include "host/base/Value.h"
+#include "scenario/Value.h"
 
-#include "host/base/Text.h"
+#include "scenario/Text.h"
 
-namespace nv::host {
+namespace nv::scenario {
 
 namespace {
 
@@ -24,4 +24,4 @@ std::wstring shown(const Value& value) {
   return std::visit(Shown{}, value);
 }
 
-}  // namespace nv::host
+}  // namespace nv::scenario

@@ -1,16 +1,14 @@
 // The commands of the scenario language about what is around the component: the installation's files and their faults,
 // and the clipboard.
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <regex>
 
-#include "host/application/Clipboard.h"
-#include "host/base/Text.h"
-#include "host/scenario/Commands.h"
-#include "host/scenario/Player.h"
+#include "scenario/Commands.h"
+#include "scenario/Failure.h"
+#include "scenario/Player.h"
+#include "scenario/Text.h"
 
-namespace nv::host {
+namespace nv::scenario {
 
 namespace {
 
@@ -37,10 +35,9 @@ void compareLines(const Lines& expected, const Lines& seen) {
 
 Action fileHas(const std::wstring& file, const std::wstring& line) {
   return [=](Player& player, const Statement&) {
-    const Installation& installation = player.installation();
     // Programs that the component starts write in their own time.
-    const bool found = installation.waitUntil([&] {
-      const auto lines = installation.lines(file).value_or(Lines());
+    const bool found = player.stage().waitUntil([&] {
+      const auto lines = player.stage().lines(file).value_or(Lines());
       return std::ranges::find(lines, withoutDate(line), withoutDate) != lines.end();
     });
     if (!found) throw Failure(L"expected the line " + inQuotes(line) + L", seen none");
@@ -49,18 +46,15 @@ Action fileHas(const std::wstring& file, const std::wstring& line) {
 
 Action fileIs(const std::wstring& file, const std::wstring& model) {
   return [=](Player& player, const Statement&) {
-    std::ifstream stream(player.surroundings().scenario.parent_path() / model, std::ios::binary);
-    if (!stream) throw Failure(model + L" cannot be read");
-    const auto seen = player.installation().lines(file);
+    const auto seen = player.stage().lines(file);
     if (!seen) throw Failure(L"expected the file, seen none");
-    const std::wstring expected = wide(std::string(std::istreambuf_iterator<char>(stream), {}));
-    compareLines(splitLines(replaced(expected, L"{root}", player.installation().root())), *seen);
+    compareLines(player.model(model), *seen);
   };
 }
 
 Action fileAbsent(const std::wstring& file) {
   return [=](Player& player, const Statement&) {
-    if (player.installation().exists(file)) throw Failure(L"expected no such file, seen one");
+    if (player.stage().exists(file)) throw Failure(L"expected no such file, seen one");
   };
 }
 
@@ -72,35 +66,23 @@ Action readFile(Tokens& tokens) {
   throw Failure(L"it is not said what to look for in the file");
 }
 
-Action readWrite(Tokens& tokens) {
-  const std::wstring file = tokens.text();
+template <void (Stage::*act)(const std::wstring&, const std::wstring&)>
+Action readTwoTexts(Tokens& tokens) {
+  const std::wstring first = tokens.text();
+  const std::wstring second = tokens.text();
+  return [=](Player& player, const Statement&) { (player.stage().*act)(first, second); };
+}
+
+template <void (Stage::*act)(const std::wstring&)>
+Action readText(Tokens& tokens) {
   const std::wstring text = tokens.text();
-  return [=](Player& player, const Statement&) { player.installation().write(file, text); };
-}
-
-Action readCopy(Tokens& tokens) {
-  const std::wstring from = tokens.text();
-  const std::wstring to = tokens.text();
-  return [=](Player& player, const Statement&) { player.installation().copy(from, to); };
-}
-
-template <void (Installation::*act)(const std::wstring&)>
-Action readFault(Tokens& tokens) {
-  const std::wstring file = tokens.text();
-  return [=](Player& player, const Statement&) { (player.installation().*act)(file); };
-}
-
-Action readClipboard(Tokens& tokens) {
-  const std::wstring text = tokens.text();
-  return [=](Player& player, const Statement&) {
-    player.user().thread().ask([window = player.mainWindow(), text] { Clipboard(window).set(text); });
-  };
+  return [=](Player& player, const Statement&) { (player.stage().*act)(text); };
 }
 
 Action readExpectClipboard(Tokens& tokens) {
   const std::wstring expected = tokens.text();
   return [=](Player& player, const Statement&) {
-    const auto seen = player.user().thread().ask([window = player.mainWindow()] { return Clipboard(window).text(); });
+    const std::wstring seen = player.stage().clipboard();
     if (seen != expected) differ(inQuotes(expected), inQuotes(seen));
   };
 }
@@ -109,14 +91,14 @@ using enum Command::Place;
 
 constexpr Command installationTable[] = {
     {L"file", L"file \"FILE\" has \"LINE\" | is MODELFILE | absent", anywhere, readFile},
-    {L"write", L"write \"FILE\" \"TEXT\"", anywhere, readWrite},
-    {L"copy", L"copy \"FROM\" \"TO\"", anywhere, readCopy},
-    {L"folder", L"folder \"FOLDER\"", anywhere, readFault<&Installation::makeFolder>},
-    {L"remove", L"remove \"FILE OR FOLDER\"", anywhere, readFault<&Installation::remove>},
-    {L"lock", L"lock \"FILE\"", anywhere, readFault<&Installation::lock>},
-    {L"unlock", L"unlock \"FILE\"", anywhere, readFault<&Installation::unlock>},
-    {L"readonly", L"readonly \"FILE OR FOLDER\"", anywhere, readFault<&Installation::makeReadOnly>},
-    {L"clipboard", L"clipboard \"TEXT\"", anywhere, readClipboard},
+    {L"write", L"write \"FILE\" \"TEXT\"", anywhere, readTwoTexts<&Stage::write>},
+    {L"copy", L"copy \"FROM\" \"TO\"", anywhere, readTwoTexts<&Stage::copy>},
+    {L"folder", L"folder \"FOLDER\"", anywhere, readText<&Stage::makeFolder>},
+    {L"remove", L"remove \"FILE OR FOLDER\"", anywhere, readText<&Stage::remove>},
+    {L"lock", L"lock \"FILE\"", anywhere, readText<&Stage::lock>},
+    {L"unlock", L"unlock \"FILE\"", anywhere, readText<&Stage::unlock>},
+    {L"readonly", L"readonly \"FILE OR FOLDER\"", anywhere, readText<&Stage::makeReadOnly>},
+    {L"clipboard", L"clipboard \"TEXT\"", anywhere, readText<&Stage::setClipboard>},
     {L"expect-clipboard", L"expect-clipboard \"TEXT\"", anywhere, readExpectClipboard},
 };
 
@@ -126,4 +108,4 @@ std::span<const Command> installationCommands() {
   return installationTable;
 }
 
-}  // namespace nv::host
+}  // namespace nv::scenario

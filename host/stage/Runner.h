@@ -19,6 +19,7 @@ struct Folders {
 int runScenarios(const Folders& folders, const std::vector<std::filesystem::path>& files);
 
 /// Plays one file in this process and prints its line. Ends the process when the file fails.
-int playScenario(const Folders& folders, const std::filesystem::path& file);
+/// @param aloud says what is done, and what came of it, for whoever looks on.
+int playScenario(const Folders& folders, const std::filesystem::path& file, bool aloud);
 
 }  // namespace nv::host

@@ -1,18 +1,11 @@
-#include "host/application/Automation.h"
+#include "host/application/Show.h"
+
 #include "host/application/Embedding.h"
-#include "host/application/Installation.h"
-#include "host/base/Failure.h"
 #include "host/base/Text.h"
-#include "host/showcase/SampleBiller.h"
-#include "host/showcase/Showcase.h"
 
 namespace nv::host {
 
 namespace {
-
-void printRecord(Biller& biller) {
-  for (const auto& [property, value] : readRecord(biller)) printLine(L"  " + property + L" " + inQuotes(value));
-}
 
 /// Embeds the dialog and serves it until it, or the window around it, is closed.
 void showEmbedded(Biller& biller) {
@@ -29,11 +22,10 @@ void showEmbedded(Biller& biller) {
 
 }  // namespace
 
-int showForPerson(const Folders& folders, std::wstring_view kind) {
-  const Installation installation(folders.installation, folders.standIns);
+int showForPerson(const Installation& installation, std::wstring_view kind, const std::filesystem::path& file) {
   const HostWindow main(L"NVHost - Bill Payments", POINT{20, 20}, SIZE{1000, 800});
   Biller biller([](const std::wstring& event) { printLine(L"event " + event); });
-  setSampleBiller(biller, installation.dllPath());
+  biller.set(file, installation.root());
   if (kind == L"remote") {
     showEmbedded(biller);
   } else if (kind == L"modal") {
@@ -43,7 +35,9 @@ int showForPerson(const Folders& folders, std::wstring_view kind) {
   } else {
     throw Failure(L"the dialog can be shown modal, remote or import");
   }
-  printRecord(biller);
+  for (const std::wstring& name : biller.readable()) {
+    printLine(L"  " + name + L" " + scenario::shown(biller.get(name)));
+  }
   return 0;
 }
 

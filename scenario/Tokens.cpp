@@ -1,28 +1,29 @@
-#include "host/base/Tokens.h"
+#include "scenario/Tokens.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <limits>
 #include <optional>
 
-#include "host/base/Failure.h"
-#include "host/base/Text.h"
+#include "scenario/Failure.h"
+#include "scenario/Text.h"
 
-namespace nv::host {
+namespace nv::scenario {
 
 namespace {
 
 constexpr std::wstring_view blanks = L" \t";
 constexpr std::wstring_view wordEnds = L" \t\"[]";
 
-std::optional<long> numberOf(const std::wstring& word) {
+std::optional<std::int32_t> numberOf(const std::wstring& word) {
   if (word.empty()) return std::nullopt;
   const bool hexadecimal = word.starts_with(L"0x");
   wchar_t* end = nullptr;
   const long long number = std::wcstoll(word.c_str(), &end, hexadecimal ? 16 : 10);
-  const bool fits = number >= std::numeric_limits<long>::min() &&
-                    number <= (hexadecimal ? 0xFFFFFFFFLL : std::numeric_limits<long>::max());
+  using Limits = std::numeric_limits<std::int32_t>;
+  const bool fits = number >= Limits::min() && number <= (hexadecimal ? 0xFFFFFFFFLL : Limits::max());
   if (*end != L'\0' || !fits) return std::nullopt;
-  return static_cast<long>(number);
+  return static_cast<std::int32_t>(number);
 }
 
 /// The character behind a backslash.
@@ -107,7 +108,7 @@ std::wstring Tokens::wordOrText() {
   return nextIsWord() ? word() : text();
 }
 
-long Tokens::number() {
+std::int32_t Tokens::number() {
   const std::wstring digits = word();
   const auto number = numberOf(digits);
   if (!number) throw Failure(digits + L" is no number");
@@ -115,7 +116,7 @@ long Tokens::number() {
 }
 
 std::int16_t Tokens::shortNumber() {
-  const long wide = number();
+  const std::int32_t wide = number();
   const auto narrow = static_cast<std::int16_t>(wide);
   if (narrow != wide) throw Failure(std::to_wstring(wide) + L" is no 16-bit number");
   return narrow;
@@ -153,4 +154,4 @@ void Tokens::end() const {
   if (!atEnd()) throw Failure(L"there is more on the line than the command takes");
 }
 
-}  // namespace nv::host
+}  // namespace nv::scenario

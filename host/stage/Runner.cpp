@@ -1,12 +1,14 @@
-#include "host/scenario/Runner.h"
+#include "host/stage/Runner.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "host/base/Crash.h"
 #include "host/base/Text.h"
-#include "host/scenario/Player.h"
+#include "host/stage/RealStage.h"
+#include "scenario/Player.h"
 
 namespace nv::host {
 
@@ -51,9 +53,39 @@ int runScenarios(const Folders& folders, const std::vector<std::filesystem::path
   return passed == files.size() ? 0 : 1;
 }
 
-int playScenario(const Folders& folders, const std::filesystem::path& file) {
-  Player player({file, folders.installation, folders.standIns, folders.build / L"shots" / file.stem()});
+namespace {
+
+/// Prints the line, and what is written about it. The lines of files that it includes are read in silence.
+void sayLine(const std::filesystem::path& file, const scenario::Statement& statement) {
+  if (statement.file != file.filename()) return;
+  if (!statement.comment.empty()) printLine(L"");
+  for (const std::wstring& line : splitLines(statement.comment))
+    printLine(line.substr(std::min<std::size_t>(2, line.size())));
+  if (!statement.comment.empty()) printLine(L"");
+  printLine(L"  " + statement.source);
+}
+
+/// Prints how a show ended.
+void sayResult(RealStage& stage, scenario::Player& player) {
+  printLine(L"  -> result " + std::to_wstring(stage.result()));
+  for (const auto& [property, value] : player.record()) {
+    const Value& before = player.recordBefore().at(property);
+    if (value != before)
+      printLine(L"  -> " + property + L" " + scenario::shown(before) + L" is now " + scenario::shown(value));
+  }
+}
+
+}  // namespace
+
+int playScenario(const Folders& folders, const std::filesystem::path& file, bool aloud) {
   const std::wstring name = file.stem().wstring();
+  RealStage stage({folders.installation, folders.standIns, folders.build / L"shots" / name});
+  scenario::Player player(stage, file);
+  if (aloud) {
+    stage.onEvent = [](const std::wstring& event) { printLine(L"  -> event " + event); };
+    player.beforeLine = [&](const scenario::Statement& statement) { sayLine(file, statement); };
+    player.afterShow = [&] { sayResult(stage, player); };
+  }
   reportCrashes([&] { return L"FAIL " + name + L": " + player.position(); });
   const auto failure = player.play();
   if (!failure) {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/base/Value.h"
+#include "scenario/Value.h"
 
-namespace nv::host {
+namespace nv::scenario {
 
 /// A name that a text may hold in braces, as in "{root}NORVIK", and what stands for it.
 struct Substitution {
@@ -25,6 +25,10 @@ class Tokens {
   bool atEnd() const { return next_ == tokens_.size(); }
   bool nextIsWord() const { return nextIs(Kind::word); }
   bool nextIsText() const { return nextIs(Kind::text); }
+  /// The next token when it is a word, else an empty text.
+  std::wstring_view peekWord() const {
+    return nextIsWord() ? std::wstring_view(tokens_[next_].text) : std::wstring_view();
+  }
   /// Takes the next token when it is this word.
   bool take(std::wstring_view word);
 
@@ -32,7 +36,7 @@ class Tokens {
   std::wstring text();
   std::wstring wordOrText();
   /// A number in decimal, or in hexadecimal behind "0x"; up to 32 bits.
-  long number();
+  std::int32_t number();
   std::int16_t shortNumber();
   /// A text, a 16-bit number, true, false, or an array of texts with one or two dimensions.
   Value value();
@@ -54,4 +58,4 @@ class Tokens {
   std::size_t next_ = 0;
 };
 
-}  // namespace nv::host
+}  // namespace nv::scenario

@@ -1,13 +1,13 @@
-#include "host/standins/Answers.h"
+#include "scenario/Answers.h"
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
-#include "host/base/Failure.h"
-#include "host/base/Text.h"
-#include "host/standins/Record.h"
+#include "scenario/Failure.h"
+#include "scenario/Text.h"
 
-namespace nv::host {
+namespace nv::scenario {
 
 namespace {
 
@@ -46,7 +46,11 @@ const Member& takeMember(Tokens& tokens) {
   std::wstring name = tokens.word();
   if (name == L"put") name += L" " + tokens.word();
   const auto member = std::ranges::find(members, name, &Member::name);
-  if (member == std::end(members)) throw Failure(L"nothing that a stand-in is asked is called " + name);
+  if (member == std::end(members)) {
+    std::vector<std::wstring> names;
+    for (const Member& known : members) names.emplace_back(known.name);
+    throw Failure(L"nothing that a stand-in is asked is called " + name + didYouMean(name, names));
+  }
   return *member;
 }
 
@@ -56,7 +60,7 @@ void readText(Tokens& tokens, Answer& answer) {
   if (!tokens.take(L"times")) return;
   const std::wstring once = answer.text;
   answer.text.clear();
-  for (long times = tokens.number(); times > 0; --times) answer.text += once;
+  for (std::int32_t times = tokens.number(); times > 0; --times) answer.text += once;
 }
 
 /// Whether a noted line is a call of the member.
@@ -93,24 +97,23 @@ std::pair<std::wstring, Answer> readAnswer(Tokens& tokens) {
   return {member.name, answer};
 }
 
-std::optional<Answer> answerOf(const std::wstring& member) {
-  const auto lines = recorded(answersFile);
-  const auto told = std::find_if(lines.rbegin(), lines.rend(), [&](const auto& line) { return isOf(member, line); });
-  if (told == lines.rend()) return std::nullopt;
-  Tokens tokens(*told, {{L"root", installationInUse()}});
+std::optional<Answer> answerOf(const std::wstring& member, const std::vector<std::wstring>& answers,
+                               const std::wstring& root) {
+  const auto told = lastAsked(member, answers);
+  if (!told) return std::nullopt;
+  Tokens tokens(*told, {{L"root", root}});
   return readAnswer(tokens).second;
 }
 
-void noteAsked(std::wstring member, std::initializer_list<Value> arguments, const std::wstring& puts) {
+std::wstring question(std::wstring member, std::initializer_list<Value> arguments, const std::wstring& puts) {
   for (const Value& argument : arguments) member.append(L" ").append(shown(argument));
-  record(askedFile, puts.empty() ? member : member + L" with" + puts);
+  return puts.empty() ? member : member + L" with" + puts;
 }
 
-std::optional<std::wstring> lastAsked(const std::wstring& member) {
-  const auto lines = recorded(askedFile);
-  const auto last = std::find_if(lines.rbegin(), lines.rend(), [&](const auto& line) { return isOf(member, line); });
-  if (last == lines.rend()) return std::nullopt;
+std::optional<std::wstring> lastAsked(const std::wstring& member, const std::vector<std::wstring>& asked) {
+  const auto last = std::find_if(asked.rbegin(), asked.rend(), [&](const auto& line) { return isOf(member, line); });
+  if (last == asked.rend()) return std::nullopt;
   return *last;
 }
 
-}  // namespace nv::host
+}  // namespace nv::scenario

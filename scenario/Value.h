@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-namespace nv::host {
+namespace nv::scenario {
 
 using TextList = std::vector<std::wstring>;
 /// A two-dimensional array, outer index first; its rows are equally long.
@@ -17,4 +17,4 @@ using Value = std::variant<std::wstring, std::int16_t, bool, TextList, TextTable
 /// The value as one would write it in a scenario.
 std::wstring shown(const Value& value);
 
-}  // namespace nv::host
+}  // namespace nv::scenario
