@@ -90,7 +90,7 @@ void Player::play(std::span<const Statement> statements) {
     if ((statement.command->stages & stage_.kind()) != 0) {
       play(statement);
     } else {
-      passOver(statement.command->name);
+      ++passedOver_[statement.command->name];
     }
   }
 }

@@ -32,13 +32,12 @@ class Player {
 
   /// The line that is being played, as "file:line: text: ".
   std::wstring position() const;
-  /// What was passed over because only other stages can play it: by command or aspect, how often.
+  /// What was passed over because only other stages can play it: by command, how often.
   const std::map<std::wstring, int>& passedOver() const { return passedOver_; }
 
   // For the commands. Failures are Failure and CallError.
 
   Stage& stage() { return stage_; }
-  void passOver(const std::wstring& what) { ++passedOver_[what]; }
 
   /// Plays the lines of another file.
   void include(const std::wstring& file);

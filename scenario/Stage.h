@@ -37,7 +37,7 @@ enum class MouseButton { left, right };
 
 class Stage {
  public:
-  /// The stages that a command, or an aspect, can be played on.
+  /// The stages that a command can be played on.
   enum Kind : unsigned { real = 1, native = 2, both = real | native };
 
   virtual ~Stage() = default;

@@ -1,8 +1,11 @@
 #include "scenario/Text.h"
 
 #include <algorithm>
+#include <codecvt>
 #include <cwchar>
-#include <filesystem>
+#include <locale>
+#include <stdexcept>
+#include <utility>
 
 #include "scenario/Failure.h"
 
@@ -28,11 +31,10 @@ std::size_t slips(std::wstring_view one, std::wstring_view other) {
 
 }  // namespace
 
-std::wstring fromUtf8(std::string_view bytes) {
+std::wstring fromUtf8(const std::string& bytes) {
   try {
-    // Paths are the one place where the standard library converts between UTF-8 and wide text.
-    return std::filesystem::path(std::u8string(bytes.begin(), bytes.end())).wstring();
-  } catch (const std::filesystem::filesystem_error&) {
+    return std::wstring_convert<std::codecvt_utf8<wchar_t>>().from_bytes(bytes);
+  } catch (const std::range_error&) {
     throw Failure(L"the text is not in UTF-8");
   }
 }

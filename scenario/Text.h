@@ -9,7 +9,7 @@
 namespace nv::scenario {
 
 /// The text behind UTF-8. Fails with Failure when that is none.
-std::wstring fromUtf8(std::string_view bytes);
+std::wstring fromUtf8(const std::string& bytes);
 
 /// The text in double quotes, as one would write it in a scenario.
 std::wstring inQuotes(std::wstring_view text);

@@ -119,37 +119,26 @@ Action readChoose(Tokens& tokens) {
 
 // Looking
 
-struct Aspect {
-  const wchar_t* name;
-  Stage::Kind stages = Stage::both;
-};
+const Names aspects = {L"text",   L"caption",   L"visible",   L"enabled", L"focused",   L"checked",
+                       L"masked", L"selection", L"maxlength", L"rows",    L"columns",   L"row",
+                       L"left",   L"top",       L"width",     L"height",  L"backcolor", L"font"};
 
-constexpr Aspect aspects[] = {
-    {L"text"},   {L"caption"},   {L"visible"},   {L"enabled"}, {L"focused"},   {L"checked"},
-    {L"masked"}, {L"selection"}, {L"maxlength"}, {L"rows"},    {L"columns"},   {L"row"},
-    {L"left"},   {L"top"},       {L"width"},     {L"height"},  {L"backcolor"}, {L"font", Stage::real},
-};
-
-const Aspect* aspectOf(std::wstring_view name) {
-  const auto* const found =
-      std::ranges::find(aspects, name, [](const Aspect& aspect) { return std::wstring_view(aspect.name); });
-  return found == std::end(aspects) ? nullptr : found;
+bool isAspect(std::wstring_view name) {
+  return std::ranges::find(aspects, name) != aspects.end();
 }
 
 struct Sight {
   std::wstring window;
-  const Aspect* aspect;
+  std::wstring aspect;
   std::wstring expected;
   bool isText;
 };
 
 void compare(Player& player, const Sight& sight) {
-  if ((sight.aspect->stages & player.stage().kind()) == 0)
-    return player.passOver(std::wstring(L"is ") + sight.aspect->name);
-  const std::wstring seen = player.stage().look(player.dialog(), sight.window, sight.aspect->name);
+  const std::wstring seen = player.stage().look(player.dialog(), sight.window, sight.aspect);
   if (seen == sight.expected) return;
   const auto asWritten = [&](const std::wstring& value) { return sight.isText ? inQuotes(value) : value; };
-  throw Failure(sight.window + L" " + sight.aspect->name + L": expected " + asWritten(sight.expected) + L", seen " +
+  throw Failure(sight.window + L" " + sight.aspect + L": expected " + asWritten(sight.expected) + L", seen " +
                 asWritten(seen));
 }
 
@@ -157,13 +146,10 @@ Action readIs(Tokens& tokens) {
   std::vector<Sight> sights;
   std::wstring window = tokens.word();
   do {
-    if (!sights.empty() && aspectOf(tokens.peekWord()) == nullptr) window = tokens.word();
-    const std::wstring name = tokens.word();
-    const Aspect* const aspect = aspectOf(name);
-    if (aspect == nullptr) {
-      Names names;
-      for (const Aspect& known : aspects) names.emplace_back(known.name);
-      throw Failure(L"nothing is known of " + name + L", but of " + joined(names) + didYouMean(name, names));
+    if (!sights.empty() && !isAspect(tokens.peekWord())) window = tokens.word();
+    const std::wstring aspect = tokens.word();
+    if (!isAspect(aspect)) {
+      throw Failure(L"nothing is known of " + aspect + L", but of " + joined(aspects) + didYouMean(aspect, aspects));
     }
     const bool isText = tokens.nextIsText();
     sights.push_back({window, aspect, tokens.wordOrText(), isText});
@@ -177,8 +163,7 @@ Action readIs(Tokens& tokens) {
 template <const wchar_t* aspect, bool expected>
 Action readAre(Tokens& tokens) {
   return [names = readNames(tokens)](Player& player, const Statement&) {
-    for (const std::wstring& name : names)
-      compare(player, {name, aspectOf(aspect), expected ? L"true" : L"false", false});
+    for (const std::wstring& name : names) compare(player, {name, aspect, expected ? L"true" : L"false", false});
   };
 }
 
@@ -244,8 +229,8 @@ Action readRefused(Tokens& tokens) {
       failUnexpected(*box);
     }
     if (!player.stage().isUp(player.dialog())) throw Failure(L"expected a refusal, seen none: the dialog is gone");
-    compare(player, {control, aspectOf(focused), L"true", false});
-    compare(player, {control, aspectOf(L"selection"), selection, true});
+    compare(player, {control, focused, L"true", false});
+    compare(player, {control, L"selection", selection, true});
   };
 }
 
