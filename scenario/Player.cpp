@@ -19,7 +19,7 @@ std::wstring readUtf8(const std::filesystem::path& file) {
   return fromUtf8(std::string(std::istreambuf_iterator<char>(stream), {}));
 }
 
-std::wstring shown(const ExpectedError& error) {
+std::wstring asWritten(const ExpectedError& error) {
   return L"error " + shownNumber(error.number) + (error.description ? L" " + inQuotes(*error.description) : L"");
 }
 
@@ -115,9 +115,9 @@ void Player::perform(const Statement& statement) {
   } catch (const CallError& error) {
     const auto& [number, description] = *statement.error;
     if (error.number() == number && description.value_or(error.description()) == error.description()) return;
-    differ(shown(*statement.error), error.shown());
+    differ(asWritten(*statement.error), error.shown());
   }
-  differ(shown(*statement.error), L"none");
+  differ(asWritten(*statement.error), L"none");
 }
 
 // Showing
