@@ -10,7 +10,7 @@
 #include <string>
 
 #include "bench/Rows.h"
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 #include "tests/windows/Server.h"
 
 namespace nv::bench {

@@ -6,12 +6,11 @@
 #include <vector>
 
 #include "host/application/Automation.h"
+#include "host/application/Show.h"
 #include "host/base/Crash.h"
-#include "host/base/Failure.h"
 #include "host/base/File.h"
 #include "host/base/Text.h"
-#include "host/scenario/Runner.h"
-#include "host/showcase/Showcase.h"
+#include "host/stage/Runner.h"
 #include "host/standins/Cipher.h"
 #include "host/standins/Setup.h"
 
@@ -23,8 +22,8 @@ constexpr const wchar_t* usage =
     L"nvhost [--build FOLDER] COMMAND\n"
     L"\n"
     L"  run FILE...                    plays scenario files; the exit code is 0 when all pass\n"
-    L"  demo                           shows the component at work\n"
-    L"  show [modal|remote|import]     opens the dialog for you\n"
+    L"  aloud FILE                     plays a scenario and says what is done, and what comes of it\n"
+    L"  show modal|remote|import FILE  opens the dialog for you with the biller of a file\n"
     L"  play FILE                      plays one scenario in this process, for a debugger\n"
     L"  encipher IN OUT                makes a country file for the stand-in cipher from a text file\n"
     L"  setup                          registers the stand-ins for other programs: test machines only\n"
@@ -65,14 +64,14 @@ int run(std::vector<std::wstring> arguments) {
   std::vector<std::filesystem::path> files;
   for (std::size_t i = 1; i < arguments.size(); ++i) files.push_back(std::filesystem::absolute(arguments[i]));
 
-  if (command == L"show" && files.size() <= 1) {
+  if (command == L"show" && files.size() == 2) {
     const Apartment apartment(COINIT_APARTMENTTHREADED);
-    return showForPerson(folders, files.empty() ? L"modal" : arguments[1]);
+    return showForPerson(Installation(folders.installation, folders.standIns), arguments[1], files[1]);
   }
   const Apartment apartment(COINIT_MULTITHREADED);
   if (command == L"run" && !files.empty()) return runScenarios(folders, files);
-  if (command == L"play" && files.size() == 1) return playScenario(folders, files[0]);
-  if (command == L"demo" && files.empty()) return runDemo(folders);
+  if (command == L"play" && files.size() == 1) return playScenario(folders, files[0], false);
+  if (command == L"aloud" && files.size() == 1) return playScenario(folders, files[0], true);
   if (command == L"encipher" && files.size() == 2) return encipherFile(files[0], files[1]);
   if (command == L"setup" && files.empty()) {
     registerStandIns(folders.program);
@@ -93,7 +92,7 @@ int wmain(int count, wchar_t** arguments) {
     return nv::host::run({arguments + 1, arguments + count});
   } catch (const nv::host::Failure& failure) {
     std::fputs((nv::host::narrow(failure.text()) + '\n').c_str(), stderr);
-  } catch (const nv::host::HostError& error) {
+  } catch (const nv::host::CallError& error) {
     std::fputs((nv::host::narrow(error.shown()) + '\n').c_str(), stderr);
   }
   return 2;

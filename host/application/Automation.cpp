@@ -1,10 +1,9 @@
 #include "host/application/Automation.h"
 
-#include <cwchar>
-#include <memory>
+#include <wrl/client.h>
 
-#include "host/base/Failure.h"
-#include "host/base/Text.h"
+#include <memory>
+#include <utility>
 
 namespace nv::host {
 
@@ -97,26 +96,17 @@ _variant_t invoke(IDispatch& object, const std::wstring& name, WORD kind, DISPPA
                                        kind == DISPATCH_PROPERTYGET ? &result : nullptr, &exception, nullptr);
   if (called == DISP_E_EXCEPTION) {
     if (exception.pfnDeferredFillIn != nullptr) exception.pfnDeferredFillIn(&exception);
-    throw HostError(exception.scode, textOf(exception.bstrDescription));
+    throw callError(exception.scode, textOf(exception.bstrDescription));
   }
-  if (FAILED(called)) throw HostError(called, systemText(called));
+  if (FAILED(called)) throw callError(called, systemText(called));
   return result;
 }
 
 }  // namespace
 
-HostError::HostError(HRESULT result, std::wstring description)
-    : number_(HRESULT_FACILITY(result) == FACILITY_CONTROL ? HRESULT_CODE(result) : result),
-      description_(std::move(description)) {}
-
-std::wstring HostError::shown() const {
-  return L"error " + shownNumber(number_) + L" " + inQuotes(description_);
-}
-
-std::wstring shownNumber(LONG number) {
-  wchar_t text[16];
-  std::swprintf(text, std::size(text), number >= 0 ? L"%ld" : L"0x%08lX", number);
-  return text;
+CallError callError(HRESULT result, std::wstring description) {
+  const bool classic = HRESULT_FACILITY(result) == FACILITY_CONTROL;
+  return {classic ? HRESULT_CODE(result) : result, std::move(description)};
 }
 
 void check(HRESULT result) {
@@ -128,7 +118,7 @@ void check(HRESULT result) {
     info->Release();
   }
   const _bstr_t owned(description, false);
-  throw HostError(result, description == nullptr ? systemText(result) : textOf(description));
+  throw callError(result, description == nullptr ? systemText(result) : textOf(description));
 }
 
 void putProperty(IDispatch& object, const std::wstring& name, const Value& value) {
@@ -149,6 +139,22 @@ Value getProperty(IDispatch& object, const std::wstring& name) {
     default:
       throw Failure(name + L" has a value of variant type " + std::to_wstring(value.vt));
   }
+}
+
+std::vector<std::wstring> readableProperties(IDispatch& object) {
+  Microsoft::WRL::ComPtr<ITypeInfo> info;
+  check(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, &info));
+  std::vector<std::wstring> names;
+  FUNCDESC* member = nullptr;
+  for (UINT i = 0; SUCCEEDED(info->GetFuncDesc(i, &member)); ++i) {
+    _bstr_t name;
+    UINT count = 0;
+    const bool readable = member->invkind == INVOKE_PROPERTYGET && member->memid > 0 &&
+                          SUCCEEDED(info->GetNames(member->memid, name.GetAddress(), 1, &count));
+    if (readable) names.push_back(textOf(name.GetBSTR()));
+    info->ReleaseFuncDesc(member);
+  }
+  return names;
 }
 
 }  // namespace nv::host

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/application/Automation.h"
+#include "host/application/BillerFile.h"
 
 namespace nv::host {
 
@@ -89,8 +90,16 @@ void Biller::put(const std::wstring& property, const Value& value) {
   putProperty(*object_.Get(), property, value);
 }
 
+void Biller::set(const std::filesystem::path& file, const std::wstring& root) {
+  setBiller(*object_.Get(), file, root);
+}
+
 Value Biller::get(const std::wstring& property) {
   return getProperty(*object_.Get(), property);
+}
+
+std::vector<std::wstring> Biller::readable() {
+  return readableProperties(*object_.Get());
 }
 
 LONG Biller::show(Show kind) {

@@ -7,11 +7,12 @@
 #include <NVRandom.h>
 #include <wrl/client.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "host/base/Value.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 
@@ -19,7 +20,7 @@ class Biller {
  public:
   enum class Show { modal, remote, import };
 
-  /// Creates the instance and connects to its events. Fails with HostError when the component is not registered.
+  /// Creates the instance and connects to its events. Fails with CallError when the component is not registered.
   /// @param onEvent told each event as it comes.
   explicit Biller(std::function<void(const std::wstring& event)> onEvent = {});
   /// Disconnects and lets the instance go.
@@ -28,7 +29,11 @@ class Biller {
   Biller& operator=(const Biller&) = delete;
 
   void put(const std::wstring& property, const Value& value);
+  /// Sets what a biller's file says: see setBiller.
+  void set(const std::filesystem::path& file, const std::wstring& root);
   Value get(const std::wstring& property);
+  /// The properties that can be read, in the order of the interface.
+  std::vector<std::wstring> readable();
 
   LONG show(Show kind);
   void unloadFromRemote();

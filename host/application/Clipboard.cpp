@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 

@@ -2,7 +2,6 @@
 
 #include "host/application/Permissions.h"
 #include "host/application/UiThread.h"
-#include "host/base/Failure.h"
 #include "host/base/File.h"
 #include "host/base/Text.h"
 #include "host/standins/Cipher.h"
@@ -80,6 +79,10 @@ void Installation::write(const std::wstring& file, const std::wstring& text) {
   std::error_code none;
   fs::create_directories(target.parent_path(), none);
   if (!writeFile(target, narrow(text, CP_ACP))) fail(target, L"written");
+}
+
+void Installation::append(const std::wstring& file, const std::wstring& text) {
+  if (!appendToFile(path(file), narrow(text, CP_ACP))) fail(path(file), L"written");
 }
 
 void Installation::copy(const std::wstring& from, const std::wstring& to) {

@@ -31,8 +31,6 @@ class Installation {
 
   /// The installation root, with a trailing backslash.
   std::wstring root() const { return root_.wstring() + L"\\"; }
-  /// The same without the backslash.
-  std::wstring folder() const { return root_.wstring(); }
   /// What a host sets as DLLPath.
   std::wstring dllPath() const { return root() + L"NORVIK\\Bin\\"; }
 
@@ -44,6 +42,7 @@ class Installation {
 
   /// Makes or replaces a file, folders included.
   void write(const std::wstring& file, const std::wstring& text);
+  void append(const std::wstring& file, const std::wstring& text);
   void copy(const std::wstring& from, const std::wstring& to);
   void makeFolder(const std::wstring& folder);
   void remove(const std::wstring& fileOrFolder);

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 

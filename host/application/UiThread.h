@@ -16,7 +16,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 

@@ -167,14 +167,14 @@ class Verifier final : public _AccountVerifier, public ISupportErrorInfo {
  private:
   ~Verifier() { --objects; }
 
-  HRESULT put(const std::wstring& property, const Value& value) {
+  HRESULT put(const std::wstring& property, const scenario::Value& value) {
     return guarded([&] {
-      puts_.append(L" ").append(property).append(L" ").append(shown(value));
+      puts_.append(L" ").append(property).append(L" ").append(scenario::shown(value));
       return outcome(answerOf(L"put " + property).value_or(Answer()));
     });
   }
 
-  HRESULT answer(const wchar_t* method, std::initializer_list<Value> arguments, BSTR* message, short* number,
+  HRESULT answer(const wchar_t* method, std::initializer_list<scenario::Value> arguments, BSTR* message, short* number,
                  short* result) {
     return guarded([&] {
       noteAsked(method, arguments, puts_);

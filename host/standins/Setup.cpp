@@ -6,7 +6,7 @@
 #include <string>
 
 #include "AccountVerifier.h"
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "host/base/Failure.h"
+#include "host/base/Text.h"
 
 namespace nv::host {
 

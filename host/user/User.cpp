@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <map>
 
+#include "host/base/Text.h"
 #include "host/user/DropList.h"
 #include "host/user/Look.h"
 #include "host/user/Screen.h"
@@ -89,21 +90,21 @@ std::wstring iconName(HICON icon) {
 MessageBoxView read(HWND box) {
   MessageBoxView view;
   view.window = box;
-  view.caption = look(box, box, L"caption");
-  view.icon = L"none";
+  view.seen.caption = look(box, box, L"caption");
+  view.seen.icon = L"none";
   for (HWND part = GetWindow(box, GW_CHILD); part != nullptr; part = GetWindow(part, GW_HWNDNEXT)) {
     wchar_t kind[8];
     GetClassNameW(part, kind, static_cast<int>(std::size(kind)));
     if (_wcsicmp(kind, L"Static") != 0) continue;
     if ((GetWindowLongW(part, GWL_STYLE) & SS_TYPEMASK) == SS_ICON) {
-      view.icon = iconName(reinterpret_cast<HICON>(SendMessageW(part, STM_GETICON, 0, 0)));
+      view.seen.icon = iconName(reinterpret_cast<HICON>(SendMessageW(part, STM_GETICON, 0, 0)));
     } else {
-      view.text = look(box, part, L"text");
+      view.seen.text = look(box, part, L"text");
     }
   }
   const auto buttons = buttonsOf(box);
   for (const AnswerButton& button : answerButtons) {
-    if (buttons.contains(button.answer)) view.buttons += button.answer;
+    if (buttons.contains(button.answer)) view.seen.buttons += button.answer;
   }
   return view;
 }
@@ -171,7 +172,7 @@ void User::sendKeys(std::vector<INPUT> strokes) {
   send(std::move(strokes));
 }
 
-void User::press(const Chord& chord) {
+void User::press(const scenario::Chord& chord) {
   sendKeys(strokesOf(chord));
   settle();
 }
@@ -179,13 +180,6 @@ void User::press(const Chord& chord) {
 void User::type(const std::wstring& text) {
   for (const wchar_t c : text) sendKeys(strokesOf(c));
   settle();
-}
-
-void User::clear(HWND field) {
-  click(field);
-  press({VK_HOME});
-  press({VK_SHIFT, VK_END});
-  press({VK_DELETE});
 }
 
 void User::click(HWND window, Button button) {

@@ -11,16 +11,14 @@
 #include "host/application/UiThread.h"
 #include "host/user/Keys.h"
 #include "host/user/Picture.h"
+#include "scenario/Stage.h"
 
 namespace nv::host {
 
 /// A message box as the user sees it.
 struct MessageBoxView {
   HWND window = nullptr;
-  std::wstring text;
-  std::wstring caption;
-  std::wstring icon;     // critical, exclamation, information, question or none
-  std::wstring buttons;  // the answers that the buttons give, joined: "ok", "yesno"
+  scenario::Message seen;
 };
 
 class User {
@@ -48,11 +46,9 @@ class User {
   /// Clicks on the window: into a field behind the end of its text, on anything else in the middle.
   void click(HWND window, Button button = Button::left);
   void clickAt(POINT place, Button button = Button::left);
-  void press(const Chord& chord);
+  void press(const scenario::Chord& chord);
   /// Types into whatever has the focus.
   void type(const std::wstring& text);
-  /// Clicks into a field and deletes its text by keyboard.
-  void clear(HWND field);
   /// Clicks on the close box of a window.
   void closeByBox(HWND window);
   /// Opens a list and picks the row that has the text in one of its cells.

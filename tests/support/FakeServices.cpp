@@ -29,13 +29,20 @@ platform::MessageBoxes::Answer FakeMessageBoxes::show(std::wstring_view text, st
   return box.answer;
 }
 
+namespace {
+
+std::wstring folderOf(const std::wstring& path) {
+  const auto end = path.rfind(L'\\');
+  return path.substr(0, end == std::wstring::npos ? 0 : end);
+}
+
+}  // namespace
+
 void FakeFiles::write(const std::wstring& path, std::wstring_view text, Opening opening) {
   const std::wstring file = used(path);
-  const auto folderEnd = file.rfind(L'\\');
-  if (folderEnd != std::wstring::npos && !folders_.contains(file.substr(0, folderEnd))) {
-    throw RuntimeError(ErrorNumber::pathNotFound);
-  }
-  check(file);
+  if (!folderOf(file).empty() && !folders_.contains(folderOf(file))) throw RuntimeError(ErrorNumber::pathNotFound);
+  open(file, Barred::nothing);
+  if (folders_.contains(file)) throw RuntimeError(ErrorNumber::permissionDenied);
   written_.push_back(path);
   std::wstring& contents = contents_[file];
   if (opening == Opening::truncate) contents.clear();
@@ -45,7 +52,6 @@ void FakeFiles::write(const std::wstring& path, std::wstring_view text, Opening 
 std::uint64_t FakeFiles::length(const std::wstring& path) {
   const std::wstring file = used(path);
   check(file);
-  if (folders_.contains(file)) throw RuntimeError(ErrorNumber::pathAccess);
   const auto found = contents_.find(file);
   if (found == contents_.end()) throw RuntimeError(ErrorNumber::fileNotFound);
   return found->second.size();
@@ -53,11 +59,13 @@ std::uint64_t FakeFiles::length(const std::wstring& path) {
 
 std::wstring FakeFiles::read(const std::wstring& path) {
   length(path);
+  open(key(path), Barred::writing);
   return text(path);
 }
 
 void FakeFiles::remove(const std::wstring& path) {
   length(path);
+  open(key(path), Barred::nothing);
   contents_.erase(key(path));
 }
 
@@ -78,8 +86,17 @@ std::wstring FakeFiles::text(std::wstring_view path) const {
   return found == contents_.end() ? std::wstring() : found->second;
 }
 
-std::wstring FakeFiles::key(std::wstring_view path) {
+bool FakeFiles::removeAll(std::wstring_view path) {
+  const std::wstring top = key(path);
+  const auto isIn = [&top](const std::wstring& file) { return file == top || file.starts_with(top + L"\\"); };
+  const auto files = std::erase_if(contents_, [&](const auto& file) { return isIn(file.first); });
+  std::erase_if(barred_, [&](const auto& file) { return isIn(file.first); });
+  return std::erase_if(folders_, isIn) + files > 0;
+}
+
+std::wstring FakeFiles::key(std::wstring_view path) const {
   std::wstring key;
+  if (!currentFolder.empty() && path.find(L'\\') == std::wstring_view::npos) key = this->key(currentFolder + L"\\");
   for (const wchar_t c : path) {
     if (c != L'\\' || !key.ends_with(L'\\')) key += asciiUpper(c);
   }
@@ -93,6 +110,15 @@ std::wstring FakeFiles::used(const std::wstring& path) const {
 
 void FakeFiles::check(const std::wstring& key) const {
   if (const auto failure = failures_.find(key); failure != failures_.end()) throw RuntimeError(failure->second);
+}
+
+/// Fails when the file cannot be opened: when more than `most` is barred.
+void FakeFiles::open(const std::wstring& key, Barred most) const {
+  check(key);
+  for (const std::wstring& place : {key, folderOf(key)}) {
+    const auto found = barred_.find(place);
+    if (found != barred_.end() && found->second > most) throw RuntimeError(ErrorNumber::permissionDenied);
+  }
 }
 
 namespace {

@@ -44,6 +44,9 @@ class FakeMessageBoxes : public platform::MessageBoxes {
 /// A path without a folder lies in the current directory.
 class FakeFiles : public platform::Files {
  public:
+  /// The current directory, without a backslash at its end.
+  std::wstring currentFolder;
+
   void write(const std::wstring& path, std::wstring_view text, Opening opening) override;
   std::uint64_t length(const std::wstring& path) override;
   std::wstring read(const std::wstring& path) override;
@@ -58,19 +61,30 @@ class FakeFiles : public platform::Files {
   /// From now on every use of the file fails so: locked, read-only, disk full.
   void fail(std::wstring_view path, ErrorNumber error) { failures_[key(path)] = error; }
 
+  /// What others, or the access rights, keep the component from doing with a file, or with those in a folder. What it
+  /// does all the same fails with "Permission denied".
+  enum class Barred { nothing, writing, everything };
+  void bar(std::wstring_view path, Barred what) { barred_[key(path)] = what; }
+  /// Removes a file, or a folder with all in it, whatever bars it. Returns whether there was one.
+  bool removeAll(std::wstring_view path);
+
   bool exists(std::wstring_view path) const { return contents_.contains(key(path)); }
+  bool isFolder(std::wstring_view path) const { return folders_.contains(key(path)); }
   /// What the file holds; empty for a missing one.
   std::wstring text(std::wstring_view path) const;
   /// The paths written to so far, to the letter, one entry for each time a file was opened.
   const std::vector<std::wstring>& written() const { return written_; }
 
  private:
-  static std::wstring key(std::wstring_view path);
+  std::wstring key(std::wstring_view path) const;
   std::wstring used(const std::wstring& path) const;
+  /// Fails when a use of the file is to fail.
   void check(const std::wstring& key) const;
+  void open(const std::wstring& key, Barred most) const;
 
   std::map<std::wstring, std::wstring> contents_;
   std::map<std::wstring, ErrorNumber> failures_;
+  std::map<std::wstring, Barred> barred_;
   std::set<std::wstring> folders_;
   std::vector<std::wstring> written_;
 };

@@ -16,6 +16,10 @@ void User::giveUp(const std::wstring& why) {
   throw UserGaveUp();
 }
 
+bool User::has(std::wstring_view name) const {
+  return std::ranges::find(form_->controls(), name, &Control::fullName) != form_->controls().end();
+}
+
 Control& User::control(std::wstring_view name) const {
   const auto found = std::ranges::find(form_->controls(), name, &Control::fullName);
   if (found == form_->controls().end()) giveUp(L"there is no control " + std::wstring(name));
@@ -75,9 +79,12 @@ void User::click(std::wstring_view name) {
   act([&] {
     if (form_->busy()) return;
     Control& clicked = target(name);
+    form_->activated();
     if (clicked.takesFocus()) {
+      const unsigned asked = widgetset_.questions;
       form_->focus(clicked);
-      if (!clicked.hasFocus()) return;  // the control that was left kept it, or the form is gone: the click is lost
+      // The control that was left kept it or asked a question, or the form is gone: the click is over.
+      if (!clicked.hasFocus() || widgetset_.questions != asked) return;
     }
     clicked.mouseDown.raise({.button = leftButton});
     if (open()) window(name).clicked();
@@ -110,6 +117,16 @@ void User::character(wchar_t c) {
 }
 
 void User::key(int code, int shift) {
+  if ((shift & forms::altKey) != 0) {
+    act([&] {
+      Control* const control = form_->activeControl();
+      if (control != nullptr && static_cast<ControlWindow*>(control->peer())->usesKey(code, shift)) return;
+      if (control == nullptr || !form_->keyPressedDown(*control, {code, shift})) {
+        form_->mnemonicTyped(static_cast<wchar_t>(code));
+      }
+    });
+    return;
+  }
   const bool letter = code >= 'A' && code <= 'Z';
   const bool digit = code >= '0' && code <= '9';
   int character = 0;
@@ -125,6 +142,7 @@ void User::key(int code, int shift) {
 void User::keystroke(int code, int shift, wchar_t character) {
   Control* const control = form_->activeControl();
   if (control == nullptr) giveUp(L"no control of " + std::wstring(form_->windowName()) + L" has the focus");
+  if (static_cast<ControlWindow*>(control->peer())->usesKey(code, shift)) return;
   if (form_->keyPressedDown(*control, {code, shift})) return;
   EXPECT_TRUE(form_->loaded()) << "a key went on into a form that was unloaded";
   if (character != 0) character = form_->characterTyped(*control, character);
@@ -139,6 +157,10 @@ bool User::altKey(wchar_t character) {
   bool claimed = false;
   act([&] { claimed = form_->mnemonicTyped(character); });
   return claimed;
+}
+
+void User::pasteByMenu(std::wstring_view name) {
+  act([&] { window(name).paste(); });
 }
 
 void User::paste(std::wstring_view text) {

@@ -26,6 +26,7 @@ class User {
 
   /// The form itself, which stays readable after it has closed.
   forms::Form& form() const { return *form_; }
+  bool has(std::wstring_view name) const;
   forms::Control& control(std::wstring_view name) const;
 
   // Acting. A run-time error that comes out of it goes to the form, as with real windows.
@@ -36,7 +37,7 @@ class User {
   void type(std::wstring_view control, std::wstring_view text);
   /// Types into whatever has the focus, one keystroke per character; "\r", "\t" and "\b" are the keys.
   void type(std::wstring_view text);
-  /// One keystroke, with the character that belongs to it.
+  /// One keystroke, with the character that belongs to it, or the mnemonic.
   void key(int code, int shift = 0);
   void tab() { key(forms::keys::tab); }
   void backTab() { key(forms::keys::tab, forms::shiftKey); }
@@ -44,6 +45,8 @@ class User {
   bool altKey(wchar_t character);
   /// Puts the text on the clipboard and presses Control+V.
   void paste(std::wstring_view text);
+  /// Chooses Paste in the field's own menu.
+  void pasteByMenu(std::wstring_view control);
   /// Picks the first row of the list, or entry of the combo box, that has this cell.
   void choose(std::wstring_view control, std::wstring_view cell);
   /// Clicks the check box unless it is as wanted.

@@ -110,7 +110,7 @@ void ControlWindow::key(int code, int shift, wchar_t character) {
   const bool select = (shift & shiftKey) != 0;
   const int end = static_cast<int>(seen_.text.size());
   if (character == pasteKey || (code == keys::insert && shift == shiftKey)) {
-    insert(form_.widgetset().clipboard);
+    paste();
   } else if (character == keys::backspace) {
     erase(true);
   } else if (character >= L' ') {
@@ -122,6 +122,33 @@ void ControlWindow::key(int code, int shift, wchar_t character) {
   } else if (code == keys::left || code == keys::right) {
     moveCaret(std::clamp(caret_ + (code == keys::left ? -1 : 1), 0, end), select);
   }
+}
+
+void ControlWindow::paste() {
+  const auto* const box = dynamic_cast<forms::TextBox*>(field_);
+  if (field_ != nullptr && (box == nullptr || box->takesPaste())) insert(form_.widgetset().clipboard);
+}
+
+bool ControlWindow::usesKey(int code, int shift) {
+  using namespace forms;
+  constexpr int page = 7;  // rows of an open list, or thereabouts
+  if (seen_.rows.empty() || field_ == nullptr) return false;
+  if ((code == keys::f4 && shift == 0) || ((code == keys::down || code == keys::up) && shift == altKey)) {
+    dropped_ = !dropped_;
+    return true;
+  }
+  if (shift != 0) return false;
+  if (code == keys::enter || code == keys::escape) return std::exchange(dropped_, false);
+  const int step = code == keys::down       ? 1
+                   : code == keys::up       ? -1
+                   : code == keys::pageDown ? page
+                   : code == keys::pageUp   ? -page
+                                            : 0;
+  if (step == 0) return false;
+  const int row = (seen_.row ? static_cast<int>(*seen_.row) : -1) + step;
+  pick(static_cast<std::size_t>(std::clamp(row, 0, static_cast<int>(seen_.rows.size()) - 1)));
+  if (control_.peer() == this) field_->selectAll();
+  return true;
 }
 
 void ControlWindow::pick(std::size_t row) {

@@ -49,6 +49,10 @@ class ControlWindow : public forms::ControlPeer {
 
   /// The user clicks; a control that takes the focus has it by now. In a text the caret goes behind the last character.
   void clicked();
+  /// What a list does with a key before the form sees it; true when it used the key.
+  bool usesKey(int code, int shift);
+  /// Puts the clipboard's text in place of the selection, if the field lets it.
+  void paste();
   /// A key that no handler used up; `character` is what the handlers made of its character, or 0.
   void key(int code, int shift, wchar_t character);
   /// The user picks the row, or entry, from the list.
@@ -64,7 +68,8 @@ class ControlWindow : public forms::ControlPeer {
   forms::Control& control_;
   forms::TextField* field_;  // the control, when it is one
   Seen seen_;
-  int anchor_ = 0;  // the end of the selection that stays
+  bool dropped_ = false;  // whether a list is open
+  int anchor_ = 0;        // the end of the selection that stays
   int caret_ = 0;
 };
 
@@ -136,6 +141,8 @@ class WindowlessWidgetset : public forms::Widgetset {
   std::function<void()> whenShown;
   /// What realising a form fails with.
   std::optional<RuntimeError> failure;
+  /// How many message boxes have asked the user something, as far as whoever shows them counts them here.
+  unsigned questions = 0;
   /// The system clipboard.
   std::wstring clipboard;
 

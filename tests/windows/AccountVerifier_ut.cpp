@@ -3,7 +3,6 @@
 
 #include <functional>
 
-#include "host/base/Failure.h"
 #include "platform/RuntimeError.h"
 #include "tests/support/FakeServices.h"
 #include "tests/support/Windowless.h"

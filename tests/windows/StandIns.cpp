@@ -3,9 +3,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/application/Automation.h"
+#include "host/application/BillerFile.h"
 #include "host/base/Text.h"
-#include "host/base/Tokens.h"
 
 namespace nv::windows::test {
 
@@ -42,24 +41,14 @@ Record recordOf(_ClsRandom* object) {
     std::string kind, number, name;
     words >> kind >> number >> name;
     if (kind != "get" || !name.starts_with("Payee")) continue;
-    record[host::wide(name)] = host::shown(host::getProperty(*object, host::wide(name)));
+    record[host::wide(name)] = scenario::shown(host::getProperty(*object, host::wide(name)));
   }
   EXPECT_GT(record.size(), 30U);
   return record;
 }
 
 void StandInsTest::set(_ClsRandom* object, const std::string& biller) const {
-  std::ifstream lines(NV_BILLERS_FOLDER "/" + biller + ".txt");
-  EXPECT_TRUE(lines) << biller;
-  for (std::string line; std::getline(lines, line);) {
-    host::Tokens tokens(host::wide(line), {{L"root", installation.root()}});
-    if (tokens.take(L"include")) {
-      set(object, std::filesystem::path(tokens.wordOrText()).stem().string());
-    } else if (tokens.take(L"let")) {
-      const std::wstring name = tokens.word();
-      host::putProperty(*object, name, tokens.value());
-    }
-  }
+  host::setBiller(*object, std::filesystem::path(NV_BILLERS_FOLDER) / (biller + ".txt"), installation.root());
 }
 
 std::vector<std::wstring> StandInsTest::asked() {
