@@ -126,6 +126,8 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() noexcept {}
 
   Widgetset& widgetset() const { return widgetset_; }
+  /// Whether the handlers of a typed character are running.
+  bool typing() const { return typing_; }
 
  private:
   bool focusable(const Control& control) const { return shown_ && control.takesFocus() && control.reachable(); }

@@ -46,8 +46,9 @@ void frmRandomInfo::txtBusinessNum_LostFocus() {
   if (txtBusinessNum.text().empty()) return;
   const Busy busy(*this);
   if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text())) return;
-  // Nothing is selected: an Enter that led here types a "9", which must not replace the number.
-  txtBusinessNum.select(static_cast<int>(txtBusinessNum.text().size()), 0);
+  // To be typed over. An Enter that led here types a "9", though, which must not replace the number.
+  txtBusinessNum.selectAll();
+  if (typing()) txtBusinessNum.select(static_cast<int>(txtBusinessNum.text().size()), 0);
   txtBusinessNum.setFocus();
 }
 

@@ -296,6 +296,7 @@ TEST_F(FieldRulesTest, ARefusedBusinessNumberIsToBeMended) {
   };
   leave(L"ran_payee_email");
   EXPECT_EQ(user.focus(), L"txtBusinessNum");
+  EXPECT_EQ(user.selected(L"txtBusinessNum"), L"100000009");
   user.type(L"txtBusinessNum", L"\r");
   EXPECT_EQ(user.text(L"txtBusinessNum"), L"1000000099") << "the number stays, whatever Enter types";
   user.type(L"\b");
