@@ -10,7 +10,7 @@ namespace nv::windows {
 
 HRESULT ClsRandomObject::create(REFIID iid, void** object) {
   ComPtr<_ClsRandom> made;
-  const HRESULT result = guarded([&made] { *made.out() = new ClsRandomObject; });
+  const HRESULT result = guarded([&made] { *made.GetAddressOf() = new ClsRandomObject; });
   return FAILED(result) ? result : made->QueryInterface(iid, object);
 }
 
@@ -73,7 +73,7 @@ STDMETHODIMP ClsRandomObject::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo
   if (index != 0) return DISP_E_BADINDEX;
   ComPtr<ITypeInfo> own;
   const HRESULT result = ownTypeInfo(own);
-  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+  return FAILED(result) ? result : own.CopyTo(info);
 }
 
 namespace {
@@ -111,7 +111,7 @@ STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UIN
   }
   ComPtr<ITypeInfo> own;
   const HRESULT result = ownTypeInfo(own);
-  return FAILED(result) ? result : DispGetIDsOfNames(own.get(), names, count, ids);
+  return FAILED(result) ? result : DispGetIDsOfNames(own.Get(), names, count, ids);
 }
 
 namespace {
@@ -148,7 +148,7 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
     }
     passed.rgvarg = &strings;
   }
-  return DispInvoke(static_cast<NewestInterface*>(this), own.get(), member, flags, &passed, result, exception,
+  return DispInvoke(static_cast<NewestInterface*>(this), own.Get(), member, flags, &passed, result, exception,
                     badArgument);
 }
 
@@ -194,7 +194,7 @@ STDMETHODIMP ClsRandomObject::GetClassInfo(ITypeInfo** info) {
   *info = nullptr;
   ComPtr<ITypeInfo> own;
   const HRESULT result = typeInfo(CLSID_ClsRandom, own);
-  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+  return FAILED(result) ? result : own.CopyTo(info);
 }
 
 STDMETHODIMP ClsRandomObject::GetGUID(DWORD kind, GUID* guid) {

@@ -16,12 +16,12 @@ struct Connection {
 
 CONNECTDATA handOutConnection(const Connection& connection) {
   connection.sink->AddRef();
-  return {connection.sink.get(), connection.cookie};
+  return {connection.sink.Get(), connection.cookie};
 }
 
 IConnectionPoint* handOutPoint(const ComPtr<IConnectionPoint>& point) {
   point->AddRef();
-  return point.get();
+  return point.Get();
 }
 
 }  // namespace
@@ -54,8 +54,8 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   return guarded([&] {
     ComPtr<IDispatch> events;
     // Listeners answer to the event interface; a plain automation object that does not know it may listen all the same.
-    if (FAILED(sink->QueryInterface(eventInterface_, events.outVoid())) &&
-        FAILED(sink->QueryInterface(IID_IDispatch, events.outVoid()))) {
+    if (FAILED(sink->QueryInterface(eventInterface_, &events)) &&
+        FAILED(sink->QueryInterface(IID_IDispatch, &events))) {
       throw RuntimeError(CONNECT_E_CANNOTCONNECT, L"The object cannot receive these events");
     }
     listeners_.push_back({lastCookie_ + 1, std::move(events)});

@@ -56,7 +56,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
   *object = nullptr;
   if (classId != CLSID_ClsRandom) return CLASS_E_CLASSNOTAVAILABLE;
   ComPtr<IClassFactory> factory;
-  const HRESULT made = guarded([&factory] { *factory.out() = new ClassFactory; });
+  const HRESULT made = guarded([&factory] { *factory.GetAddressOf() = new ClassFactory; });
   return FAILED(made) ? made : factory->QueryInterface(iid, object);
 }
 

@@ -84,13 +84,13 @@ void forEachElement(const std::vector<StringArray::Bounds>& bounds, Body&& body)
 
 HRESULT failure(const RuntimeError& error) noexcept {
   ComPtr<ICreateErrorInfo> create;
-  if (SUCCEEDED(CreateErrorInfo(create.out()))) {
-    const Bstr description(error.description());
+  if (SUCCEEDED(CreateErrorInfo(&create))) {
+    const Bstr description = Bstr::copyOf(error.description());
     wchar_t source[] = L"NVRandom";
     create->SetSource(source);
     create->SetDescription(description.get());
     ComPtr<IErrorInfo> info;
-    if (SUCCEEDED(create->QueryInterface(IID_IErrorInfo, info.outVoid()))) SetErrorInfo(0, info.get());
+    if (SUCCEEDED(create->QueryInterface(IID_IErrorInfo, &info))) SetErrorInfo(0, info.Get());
   }
   return error.number() < 0 ? error.number() : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, error.number());
 }
@@ -148,7 +148,7 @@ SafeArray safeArray(const StringArray& array) {
   if (!result) throw RuntimeError(ErrorNumber::outOfMemory);
   const ArrayAccess access(result.get());
   forEachElement(bounds, [&](std::size_t ours, std::size_t theirs) {
-    Bstr text(array.elements()[ours]);
+    Bstr text = Bstr::copyOf(array.elements()[ours]);
     if (!text) throw RuntimeError(ErrorNumber::outOfMemory);
     access.element<BSTR>(theirs) = text.release();
   });

@@ -93,7 +93,7 @@ HRESULT typeInfo(REFGUID guid, ComPtr<ITypeInfo>& info) {
     const HRESULT result = LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, &library);
     if (FAILED(result)) return result;
   }
-  return library->GetTypeInfoOfGuid(guid, info.out());
+  return library->GetTypeInfoOfGuid(guid, &info);
 }
 
 std::shared_ptr<Component> componentOfThisThread() {
