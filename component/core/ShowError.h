@@ -17,8 +17,7 @@ namespace nv {
 void ShowError(Component& component, std::int32_t errNumber, std::wstring_view description, std::wstring_view procName,
                bool silent, std::wstring_view title) noexcept;
 
-/// Runs `body` under a reported trap: a run-time error in it is reported under `procName`, and `atFailure` is the
-/// result.
+/// Runs `body`. A run-time error in it is reported under `procName`, and `atFailure` is returned.
 template <class Result, class Body>
 Result reportedTrap(Component& component, std::wstring_view procName, Result atFailure, Body&& body) {
   try {

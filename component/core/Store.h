@@ -16,14 +16,14 @@ struct Store {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
 #include "component/core/properties.def"
 
-  /// What a closing dialog leaves for ShowForm to return: 0, or `cancelledResult`.
+  /// What ShowForm returns once the dialog is closed: 0 or `cancelledResult`.
   std::int32_t closeResult = 0;
   static constexpr std::int32_t cancelledResult = 50000;
 
-  /// True while the dialog is shown by ShowForm_Import, for reading only.
+  /// True while ShowForm_Import shows the dialog, read-only.
   Flag16 importFlag = flagFalse;
 
-  /// The flag that account checks are called with; false from the creation of an instance on.
+  /// Passed to the account checks; each new instance clears it.
   Flag16 verifyBusinessNumberFlag = flagFalse;
 
   /// How a post-office box begins, in the order in which an address is compared with them. Views of a constant.

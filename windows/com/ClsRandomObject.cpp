@@ -44,7 +44,8 @@ STDMETHODIMP_(ULONG) ClsRandomObject::AddRef() {
 STDMETHODIMP_(ULONG) ClsRandomObject::Release() {
   const long left = --references_;
   if (left != 0) return static_cast<ULONG>(left);
-  // Taking the dialog away may let the host run, and the host may take and release the dying object: once is enough.
+  // While the destructor unloads the dialog, the host may run, take another reference and release it: destroy only
+  // once.
   references_ = 1L << 30;
   delete this;
   return 0;
@@ -101,8 +102,8 @@ const Member* memberOf(std::wstring_view name) {
 }  // namespace
 
 STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) {
-  // Scripts ask at every statement. The type library compares by the rules of a language, name by name; what is not
-  // found here is for it to refuse.
+  // Scripts ask at every statement. The type library is slow: it compares name by name, by the rules of a locale. It is
+  // left with the names that are not in the table.
   if (count == 1 && names != nullptr && names[0] != nullptr && ids != nullptr) {
     if (const Member* const member = memberOf(names[0])) {
       *ids = member->id;
