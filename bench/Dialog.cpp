@@ -196,7 +196,7 @@ int openOnce(bool bare) {
     if (!description.empty()) took = bareOpening(description, host.get());
   } else {
     const Workplace workplace(L"openOnce");
-    took = opening(workplace.object().get());
+    took = opening(workplace.object().Get());
   }
   return static_cast<int>(took * 1e6);
 }
@@ -205,7 +205,7 @@ Medians firstOpening() {
   {
     const HostWindow host;
     const Workplace workplace(L"firstOpening");
-    const auto description = describedDialog(workplace.object().get());
+    const auto description = describedDialog(workplace.object().Get());
     std::ofstream(descriptionFile, std::ios::binary)
         .write(reinterpret_cast<const char*>(description.data()),
                static_cast<std::streamsize>(description.size() * sizeof(BareWindow)));
@@ -220,15 +220,15 @@ Medians nextOpening() {
   const HostWindow host;
   const Workplace workplace(L"nextOpening");
   const auto object = workplace.object();
-  const auto description = describedDialog(object.get());
-  return compare([&] { return opening(object.get()); }, [&] { return bareOpening(description, host.get()); }, 41);
+  const auto description = describedDialog(object.Get());
+  return compare([&] { return opening(object.Get()); }, [&] { return bareOpening(description, host.get()); }, 41);
 }
 
 Medians keystroke() {
   const HostWindow host;
   const Workplace workplace(L"keystroke");
   const auto object = workplace.object();
-  const Embedded dialog(object.get(), host.get());
+  const Embedded dialog(object.Get(), host.get());
   const HWND ours = dialog.control(L"ran_payee_street");
 
   const HostWindow bareHost;
@@ -263,10 +263,10 @@ Medians acceptance() {
   const HostWindow host;
   const Workplace workplace(L"acceptance");
   const auto object = workplace.object();
-  Accepted accepted(object.get());
+  Accepted accepted(object.Get());
   double bareTook = 0;
   const auto press = [&] {
-    const Embedded dialog(object.get(), host.get());
+    const Embedded dialog(object.Get(), host.get());
     std::vector<HWND> windows;
     for (const wchar_t* field : fields) windows.push_back(dialog.control(field));
     std::vector<std::wstring> texts(windows.size());

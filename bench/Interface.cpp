@@ -47,21 +47,21 @@ ComPtr<IClassFactory> factoryOf(const wchar_t* program) {
   CLSID id{};
   EXPECT_HRESULT_SUCCEEDED(CLSIDFromProgID(program, &id));
   ComPtr<IClassFactory> factory;
-  EXPECT_HRESULT_SUCCEEDED(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, factory.outVoid()));
+  EXPECT_HRESULT_SUCCEEDED(CoGetClassObject(id, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory, &factory));
   return factory;
 }
 
 template <class Interface>
 ComPtr<Interface> made(IClassFactory& factory, REFIID iid) {
   ComPtr<Interface> object;
-  EXPECT_HRESULT_SUCCEEDED(factory.CreateInstance(nullptr, iid, object.outVoid()));
+  EXPECT_HRESULT_SUCCEEDED(factory.CreateInstance(nullptr, iid, &object));
   return object;
 }
 
 constexpr const wchar_t* dictionaryClass = L"Scripting.Dictionary";
 
 ComPtr<IDispatch> dictionary() {
-  return made<IDispatch>(*factoryOf(dictionaryClass).get(), IID_IDispatch);
+  return made<IDispatch>(*factoryOf(dictionaryClass).Get(), IID_IDispatch);
 }
 
 VARIANT text(const Bstr& of) {
@@ -100,7 +100,7 @@ Medians vtablePut() {
   const auto object = Server::get().create();
   BareText bareText;
   BareProperty* const bare = opaque<BareProperty*>(&bareText);
-  const Bstr text{value};
+  const Bstr text = Bstr::copyOf(value);
   return compare(repeated([&] { object->put_PayeeName(text.get()); }), repeated([&] { bare->put(text.get()); }));
 }
 
@@ -108,7 +108,7 @@ Medians vtableGet() {
   const auto object = Server::get().create();
   BareText bareText;
   BareProperty* const bare = opaque<BareProperty*>(&bareText);
-  const Bstr text{value};
+  const Bstr text = Bstr::copyOf(value);
   object->put_PayeeName(text.get());
   bare->put(text.get());
   Bstr got;
@@ -118,39 +118,39 @@ Medians vtableGet() {
 Medians lateBoundPut() {
   const auto object = Server::get().create();
   const auto bare = dictionary();
-  const Bstr key{std::wstring_view(L"PayeeName")};
-  const Bstr content{value};
+  const Bstr key = Bstr::copyOf(L"PayeeName");
+  const Bstr content = Bstr::copyOf(value);
   VARIANT ourArguments[] = {text(content)};
   VARIANT bareArguments[] = {text(content), text(key)};
-  return compare(repeated([&] { put(object.get(), L"PayeeName", ourArguments); }),
-                 repeated([&] { put(bare.get(), L"Item", bareArguments); }));
+  return compare(repeated([&] { put(object.Get(), L"PayeeName", ourArguments); }),
+                 repeated([&] { put(bare.Get(), L"Item", bareArguments); }));
 }
 
 Medians lateBoundGet() {
   const auto object = Server::get().create();
   const auto bare = dictionary();
-  const Bstr key{std::wstring_view(L"PayeeName")};
-  const Bstr content{value};
+  const Bstr key = Bstr::copyOf(L"PayeeName");
+  const Bstr content = Bstr::copyOf(value);
   VARIANT ourArguments[] = {text(content)};
   VARIANT bareArguments[] = {text(content), text(key)};
-  put(object.get(), L"PayeeName", ourArguments);
-  put(bare.get(), L"Item", bareArguments);
-  return compare(repeated([&] { get(object.get(), L"PayeeName", nullptr); }),
-                 repeated([&] { get(bare.get(), L"Item", &bareArguments[1]); }));
+  put(object.Get(), L"PayeeName", ourArguments);
+  put(bare.Get(), L"Item", bareArguments);
+  return compare(repeated([&] { get(object.Get(), L"PayeeName", nullptr); }),
+                 repeated([&] { get(bare.Get(), L"Item", &bareArguments[1]); }));
 }
 
 Medians classCreation() {
   const auto keepsTheStore = Server::get().create();
   const auto ours = Server::get().factory();
   const auto bare = factoryOf(dictionaryClass);
-  return compare(repeated([&] { made<_ClsRandom>(*ours.get(), IID__ClsRandom); }),
-                 repeated([&] { made<IDispatch>(*bare.get(), IID_IDispatch); }));
+  return compare(repeated([&] { made<_ClsRandom>(*ours.Get(), IID__ClsRandom); }),
+                 repeated([&] { made<IDispatch>(*bare.Get(), IID_IDispatch); }));
 }
 
 Medians traceLine() {
   const Workplace workplace(L"traceLine");
   const auto object = workplace.object();
-  const Bstr text{value};
+  const Bstr text = Bstr::copyOf(value);
   object->put_PlayByPlayEnabled(-1);
   const std::string line = "15/11/2026 1:58:04 PM NVRANDOM - ClsRandom - Let PayeeName\r\n";
   const std::wstring path = workplace.root() + L"\\Norvik\\bare.txt";  // spelled like the trace's
@@ -167,7 +167,7 @@ Medians traceLine() {
 
 Medians switchedOffTrace() {
   const auto object = Server::get().create();
-  const Bstr text{value};
+  const Bstr text = Bstr::copyOf(value);
   // Several of each: what a property costs differs by where its code and its text happen to lie.
   return compare(repeated([&] {
                    object->put_PayeeName(text.get());

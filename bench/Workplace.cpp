@@ -45,8 +45,8 @@ Workplace::Workplace(const wchar_t* name)
 
 windows::ComPtr<_ClsRandom> Workplace::object() const {
   auto object = windows::test::Server::get().create();
-  windows::test::putText(object.get(), &_ClsRandom::put_DLLPath, installation_.dllPath().c_str());
-  for (const Value& value : biller) windows::test::putText(object.get(), value.put, value.text);
+  windows::test::putText(object.Get(), &_ClsRandom::put_DLLPath, installation_.dllPath().c_str());
+  for (const Value& value : biller) windows::test::putText(object.Get(), value.put, value.text);
   EXPECT_HRESULT_SUCCEEDED(object->put_UserBankAcctPermission(-1));
   return object;
 }

@@ -8,7 +8,7 @@ namespace nv {
 
 namespace {
 
-/// How an address that is a post-office box begins, as one text.
+/// The beginnings of post-office box addresses.
 constexpr std::wstring_view postOfficeBoxWords =
     L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
     L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
@@ -69,7 +69,7 @@ std::int32_t ClsRandom::ShowForm() {
 std::int32_t ClsRandom::ShowForm_Remote() {
   trace(component_, L"ClsRandom - ShowForm_Remote");
   const auto form = connectedForm();
-  if (!form->loaded()) return 0;  // the host took it back while it loaded
+  if (!form->loaded()) return 0;  // the host unloaded it while it loaded
   form->show();
   form->move(0, 0);
   return 0;
@@ -80,7 +80,7 @@ std::int32_t ClsRandom::ShowForm_Import() {
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   form->load();
   const forms::UnloadOnExit unloaded(*form);
-  if (!form->loaded()) return 0;  // the host took it back while it loaded
+  if (!form->loaded()) return 0;  // the host unloaded it while it loaded
   form->showReadOnly();
   form->showModal();
   return 0;
@@ -110,14 +110,14 @@ std::shared_ptr<frmRandomInfo> ClsRandom::connectedForm() {
   if (connected_ && connected_->loaded()) return connected_;
   disconnect();
   connected_ = std::make_shared<frmRandomInfo>(component_, forms::Border::embedded);
-  // Its events are relayed to the host.
+  // Relay its events to the host.
 #define NV_EVENT(id, Name, ...)                             \
   connected_->Name = [this](auto... arguments) {            \
     trace(component_, L"ClsRandom - frmRandomInfo_" #Name); \
     events_.Name(arguments...);                             \
   };
 #include "component/core/properties.def"
-  auto form = connected_;  // loading may let the host run
+  auto form = connected_;  // while it loads, the host may run and release this object
   form->load();
   return form;
 }

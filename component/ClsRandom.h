@@ -25,13 +25,13 @@ class ClsRandom {
  public:
   /// Class initialisation. Both arguments outlive the object.
   ClsRandom(Component& component, ClsRandomEvents& events);
-  /// Takes its connected dialog away, without an event.
+  /// Unloads its connected dialog, without an event.
   ~ClsRandom();
   ClsRandom(const ClsRandom&) = delete;
   ClsRandom& operator=(const ClsRandom&) = delete;
 
-  // let<Name> and get<Name> for each property, and the methods. What a get refers to is the store's. Failures are
-  // thrown as they come (see RuntimeError::current).
+  // let<Name> and get<Name> for each property, and the methods. A get returns a reference into the store. Failures are
+  // exceptions of any type (see RuntimeError::current).
 #define NV_DECLARE_Let(Name, Type) void let##Name(property::Type::Argument value);
 #define NV_DECLARE_LetGet(Name, Type) NV_DECLARE_Let(Name, Type) const property::Type::Stored& get##Name();
 #define NV_RESULT_Long std::int32_t
@@ -45,7 +45,7 @@ class ClsRandom {
 #undef NV_RESULT_Nothing
 
  private:
-  /// The connected dialog, loaded: made on first use, and anew once it has been unloaded.
+  /// The connected dialog, loaded. It is created on first use, and again after it was unloaded.
   std::shared_ptr<frmRandomInfo> connectedForm();
   void disconnect();
 

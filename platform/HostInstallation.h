@@ -51,7 +51,7 @@ class HostInstallation {
   virtual std::int16_t checkBankId(const std::wstring& folder, const std::wstring& bankId) = 0;
 
   /// `_Check_bank_account2@24` of Acctvfy.dll: 1 valid, 2 doubtful, anything else rejected.
-  /// @param message what the library has to say, without blanks around it.
+  /// @param message the library's message, trimmed.
   virtual std::int16_t checkBankAccount(const std::wstring& folder, const std::wstring& bankId,
                                         const std::wstring& transit, const std::wstring& account,
                                         std::wstring& message) = 0;

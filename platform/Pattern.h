@@ -6,8 +6,8 @@
 
 namespace nv {
 
-/// The traits of the standard library, but for the value of a digit: theirs is read through a string stream, and the
-/// streams would be a tenth of the DLL.
+/// The standard traits, except for the value of a digit: theirs reads it through a string stream, and streams would
+/// make up a tenth of the DLL.
 struct PatternTraits : std::regex_traits<wchar_t> {
   /// The value of a digit in radix 8, 10 or 16; -1 when it is none.
   static int value(wchar_t digit, int radix) {

@@ -1,5 +1,6 @@
 #include "platform/RuntimeError.h"
 
+#include <algorithm>
 #include <new>
 #include <stdexcept>
 #include <type_traits>
@@ -7,6 +8,29 @@
 namespace nv {
 
 static_assert(std::is_nothrow_copy_constructible_v<RuntimeError>, "so that \"Out of memory\" can be reported");
+
+namespace {
+
+struct StandardText {
+  ErrorNumber number;
+  std::wstring_view text;
+};
+constexpr StandardText standardTexts[] = {
+    {ErrorNumber::invalidCall, L"Invalid procedure call or argument"},
+    {ErrorNumber::outOfMemory, L"Out of memory"},
+    {ErrorNumber::subscriptOutOfRange, L"Subscript out of range"},
+    {ErrorNumber::typeMismatch, L"Type mismatch"},
+    {ErrorNumber::libraryNotLoadable, L"Error in loading DLL"},
+    {ErrorNumber::fileNotFound, L"File not found"},
+    {ErrorNumber::permissionDenied, L"Permission denied"},
+    {ErrorNumber::pathAccess, L"Path/File access error"},
+    {ErrorNumber::pathNotFound, L"Path not found"},
+    {ErrorNumber::invalidUseOfNull, L"Invalid use of Null"},
+    {ErrorNumber::cannotCreateObject, L"ActiveX component can't create object"},
+    {ErrorNumber::entryPointNotFound, L"Can't find DLL entry point"},
+};
+
+}  // namespace
 
 RuntimeError::RuntimeError(ErrorNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}
 
@@ -21,33 +45,8 @@ const char* RuntimeError::what() const noexcept {
 
 std::wstring_view RuntimeError::description() const noexcept {
   if (own_) return *own_;
-  switch (static_cast<ErrorNumber>(number_)) {
-    case ErrorNumber::invalidCall:
-      return L"Invalid procedure call or argument";
-    case ErrorNumber::outOfMemory:
-      return L"Out of memory";
-    case ErrorNumber::subscriptOutOfRange:
-      return L"Subscript out of range";
-    case ErrorNumber::typeMismatch:
-      return L"Type mismatch";
-    case ErrorNumber::libraryNotLoadable:
-      return L"Error in loading DLL";
-    case ErrorNumber::fileNotFound:
-      return L"File not found";
-    case ErrorNumber::permissionDenied:
-      return L"Permission denied";
-    case ErrorNumber::pathAccess:
-      return L"Path/File access error";
-    case ErrorNumber::pathNotFound:
-      return L"Path not found";
-    case ErrorNumber::invalidUseOfNull:
-      return L"Invalid use of Null";
-    case ErrorNumber::cannotCreateObject:
-      return L"ActiveX component can't create object";
-    case ErrorNumber::entryPointNotFound:
-      return L"Can't find DLL entry point";
-  }
-  return L"Automation error";
+  const auto found = std::ranges::find(standardTexts, static_cast<ErrorNumber>(number_), &StandardText::number);
+  return found == std::end(standardTexts) ? L"Automation error" : found->text;
 }
 
 RuntimeError RuntimeError::current() noexcept {
@@ -57,7 +56,7 @@ RuntimeError RuntimeError::current() noexcept {
     return error;
   } catch (const std::bad_alloc&) {
     return RuntimeError(ErrorNumber::outOfMemory);
-  } catch (const std::length_error&) {  // a text that outgrows what memory could ever hold
+  } catch (const std::length_error&) {  // a text longer than memory can hold
     return RuntimeError(ErrorNumber::outOfMemory);
   } catch (const std::out_of_range&) {
     return RuntimeError(ErrorNumber::subscriptOutOfRange);

@@ -44,7 +44,7 @@ class RuntimeError : public std::exception {
   /// The error's own text, else the standard text of its number.
   std::wstring_view description() const noexcept;
 
-  /// The error behind the exception being handled, whatever its type: the one place where foreign exceptions become
+  /// The error behind the exception being handled, whatever its type: the only place where other exceptions become
   /// run-time errors. To be called inside a catch block only.
   static RuntimeError current() noexcept;
 

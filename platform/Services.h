@@ -78,7 +78,7 @@ class Machine {
   virtual std::unique_ptr<Turn> takeTurn(const std::wstring& name) = 0;
 };
 
-/// Other programs that the component sets to work for the user.
+/// Other programs that the component starts for the user.
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -87,7 +87,7 @@ class Shell {
   /// success (ShellExecute's contract).
   virtual int open(const std::wstring& address) = 0;
 
-  /// Shows the help topic with this context number. A missing help file or viewer is the viewer's affair.
+  /// Shows the help topic with this context number. The viewer itself reports a missing help file.
   /// @param file path of the help file, followed by ">" and the window type.
   /// @param window handle of the window that asks.
   virtual void showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) = 0;

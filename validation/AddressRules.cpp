@@ -10,8 +10,8 @@ namespace nv::Random {
 
 namespace {
 
-/// Whether the host's province/postal-code text, a run of 3-character units, has one whose first `length` characters
-/// are just `wanted`.
+/// Whether one of the 3-character units of the host's province/postal-code text begins with `wanted`, which has
+/// `length` characters.
 bool hasUnit(const std::wstring& units, std::size_t length, std::wstring_view wanted) {
   constexpr std::size_t unit = 3;
   for (std::size_t at = 0; at < units.size(); at += unit) {

@@ -16,7 +16,7 @@ namespace {
 using platform::AccountVerifier;
 using platform::MessageBoxes;
 
-/// The installation's root without its backslash; empty when it is not known.
+/// The installation's root without its trailing backslash; empty when unknown.
 std::wstring dataPath(const Store& store) {
   std::wstring root = store.gstrInstallRoot();
   if (!root.empty()) root.pop_back();
@@ -58,7 +58,7 @@ constexpr std::int16_t notAsked = 2;
 constexpr std::int16_t bankIdLength = 6;
 constexpr std::int16_t accountLength = 30;
 
-/// Asks a new verifier and, when it accepts, keeps the session id that it may have handed out.
+/// Asks a new verifier. When it accepts, its session id, which may be new, is stored.
 template <class Ask>
 std::int16_t askVerifier(Component& component, Ask&& ask) {
   const auto verifier = createVerifier(component);

@@ -14,17 +14,17 @@ namespace nv::Random {
 
 /// Has the verifier check an account of a bank.
 /// @param bankId brought to 6 characters; of 7, the first 6 count. Blank: the result is 2 and nobody is asked.
-/// @param account at least 4 capital letters and digits; with a blank in it the user is told and the result is 0.
+/// @param account at least 4 capital letters and digits; if it contains a blank, the user is told and the result is 0.
 /// @param errorMessage set when a rule here refuses the account, else the verifier's.
-/// @param ignored kept for the callers' sake.
+/// @param ignored has no effect.
 std::int16_t VerifyAccount(Component& component, std::wstring_view bankId, std::wstring_view account,
                            std::wstring& errorMessage, std::int16_t ignored, bool flag);
 
-/// What there is to say of a refused bank id or account for which nobody gives a reason.
+/// The reason for a refused bank id or account for which nobody gives one.
 inline constexpr const wchar_t* invalidBankId = L"Invalid bank id";
 inline constexpr const wchar_t* invalidBankAccount = L"Invalid bank account";
 
-/// Has the verifier check a bank id. A session id that the verifier hands out with a valid result is kept.
+/// Has the verifier check a bank id. The session id that it returns with a valid result is stored.
 /// @param errorLength length of `errorMessage`, as the verifier gives it.
 /// @return nothing when a run-time error ended the check, which has been reported then.
 std::optional<std::int16_t> ValidateBankId(Component& component, std::wstring_view bankId, std::wstring& errorMessage,

@@ -32,7 +32,7 @@ bool isNumeric(std::wstring_view text) {
   return at == text.size();
 }
 
-/// The first eight digits of numbers that people make up; the ninth may be anything.
+/// The first eight digits of obvious placeholders; the ninth does not count.
 constexpr std::wstring_view placeholderNumbers[] = {L"12345678", L"11111111", L"22222222", L"33333333",
                                                     L"44444444", L"55555555", L"66666666", L"77777777",
                                                     L"88888888", L"99999999", L"00000000"};
@@ -49,7 +49,7 @@ bool VerifyBusinessNumber(Component& component, std::wstring_view businessNumber
     if (std::ranges::find(placeholderNumbers, number.substr(0, length - 1)) != std::end(placeholderNumbers))
       return false;
 
-    // The verifier knows business numbers as accounts of an institution of their own.
+    // To the verifier, business numbers are accounts of an institution reserved for them.
     std::wstring ignoredMessage;
     const std::int16_t result = VerifyAccount(component, L"001003", std::wstring(number) + L"RT0001", ignoredMessage, 0,
                                               component.store.verifyBusinessNumberFlag != flagFalse);

@@ -7,8 +7,8 @@
 
 namespace nv::Random {
 
-/// Whether a business number is acceptable: 9 digits that are not made up, and the verifier accepts them. What follows
-/// the ninth character does not count. A run-time error is reported under "Random.VerifyBusinessNumber".
+/// Whether a business number is acceptable: 9 digits, not an obvious placeholder, and accepted by the verifier.
+/// Characters after the ninth are ignored. A run-time error is reported under "Random.VerifyBusinessNumber".
 bool VerifyBusinessNumber(Component& component, std::wstring_view businessNumber);
 
 }  // namespace nv::Random

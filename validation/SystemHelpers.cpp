@@ -42,7 +42,7 @@ void OpenBrowser(Component& component, std::wstring_view address) {
     if (result < 31) {
       complain(L"Problem running your web browser. You should check that your browser is correctly installed. (Error " +
                std::to_wstring(result) + L")");
-    } else if (result == 32) {  // 32 is meant: 31, the system's code for a missing association, shows nothing
+    } else if (result == 32) {  // deliberately 32: 31, the system's code for a missing association, shows nothing
       complain(std::wstring(applicationTitle)
                    .append(L" could not find a file association for ")
                    .append(address)

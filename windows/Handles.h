@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "windows/SystemHeaders.h"
+// after it
+#include <wrl/client.h>
 
 namespace nv::windows {
 
@@ -111,9 +113,14 @@ struct BstrTraits {
 /// Owner of a BSTR.
 class Bstr : public Unique<BstrTraits> {
  public:
-  using Unique::Unique;
+  Bstr() = default;
   /// Null when memory runs out.
-  explicit Bstr(std::wstring_view text) : Unique(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+  static Bstr copyOf(std::wstring_view text) {
+    return Bstr(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
+  }
+
+ private:
+  using Unique::Unique;
 };
 
 /// The text of a BSTR, which may be null and may hold any character.
@@ -136,37 +143,6 @@ struct Variant : VARIANT {
   Variant& operator=(const Variant&) = delete;
 };
 
-/// Owner of one reference to a COM object.
-template <class Interface>
-class ComPtr {
- public:
-  ComPtr() = default;
-  explicit ComPtr(Interface* object) : object_(object) {
-    if (object_ != nullptr) object_->AddRef();
-  }
-  ComPtr(const ComPtr& other) : ComPtr(other.object_) {}
-  ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  ComPtr& operator=(ComPtr other) noexcept {
-    std::swap(object_, other.object_);
-    return *this;
-  }
-  ~ComPtr() { reset(); }
-
-  Interface* get() const { return object_; }
-  Interface* operator->() const { return object_; }
-  explicit operator bool() const { return object_ != nullptr; }
-  void reset() {
-    if (Interface* const old = std::exchange(object_, nullptr)) old->Release();
-  }
-  /// For functions that hand out an object through a pointer.
-  Interface** out() {
-    reset();
-    return &object_;
-  }
-  void** outVoid() { return reinterpret_cast<void**>(out()); }
-
- private:
-  Interface* object_ = nullptr;
-};
+using Microsoft::WRL::ComPtr;
 
 }  // namespace nv::windows

@@ -1,5 +1,4 @@
-// The types of properties.def: for each, what the host hands in, what the store keeps, and how the one becomes the
-// other.
+// The types of properties.def: the argument that the host passes, the value that the store keeps, and the conversion.
 #pragma once
 
 #include <array>
@@ -11,8 +10,8 @@
 
 namespace nv {
 
-/// A value that the host hands in as a variant. It is converted when a property procedure asks for it, not before; a
-/// value that cannot be converted fails with "Type mismatch", Null with "Invalid use of Null".
+/// A value that the host passes as a variant. It is converted only when a property procedure asks for it. A value that
+/// cannot be converted fails with "Type mismatch", Null with "Invalid use of Null".
 class HostValue {
  public:
   virtual ~HostValue() = default;

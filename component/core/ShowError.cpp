@@ -25,12 +25,12 @@ void log(Component& component, std::int32_t number, std::wstring_view descriptio
                                  platform::Files::Opening::append);
 }
 
-/// Each of the three ways of reporting goes its own way: when one fails, the next is tried all the same.
+/// Runs one of the three ways of reporting. A failure is ignored, so that the others are still tried.
 template <class Step>
 void attempt(Step&& step) noexcept {
   try {
     step();
-  } catch (...) {  // NOLINT(bugprone-empty-catch): a failure to report is not reported again
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a failed report is not reported
   }
 }
 

@@ -20,11 +20,10 @@ void ShowError(Component& component, std::int32_t errNumber, std::wstring_view d
 /// Reports the exception being handled, but not to the user: to the trace and the error log alone.
 inline void reportSilently(Component& component, std::wstring_view procName) noexcept {
   const RuntimeError error = RuntimeError::current();
-  ShowError(component, error.number(), error.description(), procName, flagTrue, {});
+  ShowError(component, error.number(), error.description(), procName, true, {});
 }
 
-/// Runs `body` under a reported trap: a run-time error in it is reported under `procName`, and `atFailure` is the
-/// result.
+/// Runs `body`. A run-time error in it is reported under `procName`, and `atFailure` is returned.
 template <class Result, class Body>
 Result reportedTrap(Component& component, std::wstring_view procName, Result atFailure, Body&& body) {
   try {

@@ -17,7 +17,7 @@ struct Store {
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) property::Type::Stored Name{};
 #include "component/core/properties.def"
 
-  /// The flag that account checks are called with; false from the creation of an instance on.
+  /// Passed to the account checks; each new instance clears it.
   Flag16 verifyBusinessNumberFlag = flagFalse;
 
   /// How a post-office box begins, in the order in which an address is compared with them. Views of a constant.

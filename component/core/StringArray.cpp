@@ -20,10 +20,12 @@ std::size_t StringArray::position(std::initializer_list<std::int32_t> subscripts
     throw RuntimeError(ErrorNumber::subscriptOutOfRange);
   }
   std::size_t position = 0;
+  std::size_t stride = 1;
   auto bounds = dimensions_.begin();
   for (const std::int32_t subscript : subscripts) {
     if (subscript < bounds->lower || subscript > bounds->upper) throw RuntimeError(ErrorNumber::subscriptOutOfRange);
-    position = position * bounds->size() + static_cast<std::size_t>(std::int64_t{subscript} - bounds->lower);
+    position += stride * static_cast<std::size_t>(std::int64_t{subscript} - bounds->lower);
+    stride *= bounds->size();
     ++bounds;
   }
   return position;

@@ -1,4 +1,4 @@
-// An array of strings with bounds of its own, as automation hosts hand them over.
+// An array of strings with its own bounds, as automation hosts pass them.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,7 @@ class StringArray {
   }
   std::wstring& at(std::initializer_list<std::int32_t> subscripts) { return elements_[position(subscripts)]; }
 
-  /// All elements, the last dimension running fastest.
+  /// All elements in the order of a SAFEARRAY: the first dimension runs fastest.
   const std::vector<std::wstring>& elements() const { return elements_; }
   std::vector<std::wstring>& elements() { return elements_; }
 

@@ -13,7 +13,7 @@ void WritePlayByPlay(Component& component, std::wstring_view label, bool newFile
     line.append(L" NVRANDOM - ").append(label).append(L"\r\n");
     component.services.files.write(root + L"\\Norvik\\PBP.txt", line,
                                    newFile ? platform::Files::Opening::truncate : platform::Files::Opening::append);
-  } catch (...) {  // NOLINT(bugprone-empty-catch): a trace that cannot be written disturbs nobody
+  } catch (...) {  // NOLINT(bugprone-empty-catch): a failing trace must not disturb the host
   }
 }
 

@@ -1,4 +1,4 @@
-// The play-by-play trace: on request of the host, every procedure writes its label to a file as it is entered.
+// The play-by-play trace: while the host asks for it, every procedure writes its label to a file on entry.
 #pragma once
 
 #include <string_view>
@@ -7,14 +7,15 @@
 
 namespace nv {
 
-/// Appends one line to the trace file, `gstrInstallRoot` & "\Norvik\PBP.txt" (the doubled separator is meant), unless
-/// the trace is off or the installation root is not known. The file is opened and closed for every line. Never fails.
+/// Appends one line to the trace file, `gstrInstallRoot` & "\Norvik\PBP.txt" (the doubled separator is deliberate),
+/// unless the trace is off or the installation root is not known. The file is opened and closed for every line. Never
+/// fails.
 /// @param newFile empties the file first; every caller passes false.
 void WritePlayByPlay(Component& component, std::wstring_view label, bool newFile) noexcept;
 
-/// The first statement of every procedure. While the trace is off it is one comparison, always inlined: not even the
-/// label's length is computed.
-/// @param label "<Object> - <Procedure>", a literal.
+/// The first statement of every procedure. Always inlined: while the trace is off it costs one comparison, and the
+/// label's length is not computed.
+/// @param label "<Object> - <Procedure>".
 [[gnu::always_inline]] inline void trace(Component& component, const wchar_t* label) noexcept {
   if (component.store.PlayByPlayEnabled != flagFalse) WritePlayByPlay(component, label, false);
 }

@@ -90,7 +90,7 @@ TEST_F(ReferenceListsTest, TheHostsCurrenciesFollowTheCommonOnes) {
        array({{1, 7}}, {L"SEK - Swedish Krona", L" ", L"CHF;Swiss Franc", L"SEK", L"NOK", L" INR - Rupee - new ", L""}),
        with({L"Swedish Krona;SEK", L"Swiss Franc;CHF", L";NOK", L"Rupee - new;INR"})},
       {"two rows",
-       array({{0, 1}, {0, 3}}, {L"CHF", L"", L"SEK", L"CHF", L"Swiss Franc", L"Nothing", L"Swedish Krona", L"Again"}),
+       array({{0, 1}, {0, 3}}, {L"CHF", L"Swiss Franc", L"", L"Nothing", L"SEK", L"Swedish Krona", L"CHF", L"Again"}),
        with({L"Swiss Franc;CHF", L"Swedish Krona;SEK"})},
       {"other bounds, and a third row", array({{1, 3}, {5, 5}}, {L"CHF", L"Franc", L"?"}), with({L"Franc;CHF"})},
       {"one row of two dimensions", array({{0, 0}, {0, 1}}, {L"CHF;Franc", L"SEK"}), with({L"Franc;CHF", L";SEK"})},

@@ -112,10 +112,10 @@ TEST_F(AccountVerifierTest, HandsOutTheSearchIdOfItsOwnChoice) {
 void leaveError(std::wstring description) {
   ComPtr<ICreateErrorInfo> error;
   ComPtr<IErrorInfo> info;
-  ASSERT_EQ(S_OK, CreateErrorInfo(error.out()));
+  ASSERT_EQ(S_OK, CreateErrorInfo(&error));
   ASSERT_EQ(S_OK, error->SetDescription(description.data()));
-  ASSERT_EQ(S_OK, error->QueryInterface(IID_IErrorInfo, info.outVoid()));
-  ASSERT_EQ(S_OK, SetErrorInfo(0, info.get()));
+  ASSERT_EQ(S_OK, error->QueryInterface(IID_IErrorInfo, &info));
+  ASSERT_EQ(S_OK, SetErrorInfo(0, info.Get()));
 }
 
 TEST_F(AccountVerifierTest, FailuresKeepTheirNumberAndDescription) {

@@ -26,7 +26,7 @@ TEST(ComContract, FactoryRefusesAggregationAndUnknownInterfaces) {
   const Apartment apartment;
   const auto factory = server().factory();
   void* object = &object;
-  EXPECT_EQ(CLASS_E_NOAGGREGATION, factory->CreateInstance(factory.get(), IID_IUnknown, &object));
+  EXPECT_EQ(CLASS_E_NOAGGREGATION, factory->CreateInstance(factory.Get(), IID_IUnknown, &object));
   EXPECT_EQ(nullptr, object);
   object = &object;
   EXPECT_EQ(E_NOINTERFACE, factory->CreateInstance(nullptr, IID_IPersist, &object));
@@ -38,19 +38,19 @@ TEST(ComContract, EveryInterfaceLeadsToEveryOtherAndToOneIdentity) {
   const Apartment apartment;
   const auto object = server().create();
   ComPtr<IUnknown> identity;
-  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IUnknown, identity.outVoid()));
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IUnknown, &identity));
   std::vector<IID> interfaces = {IID_IUnknown,          IID_IDispatch,          IID_ISupportErrorInfo,
                                  IID_IProvideClassInfo, IID_IProvideClassInfo2, IID_IConnectionPointContainer};
   for (const HostInterface& known : hostInterfaces) interfaces.push_back(*known.iid);
   for (const IID& from : interfaces) {
     ComPtr<IUnknown> first;
-    ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(from, first.outVoid()));
+    ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(from, &first));
     for (const IID& to : interfaces) {
       ComPtr<IUnknown> second;
-      ASSERT_HRESULT_SUCCEEDED(first->QueryInterface(to, second.outVoid()));
+      ASSERT_HRESULT_SUCCEEDED(first->QueryInterface(to, &second));
       ComPtr<IUnknown> again;
-      ASSERT_HRESULT_SUCCEEDED(second->QueryInterface(IID_IUnknown, again.outVoid()));
-      EXPECT_EQ(identity.get(), again.get());
+      ASSERT_HRESULT_SUCCEEDED(second->QueryInterface(IID_IUnknown, &again));
+      EXPECT_EQ(identity.Get(), again.Get());
     }
   }
   void* none = &none;
@@ -78,10 +78,10 @@ TEST(ComContract, DllStaysLoadedWhileAnythingOfItIsHeld) {
   ComPtr<IEnumConnections> connections;
   {
     const auto object = server().create();
-    eventsOf(object.get())->EnumConnections(connections.out());
+    eventsOf(object.Get())->EnumConnections(&connections);
   }
   EXPECT_EQ(S_FALSE, server().canUnloadNow()) << "an enumerator outlives its object";
-  connections.reset();
+  connections.Reset();
   EXPECT_EQ(S_OK, server().canUnloadNow());
 }
 
@@ -89,20 +89,20 @@ TEST(ComContract, ConnectionPointsAreEnumeratedAndFound) {
   const Apartment apartment;
   const auto object = server().create();
   ComPtr<IConnectionPointContainer> container;
-  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IConnectionPointContainer, container.outVoid()));
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IConnectionPointContainer, &container));
 
   ComPtr<IEnumConnectionPoints> points;
-  ASSERT_HRESULT_SUCCEEDED(container->EnumConnectionPoints(points.out()));
+  ASSERT_HRESULT_SUCCEEDED(container->EnumConnectionPoints(&points));
   ComPtr<IConnectionPoint> point;
   ULONG fetched = 0;
-  ASSERT_EQ(S_OK, points->Next(1, point.out(), &fetched));
+  ASSERT_EQ(S_OK, points->Next(1, &point, &fetched));
   EXPECT_EQ(1U, fetched);
   IID iid;
   EXPECT_EQ(S_OK, point->GetConnectionInterface(&iid));
   EXPECT_EQ(DIID___ClsRandom, iid);
   ComPtr<IConnectionPointContainer> back;
-  EXPECT_EQ(S_OK, point->GetConnectionPointContainer(back.out()));
-  EXPECT_EQ(container.get(), back.get());
+  EXPECT_EQ(S_OK, point->GetConnectionPointContainer(&back));
+  EXPECT_EQ(container.Get(), back.Get());
 
   IConnectionPoint* more = nullptr;
   EXPECT_EQ(S_FALSE, points->Next(1, &more, &fetched));
@@ -111,7 +111,7 @@ TEST(ComContract, ConnectionPointsAreEnumeratedAndFound) {
   EXPECT_EQ(S_OK, points->Skip(1));
   EXPECT_EQ(S_FALSE, points->Skip(1));
   ComPtr<IEnumConnectionPoints> clone;
-  ASSERT_EQ(S_OK, points->Clone(clone.out()));
+  ASSERT_EQ(S_OK, points->Clone(&clone));
   EXPECT_EQ(S_FALSE, clone->Next(1, &more, &fetched)) << "a clone stands where its original stands";
 
   EXPECT_EQ(CONNECT_E_NOCONNECTION, container->FindConnectionPoint(IID_IDispatch, &more));
@@ -120,7 +120,7 @@ TEST(ComContract, ConnectionPointsAreEnumeratedAndFound) {
 TEST(ComContract, ConnectionsAreCountedAndGivenBack) {
   const Apartment apartment;
   const auto object = server().create();
-  const auto point = eventsOf(object.get());
+  const auto point = eventsOf(object.Get());
   Sink first([](DISPID, const DISPPARAMS&) { return S_OK; });
   Sink second([](DISPID, const DISPPARAMS&) { return S_OK; });
   DWORD firstCookie = 0;
@@ -130,7 +130,7 @@ TEST(ComContract, ConnectionsAreCountedAndGivenBack) {
   EXPECT_NE(firstCookie, secondCookie);
 
   ComPtr<IEnumConnections> connections;
-  ASSERT_EQ(S_OK, point->EnumConnections(connections.out()));
+  ASSERT_EQ(S_OK, point->EnumConnections(&connections));
   CONNECTDATA data[3]{};
   ULONG fetched = 0;
   EXPECT_EQ(S_FALSE, connections->Next(3, data, &fetched));
@@ -138,7 +138,7 @@ TEST(ComContract, ConnectionsAreCountedAndGivenBack) {
   EXPECT_EQ(firstCookie, data[0].dwCookie);
   EXPECT_EQ(&second, data[1].pUnk);
   for (ULONG i = 0; i < fetched; ++i) data[i].pUnk->Release();
-  connections.reset();
+  connections.Reset();
 
   EXPECT_EQ(S_OK, point->Unadvise(firstCookie));
   EXPECT_EQ(CONNECT_E_NOCONNECTION, point->Unadvise(firstCookie));
@@ -147,9 +147,9 @@ TEST(ComContract, ConnectionsAreCountedAndGivenBack) {
 
   // A listener that cannot receive the events is refused.
   ComPtr<IUnknown> factory;
-  server().getClassObject(CLSID_ClsRandom, IID_IUnknown, factory.outVoid());
+  server().getClassObject(CLSID_ClsRandom, IID_IUnknown, &factory);
   DWORD none = 1;
-  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point->Advise(factory.get(), &none));
+  EXPECT_EQ(CONNECT_E_CANNOTCONNECT, point->Advise(factory.Get(), &none));
   EXPECT_EQ(0U, none);
 }
 
@@ -157,13 +157,13 @@ TEST(ComContract, ClassInfoLeadsToTheClassAndItsEvents) {
   const Apartment apartment;
   const auto object = server().create();
   ComPtr<IProvideClassInfo2> provider;
-  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IProvideClassInfo2, provider.outVoid()));
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IProvideClassInfo2, &provider));
   GUID guid;
   EXPECT_EQ(S_OK, provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid));
   EXPECT_EQ(DIID___ClsRandom, guid);
   EXPECT_EQ(E_INVALIDARG, provider->GetGUID(99, &guid));
   ComPtr<ITypeInfo> info;
-  ASSERT_EQ(S_OK, provider->GetClassInfo(info.out()));
+  ASSERT_EQ(S_OK, provider->GetClassInfo(&info));
   TYPEATTR* attributes = nullptr;
   ASSERT_EQ(S_OK, info->GetTypeAttr(&attributes));
   EXPECT_EQ(CLSID_ClsRandom, attributes->guid);
@@ -174,7 +174,7 @@ TEST(ComContract, FailuresCarryErrorInfoAndTheClassicNumber) {
   const Apartment apartment;
   const auto object = server().create();
   ComPtr<ISupportErrorInfo> supports;
-  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_ISupportErrorInfo, supports.outVoid()));
+  ASSERT_HRESULT_SUCCEEDED(object->QueryInterface(IID_ISupportErrorInfo, &supports));
   EXPECT_EQ(S_OK, supports->InterfaceSupportsErrorInfo(IID__ClsRandom));
   EXPECT_EQ(S_FALSE, supports->InterfaceSupportsErrorInfo(IID_IConnectionPoint));
 
@@ -183,7 +183,7 @@ TEST(ComContract, FailuresCarryErrorInfoAndTheClassicNumber) {
   flat.parray = SafeArrayCreateVector(VT_BSTR, 0, 3);
   EXPECT_EQ(static_cast<HRESULT>(0x800A0009), object->put_Prov_areacode(flat)) << "one dimension where two are needed";
   ComPtr<IErrorInfo> info;
-  ASSERT_EQ(S_OK, GetErrorInfo(0, info.out()));
+  ASSERT_EQ(S_OK, GetErrorInfo(0, &info));
   Bstr source;
   Bstr description;
   info->GetSource(source.out());
@@ -204,35 +204,35 @@ TEST(ComContract, InstancesOfAThreadShareItsStoreAndThreadsDoNot) {
   const Apartment apartment;
   const auto first = server().create();
   const auto second = server().create();
-  putText(first.get(), &_ClsRandom::put_PayeeName, L"SHARED");
-  EXPECT_EQ(L"SHARED", getText(second.get(), &_ClsRandom::get_PayeeName));
+  putText(first.Get(), &_ClsRandom::put_PayeeName, L"SHARED");
+  EXPECT_EQ(L"SHARED", getText(second.Get(), &_ClsRandom::get_PayeeName));
 
   std::wstring elsewhere = L"?";
   std::thread([&elsewhere] {
     const Apartment own;
     const auto object = server().create();
-    elsewhere = getText(object.get(), &_ClsRandom::get_PayeeName);
-    putText(object.get(), &_ClsRandom::put_PayeeName, L"OTHER");
+    elsewhere = getText(object.Get(), &_ClsRandom::get_PayeeName);
+    putText(object.Get(), &_ClsRandom::put_PayeeName, L"OTHER");
   }).join();
   EXPECT_EQ(L"", elsewhere);
-  EXPECT_EQ(L"SHARED", getText(first.get(), &_ClsRandom::get_PayeeName));
+  EXPECT_EQ(L"SHARED", getText(first.Get(), &_ClsRandom::get_PayeeName));
 }
 
 TEST(ComContract, ValuesOutliveTheLastInstanceOfAThread) {
   const Apartment apartment;
-  putText(server().create().get(), &_ClsRandom::put_PayeeCity, L"KEPT");
-  EXPECT_EQ(L"KEPT", getText(server().create().get(), &_ClsRandom::get_PayeeCity));
+  putText(server().create().Get(), &_ClsRandom::put_PayeeCity, L"KEPT");
+  EXPECT_EQ(L"KEPT", getText(server().create().Get(), &_ClsRandom::get_PayeeCity));
 }
 
 TEST(ComContract, TextsKeepEveryCharacter) {
   const Apartment apartment;
   const auto object = server().create();
   const std::wstring text(L"a\0b\x00E9\x20AC", 5);
-  const Bstr value{std::wstring_view(text)};
+  const Bstr value = Bstr::copyOf(text);
   ASSERT_EQ(S_OK, object->put_PayeeName(value.get()));
-  EXPECT_EQ(text, getText(object.get(), &_ClsRandom::get_PayeeName));
+  EXPECT_EQ(text, getText(object.Get(), &_ClsRandom::get_PayeeName));
   ASSERT_EQ(S_OK, object->put_PayeeName(nullptr)) << "no string is an empty one";
-  EXPECT_EQ(L"", getText(object.get(), &_ClsRandom::get_PayeeName));
+  EXPECT_EQ(L"", getText(object.Get(), &_ClsRandom::get_PayeeName));
   EXPECT_EQ(E_POINTER, object->get_PayeeName(nullptr));
 }
 

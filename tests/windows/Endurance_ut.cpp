@@ -170,7 +170,7 @@ class Endurance : public StandInsTest {
     DestroyWindow(window);
   }
   void show(int turn) {
-    set(object.get(), billers[static_cast<std::size_t>(turn / 6) % std::size(billers)]);
+    set(object.Get(), billers[static_cast<std::size_t>(turn / 6) % std::size(billers)]);
     way = turn % 2 == 0 ? Way::accept : Way::cancel;
     switch (turn / 2 % 3) {
       case 0:

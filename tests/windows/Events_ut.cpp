@@ -21,7 +21,7 @@ void showAndClose(_ClsRandom* object) {
 
 class Events : public testing::Test {
  protected:
-  Events() { putText(object.get(), &_ClsRandom::put_DLLPath, countries.path().c_str()); }
+  Events() { putText(object.Get(), &_ClsRandom::put_DLLPath, countries.path().c_str()); }
 
   /// A listener that notes the events under a letter and then does something.
   Sink::Handler noting(
@@ -37,7 +37,7 @@ class Events : public testing::Test {
   Apartment apartment;
   CountryFolder countries;
   ComPtr<_ClsRandom> object = Server::get().create();
-  ComPtr<IConnectionPoint> point = eventsOf(object.get());
+  ComPtr<IConnectionPoint> point = eventsOf(object.Get());
   std::string heard;
 };
 
@@ -49,7 +49,7 @@ TEST_F(Events, ReachEveryListenerWhateverTheOthersReturn) {
   point->Advise(&failing, &cookies[0]);
   point->Advise(&raising, &cookies[1]);
   point->Advise(&last, &cookies[2]);
-  showAndClose(object.get());
+  showAndClose(object.Get());
   EXPECT_EQ("frl", heard);
   for (const DWORD cookie : cookies) point->Unadvise(cookie);
 }
@@ -67,9 +67,9 @@ TEST_F(Events, ListenersComeAndGoWhileOneIsRaised) {
   }));
   point->Advise(&first, &firstCookie);
   point->Advise(&second, &secondCookie);
-  showAndClose(object.get());
+  showAndClose(object.Get());
   EXPECT_EQ("f", heard) << "one that left is not called, one that came waits for the next event";
-  showAndClose(object.get());
+  showAndClose(object.Get());
   EXPECT_EQ("fn", heard);
   point->Unadvise(newCookie);
   EXPECT_EQ(0U, first.references + second.references + newcomer.references);
@@ -100,9 +100,9 @@ TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
   for (const LastEvent& c : events) {
     SCOPED_TRACE(c.what);
     auto object = Server::get().create();
-    set(object.get(), "individual");
+    set(object.Get(), "individual");
     object->put_Add(1);
-    auto point = eventsOf(object.get());
+    auto point = eventsOf(object.Get());
     long handle = 0;
     long result = -1;
     ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
@@ -111,14 +111,14 @@ TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
     const HWND dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
     Sink sink([&](DISPID event, const DISPPARAMS&) {
       if (event != c.event) return S_OK;
-      point.reset();
-      object.reset();
+      point.Reset();
+      object.Reset();
       return S_OK;
     });
     DWORD cookie = 0;
     point->Advise(&sink, &cookie);
     c.happens(dialog);
-    EXPECT_EQ(nullptr, object.get()) << "the event was raised";
+    EXPECT_EQ(nullptr, object.Get()) << "the event was raised";
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(0U, sink.references) << "the object is gone and has let go of its listener";
     EXPECT_EQ(S_OK, Server::get().canUnloadNow());
@@ -133,8 +133,8 @@ TEST_F(Events, ReleasingTheObjectTakesItsDialogAwayInSilence) {
   long result = 0;
   object->ShowForm_Remote(&result);
   object->Get_hWnd(&handle);
-  point.reset();
-  object.reset();
+  point.Reset();
+  object.Reset();
   EXPECT_FALSE(IsWindow(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle))));
   EXPECT_EQ("", heard);
   EXPECT_EQ(0U, sink.references);

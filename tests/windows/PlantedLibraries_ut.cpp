@@ -59,8 +59,8 @@ TEST_F(PlantedLibraries, AreNotLoadedFromTheCurrentDirectory) {
   }
   installation.copy(L"NORVIK\\Bin\\FXCountries", L"NORVIK\\Empty\\FXCountries");  // and no library beside it
   const auto object = Server::get().create();
-  set(object.get(), "individual");
-  putText(object.get(), &_ClsRandom::put_DLLPath, (installation.root() + L"NORVIK\\Empty\\").c_str());
+  set(object.Get(), "individual");
+  putText(object.Get(), &_ClsRandom::put_DLLPath, (installation.root() + L"NORVIK\\Empty\\").c_str());
   object->put_UseAcctvfy(-1);
 
   const fs::path before = fs::current_path();

@@ -190,16 +190,16 @@ TEST_F(RandomUsers, BreakNothing) {
   for (; GetTickCount64() < end && !HasFailure(); ++shows) {
     const std::string biller = billers[static_cast<std::size_t>(shows) % std::size(billers)];
     SCOPED_TRACE(testing::Message() << "seed " << seed << ", show " << shows << ", " << biller);
-    set(object.get(), biller);
+    set(object.Get(), biller);
     object->put_Add(static_cast<short>(shows / 4 % 2));
-    const Record before = recordOf(object.get());
+    const Record before = recordOf(object.Get());
     const bool reading = shows % 9 == 8;
     bankShown = false;
     long result = -1;
     ASSERT_EQ(S_OK, reading ? object->ShowForm_Import(&result) : object->ShowForm(&result));
     EXPECT_TRUE(result == 0 || result == 50000) << result;
     const bool mayChange = result == 0 && !reading;
-    for (const auto& [name, value] : recordOf(object.get())) {
+    for (const auto& [name, value] : recordOf(object.Get())) {
       // What is accepted of a bank is stored at once, whatever becomes of the biller.
       const bool bank = name.starts_with(L"PayeeFXBank") && (bankShown || biller == "us") && !reading;
       EXPECT_TRUE(mayChange || bank || value == before.at(name)) << "nobody accepted " << testing::PrintToString(name);

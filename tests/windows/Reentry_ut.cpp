@@ -40,7 +40,7 @@ class Postbox {
 /// What a host holds of the component.
 struct Held {
   ComPtr<_ClsRandom> object = Server::get().create();
-  ComPtr<IConnectionPoint> point = eventsOf(object.get());
+  ComPtr<IConnectionPoint> point = eventsOf(object.Get());
   HWND dialog = nullptr;
 };
 
@@ -66,13 +66,13 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
       {"the close box", [](Held& held) { SendMessageW(held.dialog, WM_CLOSE, 0, 0); }, "c", false},
       {"unloading", [](Held& held) { held.object->Unload_From_Remote(); }, "", false},
       {"the window goes", [](Held& held) { DestroyWindow(held.dialog); }, "", false},
-      {"the object goes", [](Held& held) { held.point.reset(), held.object.reset(); }, "", false},
+      {"the object goes", [](Held& held) { held.point.Reset(), held.object.Reset(); }, "", false},
   };
   tell(L"ValidateBankAccount 1 pumping");
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     Held held;
-    set(held.object.get(), "individual");
+    set(held.object.Get(), "individual");
     held.object->put_Add(1);
     std::string events;
     Sink sink([&](DISPID event, const DISPPARAMS&) {
@@ -100,9 +100,9 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     EXPECT_TRUE(happened) << "the verifier was asked";
     EXPECT_FALSE(IsWindow(held.dialog));
     EXPECT_EQ(c.events, events);
-    if (held.object.get() == nullptr) continue;
+    if (held.object.Get() == nullptr) continue;
     EXPECT_EQ(c.accepted ? L"new@mail.example" : L"anne.martin@mail.example",
-              getText(held.object.get(), &_ClsRandom::get_PayeeEmail));
+              getText(held.object.Get(), &_ClsRandom::get_PayeeEmail));
     held.point->Unadvise(cookie);
   }
 }

@@ -77,9 +77,9 @@ TEST_F(Registration, PerMachineAndBackLeavesNothingBehind) {
     CLSID classId;
     ASSERT_EQ(S_OK, CLSIDFromProgID(L"NVRandom.ClsRandom", &classId));
     ComPtr<_ClsRandom> object;
-    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID__ClsRandom, object.outVoid()));
+    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID__ClsRandom, &object));
     ComPtr<ITypeLib> library;
-    EXPECT_EQ(S_OK, LoadRegTypeLib(LIBID_NVRandom, 1, 0, LOCALE_NEUTRAL, library.out()));
+    EXPECT_EQ(S_OK, LoadRegTypeLib(LIBID_NVRandom, 1, 0, LOCALE_NEUTRAL, &library));
   }
   ASSERT_EQ(S_OK, Server::get().unregisterServer());
   EXPECT_EQ(before, classesOf(HKEY_LOCAL_MACHINE));

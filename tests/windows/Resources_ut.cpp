@@ -26,7 +26,7 @@ namespace {
 
 class Resources : public ::testing::Test {
  protected:
-  Resources() { putText(object.get(), &_ClsRandom::put_DLLPath, countries_.path().c_str()); }
+  Resources() { putText(object.Get(), &_ClsRandom::put_DLLPath, countries_.path().c_str()); }
 
  private:
   Apartment apartment_;

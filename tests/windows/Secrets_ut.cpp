@@ -34,7 +34,7 @@ LRESULT CALLBACK watchLastMessages(int code, WPARAM wparam, LPARAM lparam) {
 class Secrets : public StandInsTest {
  protected:
   Secrets() {
-    set(object.get(), "individual");
+    set(object.Get(), "individual");
     object->put_Add(1);
     object->put_PlayByPlayEnabled(-1);
     put(&_ClsRandom::put_PayeeBankAccount, account);
@@ -43,7 +43,7 @@ class Secrets : public StandInsTest {
   }
 
   void put(HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)(BSTR), std::string_view text) {
-    putText(object.get(), setter, std::wstring(text.begin(), text.end()).c_str());
+    putText(object.Get(), setter, std::wstring(text.begin(), text.end()).c_str());
   }
 
   HWND show() {

@@ -55,13 +55,13 @@ HRESULT Server::getClassObject(REFCLSID classId, REFIID iid, void** object) cons
 
 ComPtr<IClassFactory> Server::factory() const {
   ComPtr<IClassFactory> factory;
-  EXPECT_HRESULT_SUCCEEDED(getClassObject(CLSID_ClsRandom, IID_IClassFactory, factory.outVoid()));
+  EXPECT_HRESULT_SUCCEEDED(getClassObject(CLSID_ClsRandom, IID_IClassFactory, &factory));
   return factory;
 }
 
 ComPtr<_ClsRandom> Server::create() const {
   ComPtr<_ClsRandom> object;
-  EXPECT_HRESULT_SUCCEEDED(factory()->CreateInstance(nullptr, IID__ClsRandom, object.outVoid()));
+  EXPECT_HRESULT_SUCCEEDED(factory()->CreateInstance(nullptr, IID__ClsRandom, &object));
   return object;
 }
 
@@ -76,8 +76,8 @@ STDMETHODIMP Sink::QueryInterface(REFIID iid, void** object) {
 ComPtr<IConnectionPoint> eventsOf(_ClsRandom* object) {
   ComPtr<IConnectionPointContainer> container;
   ComPtr<IConnectionPoint> point;
-  EXPECT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IConnectionPointContainer, container.outVoid()));
-  EXPECT_HRESULT_SUCCEEDED(container->FindConnectionPoint(DIID___ClsRandom, point.out()));
+  EXPECT_HRESULT_SUCCEEDED(object->QueryInterface(IID_IConnectionPointContainer, &container));
+  EXPECT_HRESULT_SUCCEEDED(container->FindConnectionPoint(DIID___ClsRandom, &point));
   return point;
 }
 
@@ -88,7 +88,7 @@ std::wstring getText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::
 }
 
 void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)(BSTR), const wchar_t* text) {
-  const Bstr value{std::wstring_view(text)};
+  const Bstr value = Bstr::copyOf(text);
   EXPECT_HRESULT_SUCCEEDED((object->*setter)(value.get()));
 }
 

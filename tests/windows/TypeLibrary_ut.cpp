@@ -55,22 +55,22 @@ std::string describe(ITypeInfo* info, UINT index) {
 
 ComPtr<ITypeLib> library() {
   ComPtr<ITypeLib> library;
-  EXPECT_HRESULT_SUCCEEDED(LoadTypeLibEx(serverPath().c_str(), REGKIND_NONE, library.out()));
+  EXPECT_HRESULT_SUCCEEDED(LoadTypeLibEx(serverPath().c_str(), REGKIND_NONE, &library));
   return library;
 }
 
 /// The functions that a type adds to what it is derived from.
 std::vector<std::string> members(REFGUID guid) {
   ComPtr<ITypeInfo> info;
-  EXPECT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(guid, info.out()));
+  EXPECT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(guid, &info));
   // Of a dual interface the dispatch side is found; the other one has the functions in the order of the table.
   HREFTYPE other = 0;
   ComPtr<ITypeInfo> table = info;
-  if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &other))) info->GetRefTypeInfo(other, table.out());
+  if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &other))) info->GetRefTypeInfo(other, &table);
   TYPEATTR* attributes = nullptr;
   EXPECT_HRESULT_SUCCEEDED(table->GetTypeAttr(&attributes));
   std::vector<std::string> lines;
-  for (UINT i = 0; i < attributes->cFuncs; ++i) lines.push_back(describe(table.get(), i));
+  for (UINT i = 0; i < attributes->cFuncs; ++i) lines.push_back(describe(table.Get(), i));
   table->ReleaseTypeAttr(attributes);
   return lines;
 }
@@ -106,7 +106,7 @@ TEST(TypeLibrary, DescribesItselfAndItsClass) {
   EXPECT_EQ(L"Norvik Customer Specific Biller Info", view(description.get()));
 
   ComPtr<ITypeInfo> coclass;
-  ASSERT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(CLSID_ClsRandom, coclass.out()));
+  ASSERT_HRESULT_SUCCEEDED(library()->GetTypeInfoOfGuid(CLSID_ClsRandom, &coclass));
   std::set<std::pair<std::string, int>> implemented;
   for (UINT i = 0; i <= std::size(hostInterfaces); ++i) {
     HREFTYPE reference = 0;
@@ -115,7 +115,7 @@ TEST(TypeLibrary, DescribesItselfAndItsClass) {
     Bstr interfaceName;
     ASSERT_HRESULT_SUCCEEDED(coclass->GetRefTypeOfImplType(i, &reference));
     ASSERT_HRESULT_SUCCEEDED(coclass->GetImplTypeFlags(i, &flags));
-    ASSERT_HRESULT_SUCCEEDED(coclass->GetRefTypeInfo(reference, info.out()));
+    ASSERT_HRESULT_SUCCEEDED(coclass->GetRefTypeInfo(reference, &info));
     info->GetDocumentation(-1, interfaceName.out(), nullptr, nullptr, nullptr);
     implemented.emplace(narrow(view(interfaceName.get())), flags);
   }

@@ -10,7 +10,7 @@ namespace nv::windows {
 
 HRESULT ClsRandomObject::create(REFIID iid, void** object) {
   ComPtr<_ClsRandom> made;
-  const HRESULT result = guarded([&made] { *made.out() = new ClsRandomObject; });
+  const HRESULT result = guarded([&made] { *made.GetAddressOf() = new ClsRandomObject; });
   return FAILED(result) ? result : made->QueryInterface(iid, object);
 }
 
@@ -44,7 +44,8 @@ STDMETHODIMP_(ULONG) ClsRandomObject::AddRef() {
 STDMETHODIMP_(ULONG) ClsRandomObject::Release() {
   const long left = --references_;
   if (left != 0) return static_cast<ULONG>(left);
-  // Taking the dialog away may let the host run, and the host may take and release the dying object: once is enough.
+  // While the destructor unloads the dialog, the host may run, take another reference and release it: destroy only
+  // once.
   references_ = 1L << 30;
   delete this;
   return 0;
@@ -73,7 +74,7 @@ STDMETHODIMP ClsRandomObject::GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo
   if (index != 0) return DISP_E_BADINDEX;
   ComPtr<ITypeInfo> own;
   const HRESULT result = ownTypeInfo(own);
-  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+  return FAILED(result) ? result : own.CopyTo(info);
 }
 
 namespace {
@@ -101,8 +102,8 @@ const Member* memberOf(std::wstring_view name) {
 }  // namespace
 
 STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) {
-  // Scripts ask at every statement. The type library compares by the rules of a language, name by name; what is not
-  // found here is for it to refuse.
+  // Scripts ask at every statement. The type library is slow: it compares name by name, by the rules of a locale. It is
+  // left with the names that are not in the table.
   if (count == 1 && names != nullptr && names[0] != nullptr && ids != nullptr) {
     if (const Member* const member = memberOf(names[0])) {
       *ids = member->id;
@@ -111,7 +112,7 @@ STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UIN
   }
   ComPtr<ITypeInfo> own;
   const HRESULT result = ownTypeInfo(own);
-  return FAILED(result) ? result : DispGetIDsOfNames(own.get(), names, count, ids);
+  return FAILED(result) ? result : DispGetIDsOfNames(own.Get(), names, count, ids);
 }
 
 namespace {
@@ -148,7 +149,7 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
     }
     passed.rgvarg = &strings;
   }
-  return DispInvoke(static_cast<NewestInterface*>(this), own.get(), member, flags, &passed, result, exception,
+  return DispInvoke(static_cast<NewestInterface*>(this), own.Get(), member, flags, &passed, result, exception,
                     badArgument);
 }
 
@@ -194,7 +195,7 @@ STDMETHODIMP ClsRandomObject::GetClassInfo(ITypeInfo** info) {
   *info = nullptr;
   ComPtr<ITypeInfo> own;
   const HRESULT result = typeInfo(CLSID_ClsRandom, own);
-  return FAILED(result) ? result : own->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+  return FAILED(result) ? result : own.CopyTo(info);
 }
 
 STDMETHODIMP ClsRandomObject::GetGUID(DWORD kind, GUID* guid) {

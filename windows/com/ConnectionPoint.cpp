@@ -16,12 +16,12 @@ struct Connection {
 
 CONNECTDATA handOutConnection(const Connection& connection) {
   connection.sink->AddRef();
-  return {connection.sink.get(), connection.cookie};
+  return {connection.sink.Get(), connection.cookie};
 }
 
 IConnectionPoint* handOutPoint(const ComPtr<IConnectionPoint>& point) {
   point->AddRef();
-  return point.get();
+  return point.Get();
 }
 
 }  // namespace
@@ -53,9 +53,9 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   *cookie = 0;
   return guarded([&] {
     ComPtr<IDispatch> events;
-    // Listeners answer to the event interface; a plain automation object that does not know it may listen all the same.
-    if (FAILED(sink->QueryInterface(eventInterface_, events.outVoid())) &&
-        FAILED(sink->QueryInterface(IID_IDispatch, events.outVoid()))) {
+    // A listener implements the event interface or, as scripts' objects do, IDispatch alone.
+    if (FAILED(sink->QueryInterface(eventInterface_, &events)) &&
+        FAILED(sink->QueryInterface(IID_IDispatch, &events))) {
       throw RuntimeError(CONNECT_E_CANNOTCONNECT, L"The object cannot receive these events");
     }
     listeners_.push_back({lastCookie_ + 1, std::move(events)});
@@ -66,7 +66,7 @@ STDMETHODIMP ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
 STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
   const auto listener = std::ranges::find(listeners_, cookie, &Listener::cookie);
   if (listener == listeners_.end()) return CONNECT_E_NOCONNECTION;
-  const Listener leaving = std::move(*listener);  // let go of only after the list is in order again
+  const Listener leaving = std::move(*listener);  // released only after the list is consistent again
   listeners_.erase(listener);
   return S_OK;
 }
@@ -74,14 +74,11 @@ STDMETHODIMP ConnectionPoint::Unadvise(DWORD cookie) {
 STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
   if (connections == nullptr) return E_POINTER;
   *connections = nullptr;
-  HRESULT result = E_OUTOFMEMORY;
-  const HRESULT copied = guarded([&] {
+  return guarded([&] {
     std::vector<Connection> list;
     for (const Listener& listener : listeners_) list.push_back({listener.cookie, listener.sink});
-    result =
-        Enumerator<IEnumConnections, CONNECTDATA, Connection, handOutConnection>::create(std::move(list), connections);
+    *connections = new Enumerator<IEnumConnections, CONNECTDATA, Connection, handOutConnection>(std::move(list));
   });
-  return FAILED(copied) ? copied : result;
 }
 
 bool ConnectionPoint::listening(DWORD cookie) const {
@@ -99,17 +96,13 @@ void ConnectionPoint::raise(DISPID event, std::initializer_list<VARIANT> argumen
       listener.sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &ignored, nullptr,
                             nullptr);
     }
-  } catch (...) {  // NOLINT(bugprone-empty-catch): without memory to call the listeners, there is nobody to tell
+  } catch (...) {  // NOLINT(bugprone-empty-catch): without memory the listeners cannot be called
   }
 }
 
 HRESULT enumerateConnectionPoints(IConnectionPoint& point, IEnumConnectionPoints** points) {
-  HRESULT result = E_OUTOFMEMORY;
-  const HRESULT copied = guarded([&] {
-    result = Enumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>, handOutPoint>::create(
-        {ComPtr<IConnectionPoint>(&point)}, points);
-  });
-  return FAILED(copied) ? copied : result;
+  using Points = Enumerator<IEnumConnectionPoints, IConnectionPoint*, ComPtr<IConnectionPoint>, handOutPoint>;
+  return guarded([&] { *points = new Points({ComPtr<IConnectionPoint>(&point)}); });
 }
 
 }  // namespace nv::windows

@@ -1,4 +1,4 @@
-// The event side of the class: who listens, and telling them.
+// The connection point of the class: its listeners, and raising events.
 #pragma once
 
 #include <initializer_list>
@@ -27,8 +27,8 @@ class ConnectionPoint : public IConnectionPoint {
   STDMETHODIMP Unadvise(DWORD cookie) override;
   STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
 
-  /// Raises an event: every listener that was there at the start and still is when its turn comes is called, whatever
-  /// the others do. What a listener returns is its own affair.
+  /// Calls every listener that was connected at the start and still is when its turn comes. What a listener returns is
+  /// ignored.
   /// @param arguments in the order of the event's parameters.
   void raise(DISPID event, std::initializer_list<VARIANT> arguments = {}) noexcept;
 

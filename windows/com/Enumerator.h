@@ -1,38 +1,19 @@
-// The standard enumerators, over a list that was taken when the enumerator was made.
+// The standard enumerators, over a copy of the list.
 #pragma once
 
-#include <atomic>
-#include <new>
 #include <vector>
 
-#include "windows/com/Module.h"
+#include "windows/com/ComObject.h"
+#include "windows/com/Marshal.h"
 
 namespace nv::windows {
 
 /// @tparam Interface the enumerator's interface. @tparam Item what it hands out. @tparam Entry what the list holds.
 /// @tparam handOut turns an entry into an item whose references belong to the caller.
 template <class Interface, class Item, class Entry, Item (*handOut)(const Entry&)>
-class Enumerator : public Interface {
+class Enumerator final : public ComObject<Interface> {
  public:
-  static HRESULT create(std::vector<Entry> entries, Interface** result) {
-    *result = new (std::nothrow) Enumerator(std::move(entries), 0);
-    return *result == nullptr ? E_OUTOFMEMORY : S_OK;
-  }
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != __uuidof(Interface)) return E_NOINTERFACE;
-    *object = static_cast<Interface*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
-  STDMETHODIMP_(ULONG) Release() override {
-    const long left = --references_;
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
-  }
+  explicit Enumerator(std::vector<Entry> entries, std::size_t next = 0) : entries_(std::move(entries)), next_(next) {}
 
   STDMETHODIMP Next(ULONG wanted, Item* items, ULONG* fetched) override {
     if (items == nullptr || (fetched == nullptr && wanted != 1)) return E_POINTER;
@@ -52,21 +33,11 @@ class Enumerator : public Interface {
   }
   STDMETHODIMP Clone(Interface** clone) override {
     if (clone == nullptr) return E_POINTER;
-    try {
-      *clone = new Enumerator(entries_, next_);
-      return S_OK;
-    } catch (const std::bad_alloc&) {
-      *clone = nullptr;
-      return E_OUTOFMEMORY;
-    }
+    *clone = nullptr;
+    return guarded([&] { *clone = new Enumerator(entries_, next_); });
   }
 
  private:
-  Enumerator(std::vector<Entry> entries, std::size_t next) : entries_(std::move(entries)), next_(next) {}
-  virtual ~Enumerator() = default;
-
-  ModuleReference module_;
-  std::atomic<long> references_ = 1;
   std::vector<Entry> entries_;
   std::size_t next_;
 };

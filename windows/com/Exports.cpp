@@ -2,6 +2,7 @@
 #include <cwchar>
 
 #include "windows/com/ClsRandomObject.h"
+#include "windows/com/ComObject.h"
 #include "windows/com/Marshal.h"
 #include "windows/com/Module.h"
 #include "windows/com/Registration.h"
@@ -10,23 +11,8 @@ namespace nv::windows {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public ComObject<IClassFactory> {
  public:
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-    *object = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++references_); }
-  STDMETHODIMP_(ULONG) Release() override {
-    const long left = --references_;
-    if (left == 0) delete this;
-    return static_cast<ULONG>(left);
-  }
-
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
@@ -37,12 +23,6 @@ class ClassFactory final : public IClassFactory {
     lockModule(lock != FALSE);
     return S_OK;
   }
-
- private:
-  ~ClassFactory() = default;
-
-  ModuleReference module_;
-  std::atomic<long> references_ = 1;
 };
 
 }  // namespace
@@ -56,7 +36,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
   *object = nullptr;
   if (classId != CLSID_ClsRandom) return CLASS_E_CLASSNOTAVAILABLE;
   ComPtr<IClassFactory> factory;
-  const HRESULT made = guarded([&factory] { *factory.out() = new ClassFactory; });
+  const HRESULT made = guarded([&factory] { *factory.GetAddressOf() = new ClassFactory; });
   return FAILED(made) ? made : factory->QueryInterface(iid, object);
 }
 

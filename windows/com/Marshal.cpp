@@ -57,40 +57,17 @@ class ArrayAccess {
   void* data_ = nullptr;
 };
 
-/// Calls `body(ours, theirs)` for the position of each element in our order, in which the last dimension runs fastest,
-/// and in the platform's, in which the first does.
-template <class Body>
-void forEachElement(const std::vector<StringArray::Bounds>& bounds, Body&& body) {
-  std::size_t count = 1;
-  std::vector<std::size_t> strides;
-  for (const auto& dimension : bounds) {
-    strides.push_back(count);
-    count *= dimension.size();
-  }
-  std::vector<std::size_t> subscripts(bounds.size());
-  std::size_t theirs = 0;
-  for (std::size_t ours = 0; ours < count; ++ours) {
-    body(ours, theirs);
-    for (std::size_t d = bounds.size(); d-- > 0;) {
-      theirs += strides[d];
-      if (++subscripts[d] < bounds[d].size()) break;
-      theirs -= strides[d] * bounds[d].size();
-      subscripts[d] = 0;
-    }
-  }
-}
-
 }  // namespace
 
 HRESULT failure(const RuntimeError& error) noexcept {
   ComPtr<ICreateErrorInfo> create;
-  if (SUCCEEDED(CreateErrorInfo(create.out()))) {
-    const Bstr description(error.description());
+  if (SUCCEEDED(CreateErrorInfo(&create))) {
+    const Bstr description = Bstr::copyOf(error.description());
     wchar_t source[] = L"NVRandom";
     create->SetSource(source);
     create->SetDescription(description.get());
     ComPtr<IErrorInfo> info;
-    if (SUCCEEDED(create->QueryInterface(IID_IErrorInfo, info.outVoid()))) SetErrorInfo(0, info.get());
+    if (SUCCEEDED(create->QueryInterface(IID_IErrorInfo, &info))) SetErrorInfo(0, info.Get());
   }
   return error.number() < 0 ? error.number() : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, error.number());
 }
@@ -126,32 +103,31 @@ StringArray stringArray(SAFEARRAY* array) {
   check(SafeArrayGetVartype(array, &type));
   if (type != VT_BSTR && type != VT_VARIANT) throw RuntimeError(ErrorNumber::typeMismatch);
 
-  StringArray result(bounds);
-  if (result.elements().empty()) return result;
+  StringArray result(std::move(bounds));
+  std::vector<std::wstring>& elements = result.elements();
+  if (elements.empty()) return result;
   const ArrayAccess access(array);
-  forEachElement(bounds, [&](std::size_t ours, std::size_t theirs) {
-    result.elements()[ours] = type == VT_BSTR ? std::wstring(view(access.element<BSTR>(theirs)))
-                                              : textOf(resolved(access.element<VARIANT>(theirs)));
-  });
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    elements[i] =
+        type == VT_BSTR ? std::wstring(view(access.element<BSTR>(i))) : textOf(resolved(access.element<VARIANT>(i)));
+  }
   return result;
 }
 
 SafeArray safeArray(const StringArray& array) {
   if (array.dimensions() == 0) return {};
-  std::vector<StringArray::Bounds> bounds;
-  std::vector<SAFEARRAYBOUND> theirBounds;
+  std::vector<SAFEARRAYBOUND> bounds;
   for (std::size_t dimension = 0; dimension < array.dimensions(); ++dimension) {
-    bounds.push_back(array.bounds(dimension));
-    theirBounds.push_back({static_cast<ULONG>(bounds.back().size()), bounds.back().lower});
+    bounds.push_back({static_cast<ULONG>(array.bounds(dimension).size()), array.bounds(dimension).lower});
   }
-  SafeArray result(SafeArrayCreate(VT_BSTR, static_cast<UINT>(theirBounds.size()), theirBounds.data()));
+  SafeArray result(SafeArrayCreate(VT_BSTR, static_cast<UINT>(bounds.size()), bounds.data()));
   if (!result) throw RuntimeError(ErrorNumber::outOfMemory);
   const ArrayAccess access(result.get());
-  forEachElement(bounds, [&](std::size_t ours, std::size_t theirs) {
-    Bstr text(array.elements()[ours]);
+  for (std::size_t i = 0; i < array.elements().size(); ++i) {
+    Bstr text = Bstr::copyOf(array.elements()[i]);
     if (!text) throw RuntimeError(ErrorNumber::outOfMemory);
-    access.element<BSTR>(theirs) = text.release();
-  });
+    access.element<BSTR>(i) = text.release();
+  }
   return result;
 }
 

@@ -13,7 +13,7 @@ namespace nv::windows {
 /// which is that of an automation failure, else the classic number in the control facility (0x800A0000).
 HRESULT failure(const RuntimeError& error) noexcept;
 
-/// Runs a call that came in through COM: no exception leaves it.
+/// Runs the body of a COM method. Exceptions become an HRESULT and error info.
 template <class Body>
 HRESULT guarded(Body&& body) noexcept {
   try {

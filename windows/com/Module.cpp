@@ -15,17 +15,17 @@ namespace {
 
 std::atomic<long> references;
 
-/// A thread's component and what it works with.
+/// A thread's component and its widgetset.
 struct ThreadState {
   WindowsWidgetset widgetset;
   Component component{windowsServices(), widgetset};
 };
 
-/// What is shared by all threads. Never destroyed by the run-time's clean-up: when the process ends, other threads have
-/// been stopped at any point and other libraries may be gone.
+/// Shared by all threads. Not destroyed when the process ends: by then, other threads have been stopped anywhere and
+/// other libraries may be unloaded.
 struct Shared {
   std::mutex mutex;
-  ITypeLib* typeLibrary = nullptr;  // loaded on demand, released when the module falls out of use
+  ITypeLib* typeLibrary = nullptr;  // loaded on demand, released with the last reference
   std::list<std::shared_ptr<ThreadState>> threads;
 };
 
@@ -38,8 +38,8 @@ DWORD threadSlot = TLS_OUT_OF_INDEXES;  // holds a ThreadState*, owned by Shared
 
 void threadEnds() {
   const auto* const state = static_cast<ThreadState*>(TlsGetValue(threadSlot));
-  // Windows go with their thread and must not be touched in the loader's hands: a thread that ends with a dialog up
-  // keeps its component until the DLL is unloaded.
+  // This runs under the loader lock, where windows cannot be destroyed. The component of a thread that ends with a
+  // dialog open is therefore kept until the DLL is unloaded.
   if (state == nullptr || !state->component.forms.empty()) return;
   TlsSetValue(threadSlot, nullptr);
   const std::lock_guard lock(shared().mutex);
@@ -93,7 +93,7 @@ HRESULT typeInfo(REFGUID guid, ComPtr<ITypeInfo>& info) {
     const HRESULT result = LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, &library);
     if (FAILED(result)) return result;
   }
-  return library->GetTypeInfoOfGuid(guid, info.out());
+  return library->GetTypeInfoOfGuid(guid, &info);
 }
 
 std::shared_ptr<Component> componentOfThisThread() {

@@ -29,21 +29,16 @@ std::wstring text(REFGUID guid) {
   return buffer;
 }
 
-std::wstring classKey() {
-  return L"CLSID\\" + text(CLSID_ClsRandom);
-}
-std::wstring libraryKey() {
-  return L"TypeLib\\" + text(LIBID_NVRandom);
-}
-std::wstring versionKey() {
-  return libraryKey() + L"\\" + libraryVersion;
-}
-std::wstring platformKey() {
-  return versionKey() + L"\\0\\" + platform;
-}
 std::wstring interfaceKey(REFIID iid) {
   return L"Interface\\" + text(iid);
 }
+/// The other keys below Software\Classes.
+struct Keys {
+  std::wstring classId = L"CLSID\\" + text(CLSID_ClsRandom);
+  std::wstring library = L"TypeLib\\" + text(LIBID_NVRandom);
+  std::wstring version = library + L"\\" + libraryVersion;
+  std::wstring ofPlatform = version + L"\\0\\" + platform;
+};
 
 struct Entry {
   std::wstring key;     // below Software\Classes
@@ -52,23 +47,24 @@ struct Entry {
 };
 
 std::vector<Entry> entries() {
+  const Keys keys;
   const std::wstring path = modulePath();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
   const std::wstring libid = text(LIBID_NVRandom);
   std::vector<Entry> list = {
-      {classKey(), nullptr, progId},
-      {classKey() + L"\\InprocServer32", nullptr, path},
-      {classKey() + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
-      {classKey() + L"\\ProgID", nullptr, progId},
-      {classKey() + L"\\Programmable", nullptr, L""},
-      {classKey() + L"\\TypeLib", nullptr, libid},
-      {classKey() + L"\\Version", nullptr, libraryVersion},
+      {keys.classId, nullptr, progId},
+      {keys.classId + L"\\InprocServer32", nullptr, path},
+      {keys.classId + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
+      {keys.classId + L"\\ProgID", nullptr, progId},
+      {keys.classId + L"\\Programmable", nullptr, L""},
+      {keys.classId + L"\\TypeLib", nullptr, libid},
+      {keys.classId + L"\\Version", nullptr, libraryVersion},
       {progId, nullptr, description},
       {std::wstring(progId) + L"\\CLSID", nullptr, text(CLSID_ClsRandom)},
-      {versionKey(), nullptr, description},
-      {versionKey() + L"\\FLAGS", nullptr, L"0"},
-      {versionKey() + L"\\HELPDIR", nullptr, folder},
-      {platformKey(), nullptr, path},
+      {keys.version, nullptr, description},
+      {keys.version + L"\\FLAGS", nullptr, L"0"},
+      {keys.version + L"\\HELPDIR", nullptr, folder},
+      {keys.ofPlatform, nullptr, path},
   };
   const auto addInterface = [&](REFIID iid, const wchar_t* name, const wchar_t* proxy) {
     const std::wstring key = interfaceKey(iid);
@@ -96,7 +92,7 @@ LSTATUS write(HKEY classes, const Entry& entry) {
                         static_cast<DWORD>(entry.value.size() + 1) * sizeof(wchar_t));
 }
 
-/// Whether there is anything below the key; a missing one has nothing.
+/// Whether the key exists and has subkeys.
 bool hasSubkeys(HKEY classes, const std::wstring& key) {
   RegistryKey opened;
   DWORD count = 0;
@@ -107,20 +103,21 @@ bool hasSubkeys(HKEY classes, const std::wstring& key) {
 }
 
 LSTATUS removeAll(HKEY classes) {
+  const Keys keys;
   LSTATUS first = ERROR_SUCCESS;
   const auto remove = [&](const std::wstring& key) {
     const LSTATUS result = RegDeleteTreeW(classes, key.c_str());
     if (result != ERROR_SUCCESS && result != ERROR_FILE_NOT_FOUND && first == ERROR_SUCCESS) first = result;
   };
-  remove(classKey());
+  remove(keys.classId);
   remove(progId);
   for (const HostInterface& known : hostInterfaces) remove(interfaceKey(*known.iid));
   remove(interfaceKey(DIID___ClsRandom));
   // The type library's key is shared by both word sizes, and by versions to come.
-  remove(platformKey());
-  if (!hasSubkeys(classes, versionKey() + L"\\0")) remove(versionKey());
-  if (!hasSubkeys(classes, libraryKey())) remove(libraryKey());
-  // A user's own classes may have begun with ours.
+  remove(keys.ofPlatform);
+  if (!hasSubkeys(classes, keys.version + L"\\0")) remove(keys.version);
+  if (!hasSubkeys(classes, keys.library)) remove(keys.library);
+  // A user's first classes may have been ours.
   for (const wchar_t* group : {L"CLSID", L"Interface", L"TypeLib"}) {
     if (!hasSubkeys(classes, group)) remove(group);
   }

@@ -1,4 +1,4 @@
-// What the class needs in the registry: per machine or for the current user alone.
+// The class's entries in the registry, for the machine or for the current user.
 #pragma once
 
 #include "windows/Handles.h"
@@ -7,7 +7,7 @@ namespace nv::windows {
 
 enum class Scope { machine, user };
 
-/// Writes all entries; on a failure takes back what was written.
+/// Writes all entries; on failure removes what was written.
 HRESULT registerClass(Scope scope);
 
 /// Removes all entries, and the keys above them that are empty afterwards. Missing ones are no failure. Entries of the

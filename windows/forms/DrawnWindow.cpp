@@ -147,11 +147,10 @@ class ImageWindow final : public DrawnWindow {
     const DWORD size = SizeofResource(moduleInstance(), found);
     const void* const bytes = LockResource(LoadResource(moduleInstance(), found));
     ComPtr<IStream> stream;
-    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.out())) || FAILED(stream->Write(bytes, size, nullptr)))
-      return;
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) || FAILED(stream->Write(bytes, size, nullptr))) return;
     LARGE_INTEGER start{};
     stream->Seek(start, STREAM_SEEK_SET, nullptr);
-    OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, picture_.outVoid());
+    OleLoadPicture(stream.Get(), static_cast<LONG>(size), FALSE, IID_IPicture, &picture_);
   }
 
   forms::Image& image_;

@@ -31,17 +31,17 @@ std::optional<TypeFacts> factsOf(ITypeInfo& info) {
 /// that is called by name; the half that is called by slot is one reference away.
 std::optional<TypeFacts> dualFacts(IDispatch& object) {
   ComPtr<ITypeInfo> info;
-  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.out())) || !info) return std::nullopt;
-  auto facts = factsOf(*info.get());
+  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, &info)) || !info) return std::nullopt;
+  auto facts = factsOf(*info.Get());
   if (!facts || !facts->dual) return std::nullopt;
   if (facts->kind != TKIND_DISPATCH) return facts;
   constexpr auto bySlot = static_cast<UINT>(-1);
   HREFTYPE reference = 0;
   ComPtr<ITypeInfo> own;
-  if (FAILED(info->GetRefTypeOfImplType(bySlot, &reference)) || FAILED(info->GetRefTypeInfo(reference, own.out()))) {
+  if (FAILED(info->GetRefTypeOfImplType(bySlot, &reference)) || FAILED(info->GetRefTypeInfo(reference, &own))) {
     return std::nullopt;
   }
-  return factsOf(*own.get());
+  return factsOf(*own.Get());
 }
 
 /// Whether the object has the verifier's methods, whatever else it may be.
@@ -111,7 +111,7 @@ class AccountVerifier final : public platform::AccountVerifier {
   static VARIANT_BOOL truth(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
   static Bstr text(const std::wstring& value) {
-    Bstr made{std::wstring_view(value)};
+    Bstr made = Bstr::copyOf(value);
     if (!made) throw RuntimeError(ErrorNumber::outOfMemory);
     return made;
   }
@@ -126,7 +126,7 @@ class AccountVerifier final : public platform::AccountVerifier {
     std::wstring description = L"Automation error";
     ComPtr<IErrorInfo> info;
     Bstr text;
-    if (GetErrorInfo(0, info.out()) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
+    if (GetErrorInfo(0, &info) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
       description = view(text.get());
     }
     const bool classic = HRESULT_FACILITY(result) == FACILITY_CONTROL;  // the number of an automation language
@@ -135,7 +135,7 @@ class AccountVerifier final : public platform::AccountVerifier {
 
   void put(HRESULT (STDMETHODCALLTYPE IAccountVerifier::*property)(BSTR), const std::wstring& value) {
     const Bstr copy = text(value);
-    call([&] { return (verifier_.get()->*property)(copy.get()); });
+    call([&] { return (verifier_.Get()->*property)(copy.get()); });
   }
 
   /// `method` takes the message and the result by reference.
@@ -162,13 +162,13 @@ std::unique_ptr<platform::AccountVerifier> createAccountVerifier() {
   CLSID classId;
   ComPtr<IDispatch> object;
   if (FAILED(CLSIDFromProgID(progId, &classId)) ||
-      FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.outVoid()))) {
+      FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &object))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
-  const auto facts = dualFacts(*object.get());
+  const auto facts = dualFacts(*object.Get());
   ComPtr<IAccountVerifier> verifier;
-  if (!facts || facts->tableSize < slots * sizeof(void*) || !isVerifier(*object.get()) ||
-      FAILED(object->QueryInterface(facts->iid, verifier.outVoid()))) {
+  if (!facts || facts->tableSize < slots * sizeof(void*) || !isVerifier(*object.Get()) ||
+      FAILED(object->QueryInterface(facts->iid, &verifier))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
   return std::make_unique<AccountVerifier>(std::move(verifier));
