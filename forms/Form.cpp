@@ -28,18 +28,6 @@ bool isButton(const Control& control) {
   return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
 }
 
-/// Keeps a flag raised.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
-
 }  // namespace
 
 Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, std::wstring_view windowName,
@@ -128,7 +116,7 @@ void Form::unload(UnloadMode mode) {
   } else {
     // The user may press the close box again, or what was pressed before it, while the handler lets events run.
     if (askedToUnload_) return;
-    const Raised asked(askedToUnload_);
+    const ScopedValue asked(askedToUnload_, true);
     const Busy busy(*this);
     Form_QueryUnload(cancel, mode);
   }

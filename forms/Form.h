@@ -14,6 +14,7 @@
 
 #include "forms/Control.h"
 #include "platform/RuntimeError.h"
+#include "platform/ScopedValue.h"
 
 namespace nv::forms {
 
@@ -77,17 +78,10 @@ class Form : public std::enable_shared_from_this<Form> {
   void focus(Control& control);
   /// While it lives, the form takes nothing from the user but closing: an outside party that is asked meanwhile may let
   /// messages through.
-  class Busy {
-   public:
-    explicit Busy(Form& form) : form_(form) { ++form_.busy_; }
-    ~Busy() { --form_.busy_; }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-
-   private:
-    Form& form_;
+  struct Busy : ScopedValue<bool> {
+    explicit Busy(Form& form) : ScopedValue(form.busy_, true) {}
   };
-  bool busy() const { return busy_ != 0; }
+  bool busy() const { return busy_; }
 
   /// Queues a keystroke for whatever control has the focus when it arrives.
   void sendKey(wchar_t key);
@@ -147,7 +141,7 @@ class Form : public std::enable_shared_from_this<Form> {
   Control* entered_ = nullptr;  // the control whose gotFocus was raised and whose lostFocus is due
   enum class Life { fresh, loaded, gone } life_ = Life::fresh;
   bool shown_ = false;
-  int busy_ = 0;
+  bool busy_ = false;
   bool showWhenLoaded_ = false;
   bool askedToUnload_ = false;  // by other than code, and Form_QueryUnload has not returned
   bool goneUnasked_ = false;    // the window was destroyed from outside

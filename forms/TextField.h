@@ -50,7 +50,7 @@ class TextField : public Control {
   std::wstring text_;
   Selection selection_;
   int maxLength_ = 0;
-  bool arriving_ = false;
+  bool typing_ = false;  // the handlers of the user's own text run
 };
 
 class TextBox : public TextField {

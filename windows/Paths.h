@@ -14,6 +14,12 @@ std::string inAnsiCodePage(std::wstring_view text);
 /// The text that bytes in the ANSI code page stand for.
 std::wstring fromAnsiCodePage(std::string_view bytes);
 
+/// The path of a module; of the program for nullptr.
+std::wstring modulePath(HMODULE module);
+
+/// What GetSystemDirectoryW or GetWindowsDirectoryW answers.
+std::wstring directory(UINT(WINAPI* ask)(LPWSTR, UINT));
+
 /// Whether the path begins with a drive or a share, so that no current directory takes part in it.
 bool isFullPath(std::wstring_view path);
 

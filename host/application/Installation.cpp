@@ -3,7 +3,6 @@
 #include "host/application/Permissions.h"
 #include "host/application/UiThread.h"
 #include "host/base/Failure.h"
-#include "host/base/File.h"
 #include "host/base/Text.h"
 #include "host/standins/Cipher.h"
 #include "host/standins/Record.h"
@@ -20,11 +19,6 @@ struct ChangeCloser {
 };
 
 constexpr const wchar_t* binaries = L"NORVIK\\Bin";
-
-HANDLE open(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition) {
-  const HANDLE file = CreateFileW(path.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  return file == INVALID_HANDLE_VALUE ? nullptr : file;
-}
 
 [[noreturn]] void fail(const fs::path& path, const wchar_t* what) {
   throw Failure(path.wstring() + L" cannot be " + what + L" (" + std::to_wstring(GetLastError()) + L")");
@@ -99,7 +93,7 @@ void Installation::remove(const std::wstring& fileOrFolder) {
 
 void Installation::lock(const std::wstring& file) {
   auto& lock = locked_[file];
-  lock.reset(open(path(file), GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS));
+  lock = openFile(path(file), GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS);
   if (!lock) fail(path(file), L"locked");
 }
 
@@ -112,9 +106,8 @@ void Installation::makeReadOnly(const std::wstring& fileOrFolder) {
   denyWriting(target);
   const bool folder = fs::is_directory(target);
   const fs::path probe = folder ? target / L"probe" : target;
-  const std::unique_ptr<void, HandleCloser> handle(
-      open(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING));
-  if (handle) throw Failure(target.wstring() + L" can still be written: this user may do everything");
+  if (openFile(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING))
+    throw Failure(target.wstring() + L" can still be written: this user may do everything");
 }
 
 void Installation::setCountries(const std::string& text) {

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "host/base/File.h"
+
 namespace nv::host {
 
 class Installation {
@@ -66,13 +68,9 @@ class Installation {
   std::filesystem::path path(const std::wstring& file) const;
   void clear() const;
 
-  struct HandleCloser {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-  };
-
   std::filesystem::path root_;
   std::filesystem::path standIns_;
-  std::map<std::wstring, std::unique_ptr<void, HandleCloser>> locked_;
+  std::map<std::wstring, Handle> locked_;
 };
 
 }  // namespace nv::host

@@ -63,19 +63,20 @@ class ComboBoxWindow final : public ControlWindow {
   }
 
   void showEntries() {
-    text_.withoutArrival([this] {
+    {
+      const auto code = text_.setByCode();
       SendMessageW(window(), CB_RESETCONTENT, 0, 0);
       for (const std::wstring& entry : comboBox_.entries()) {
         SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
       }
-    });
+    }
     showRow();
   }
 
   void showRow() {
     // Choosing in the window also sets its text, which the control decides about.
-    text_.withoutArrival(
-        [this] { SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0); });
+    const auto code = text_.setByCode();
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0);
     if (text_.window() != nullptr) text_.apply(Attribute::text);
   }
 

@@ -108,8 +108,8 @@ void ControlWindow::destroyed(HWND window) {
   if (window == window_) window_ = nullptr;
 }
 
-/// Overwrite the text before destruction: freed memory must not hold account numbers. Nobody hears of the change. No
-/// field takes more characters than are overwritten.
+/// Overwrite the text before destruction: freed memory must not hold account numbers, none of which is longer than the
+/// buffer. Nobody is told of the change.
 void ControlWindow::wipeText(HWND window) {
   destroying_ = true;
   wchar_t blanks[128];

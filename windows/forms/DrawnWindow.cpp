@@ -1,5 +1,7 @@
 // Controls that draw themselves and can be clicked: links, images and pictures.
 
+#include <wrl/client.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -146,17 +148,16 @@ class ImageWindow final : public DrawnWindow {
     if (found == nullptr) return;
     const DWORD size = SizeofResource(moduleInstance(), found);
     const void* const bytes = LockResource(LoadResource(moduleInstance(), found));
-    ComPtr<IStream> stream;
-    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.out())) || FAILED(stream->Write(bytes, size, nullptr)))
-      return;
+    Microsoft::WRL::ComPtr<IStream> stream;
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) || FAILED(stream->Write(bytes, size, nullptr))) return;
     LARGE_INTEGER start{};
     stream->Seek(start, STREAM_SEEK_SET, nullptr);
-    OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, picture_.outVoid());
+    OleLoadPicture(stream.Get(), static_cast<LONG>(size), FALSE, IID_IPicture, &picture_);
   }
 
   forms::Image& image_;
   std::wstring resource_;
-  ComPtr<IPicture> picture_;
+  Microsoft::WRL::ComPtr<IPicture> picture_;
 };
 
 }  // namespace

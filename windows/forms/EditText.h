@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/TextField.h"
+#include "platform/ScopedValue.h"
 #include "windows/Handles.h"
 
 namespace nv::windows {
@@ -17,13 +18,8 @@ class EditText {
   /// The window says that its text has changed: unless code did it, the user's text arrives in the field.
   void changed();
   forms::Selection selection() const;
-  /// Runs what sets the window's text by other means than `apply`, without taking it for the user's.
-  template <class Body>
-  void withoutArrival(Body&& body) {
-    const bool outer = std::exchange(setting_, true);
-    body();
-    setting_ = outer;
-  }
+  /// As long as the result lives, a changed text of the window is not taken for the user's.
+  [[nodiscard]] ScopedValue<bool> setByCode() { return {setByCode_, true}; }
 
   /// Characters for which the system's text box has no use but a beep: Tab, Enter and Escape.
   static bool uses(wchar_t character) {
@@ -33,7 +29,7 @@ class EditText {
  private:
   HWND edit_ = nullptr;
   forms::TextField* field_ = nullptr;
-  bool setting_ = false;
+  bool setByCode_ = false;
 };
 
 /// The text of a window.

@@ -1,5 +1,6 @@
 // Check boxes and option buttons. The control decides about its mark; the window shows it.
 #include "forms/Toggle.h"
+#include "platform/ScopedValue.h"
 #include "windows/forms/ControlWindows.h"
 
 namespace nv::windows {
@@ -31,10 +32,8 @@ class ToggleWindow final : public ControlWindow {
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
     if (message != WM_SETFOCUS) return ControlWindow::handle(window, message, wparam, lparam);
     // The system's option button counts the arrival of the focus as a click; ours does not.
-    gettingFocus_ = true;
-    const LRESULT result = ControlWindow::handle(window, message, wparam, lparam);
-    gettingFocus_ = false;
-    return result;
+    const ScopedValue gettingFocus(gettingFocus_, true);
+    return ControlWindow::handle(window, message, wparam, lparam);
   }
 
   void notified(UINT code) override {

@@ -1,5 +1,7 @@
 #include "windows/services/AccountVerifier.h"
 
+#include <wrl/client.h>
+
 #include <optional>
 
 #include "platform/RuntimeError.h"
@@ -9,39 +11,40 @@ namespace nv::windows {
 namespace {
 
 constexpr const wchar_t* progId = L"AccountVerifier.AccountVerifier";
-constexpr std::size_t slots = 7 + 15;  // of IDispatch and of the verifier's own members
+constexpr std::size_t vtableEntries = 7 + 15;  // of IDispatch and of the verifier's own members
 
-struct TypeFacts {
+struct InterfaceType {
   IID iid;
   TYPEKIND kind;
   bool dual;
-  std::size_t tableSize;  // of its virtual functions, in bytes
+  std::size_t vtableSize;  // in bytes
 };
 
-std::optional<TypeFacts> factsOf(ITypeInfo& info) {
+std::optional<InterfaceType> typeOf(ITypeInfo& info) {
   TYPEATTR* attributes = nullptr;
   if (FAILED(info.GetTypeAttr(&attributes))) return std::nullopt;
-  const TypeFacts facts{attributes->guid, attributes->typekind, (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0,
-                        attributes->cbSizeVft};
+  const InterfaceType type{attributes->guid, attributes->typekind, (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0,
+                           attributes->cbSizeVft};
   info.ReleaseTypeAttr(attributes);
-  return facts;
+  return type;
 }
 
-/// The facts of the object's dual interface; nothing when it has none. An object describes the half of the interface
-/// that is called by name; the half that is called by slot is one reference away.
-std::optional<TypeFacts> dualFacts(IDispatch& object) {
-  ComPtr<ITypeInfo> info;
-  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.out())) || !info) return std::nullopt;
-  auto facts = factsOf(*info.get());
-  if (!facts || !facts->dual) return std::nullopt;
-  if (facts->kind != TKIND_DISPATCH) return facts;
-  constexpr auto bySlot = static_cast<UINT>(-1);
+/// The type of the object's dual interface; nothing when it has none. An object describes the dispinterface, which
+/// refers to the interface with the vtable.
+std::optional<InterfaceType> dualInterface(IDispatch& object) {
+  Microsoft::WRL::ComPtr<ITypeInfo> info;
+  if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, &info)) || !info) return std::nullopt;
+  auto type = typeOf(*info.Get());
+  if (!type || !type->dual) return std::nullopt;
+  if (type->kind != TKIND_DISPATCH) return type;
+  constexpr auto vtableInterface = static_cast<UINT>(-1);
   HREFTYPE reference = 0;
-  ComPtr<ITypeInfo> own;
-  if (FAILED(info->GetRefTypeOfImplType(bySlot, &reference)) || FAILED(info->GetRefTypeInfo(reference, own.out()))) {
+  Microsoft::WRL::ComPtr<ITypeInfo> own;
+  if (FAILED(info->GetRefTypeOfImplType(vtableInterface, &reference)) ||
+      FAILED(info->GetRefTypeInfo(reference, &own))) {
     return std::nullopt;
   }
-  return factsOf(*own.get());
+  return typeOf(*own.Get());
 }
 
 /// Whether the object has the verifier's methods, whatever else it may be.
@@ -56,7 +59,7 @@ bool isVerifier(IDispatch& object) {
 
 class AccountVerifier final : public platform::AccountVerifier {
  public:
-  explicit AccountVerifier(ComPtr<IAccountVerifier> verifier) : verifier_(std::move(verifier)) {}
+  explicit AccountVerifier(Microsoft::WRL::ComPtr<IAccountVerifier> verifier) : verifier_(std::move(verifier)) {}
 
   void putPlayByPlay(bool enabled) override {
     call([&] { return verifier_->put_PlayByPlay(truth(enabled)); });
@@ -124,9 +127,9 @@ class AccountVerifier final : public platform::AccountVerifier {
     if (SUCCEEDED(result)) return;
     if (result == E_OUTOFMEMORY) throw RuntimeError(ErrorNumber::outOfMemory);
     std::wstring description = L"Automation error";
-    ComPtr<IErrorInfo> info;
+    Microsoft::WRL::ComPtr<IErrorInfo> info;
     Bstr text;
-    if (GetErrorInfo(0, info.out()) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
+    if (GetErrorInfo(0, &info) == S_OK && SUCCEEDED(info->GetDescription(text.out())) && text) {
       description = view(text.get());
     }
     const bool classic = HRESULT_FACILITY(result) == FACILITY_CONTROL;  // the number of an automation language
@@ -135,7 +138,7 @@ class AccountVerifier final : public platform::AccountVerifier {
 
   void put(HRESULT (STDMETHODCALLTYPE IAccountVerifier::*property)(BSTR), const std::wstring& value) {
     const Bstr copy = text(value);
-    call([&] { return (verifier_.get()->*property)(copy.get()); });
+    call([&] { return (verifier_.Get()->*property)(copy.get()); });
   }
 
   /// `method` takes the message and the result by reference.
@@ -153,22 +156,22 @@ class AccountVerifier final : public platform::AccountVerifier {
     return result;
   }
 
-  ComPtr<IAccountVerifier> verifier_;
+  Microsoft::WRL::ComPtr<IAccountVerifier> verifier_;
 };
 
 }  // namespace
 
 std::unique_ptr<platform::AccountVerifier> createAccountVerifier() {
   CLSID classId;
-  ComPtr<IDispatch> object;
+  Microsoft::WRL::ComPtr<IDispatch> object;
   if (FAILED(CLSIDFromProgID(progId, &classId)) ||
-      FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.outVoid()))) {
+      FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &object))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
-  const auto facts = dualFacts(*object.get());
-  ComPtr<IAccountVerifier> verifier;
-  if (!facts || facts->tableSize < slots * sizeof(void*) || !isVerifier(*object.get()) ||
-      FAILED(object->QueryInterface(facts->iid, verifier.outVoid()))) {
+  const auto type = dualInterface(*object.Get());
+  Microsoft::WRL::ComPtr<IAccountVerifier> verifier;
+  if (!type || type->vtableSize < vtableEntries * sizeof(void*) || !isVerifier(*object.Get()) ||
+      FAILED(object->QueryInterface(type->iid, &verifier))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
   return std::make_unique<AccountVerifier>(std::move(verifier));

@@ -19,16 +19,8 @@ constexpr const wchar_t* bankLibrary = L"Acctvfy.dll";
 constexpr const wchar_t* cipherLibrary = L"kvd8rq3x.dll";
 
 std::wstring applicationFolder() {
-  wchar_t path[MAX_PATH];
-  const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-  const std::wstring_view whole(path, length < MAX_PATH ? length : 0);
-  return std::wstring(whole.substr(0, whole.find_last_of(L'\\')));
-}
-
-std::wstring systemFolder() {
-  wchar_t path[MAX_PATH];
-  const UINT length = GetSystemDirectoryW(path, MAX_PATH);
-  return {path, length < MAX_PATH ? length : 0};
+  const std::wstring program = modulePath(nullptr);
+  return program.substr(0, program.find_last_of(L'\\'));
 }
 
 /// While it lives, the system asks nobody what to do about a file that is no library.
@@ -50,7 +42,7 @@ HMODULE library(const std::wstring& folder, const wchar_t* name) {
   static auto& loaded = *new std::map<std::wstring, HMODULE>;
   const std::lock_guard lock(mutex);
   const QuietLoading quiet;
-  for (const std::wstring& place : {folder, applicationFolder(), systemFolder()}) {
+  for (const std::wstring& place : {folder, applicationFolder(), directory(GetSystemDirectoryW)}) {
     if (!isFullPath(place)) continue;
     const std::wstring path = joined(place, name);
     if (const auto known = loaded.find(path); known != loaded.end()) return known->second;
