@@ -79,7 +79,7 @@ void Form::show() {
   const auto keep = shared_from_this();
   load();
   if (!loaded()) return;
-  if (!peer_) {  // Form_Load let others run, and one of them asks already
+  if (!peer_) {  // Form_Load dispatched messages, and the host calls show already
     showWhenLoaded_ = true;
     return;
   }
@@ -102,7 +102,7 @@ void Form::showModal() {
     detach();
     throw;
   }
-  if (!goneUnasked_) return;
+  if (!windowGone_) return;
   bool cancel = false;
   Form_QueryUnload(cancel, UnloadMode::owner);
 }
@@ -125,7 +125,7 @@ void Form::unload(UnloadMode mode) {
 
 void Form::windowGone() {
   const auto keep = shared_from_this();
-  goneUnasked_ = loaded();
+  windowGone_ = loaded();
   detach();
 }
 
@@ -134,7 +134,7 @@ void Form::detach() {
   life_ = Life::gone;
   shown_ = false;
   active_ = nullptr;
-  entered_ = nullptr;
+  focused_ = nullptr;
   for (Control* control : controls_) control->attach(nullptr);
   if (peer_) peer_->close();
   loadedForms_.remove(*this);
@@ -163,9 +163,9 @@ void Form::focus(Control& control) {
 void Form::makeActive(Control* control) {
   active_ = control;
   if (control != nullptr && control->peer() != nullptr) control->peer()->takeFocus();
-  if (Control* const left = std::exchange(entered_, nullptr)) left->lostFocus.raise();
-  if (control == nullptr || active_ != control || entered_ == control) return;
-  entered_ = control;
+  if (Control* const left = std::exchange(focused_, nullptr)) left->lostFocus.raise();
+  if (control == nullptr || active_ != control || focused_ == control) return;
+  focused_ = control;
   control->gotFocus.raise();
 }
 
@@ -189,7 +189,7 @@ void Form::tab(bool backward) {
 }
 
 void Form::focusByKeyboard(Control& control) {
-  control.enteredByKeyboard();
+  control.onKeyboardFocus();
   focus(control);
 }
 

@@ -124,8 +124,7 @@ void Installation::setSampleCountries() {
 }
 
 bool Installation::waitUntil(const std::function<bool()>& condition) const {
-  const ULONGLONG end =
-      GetTickCount64() + static_cast<ULONGLONG>(std::chrono::milliseconds(UiThread::patience).count());
+  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(std::chrono::milliseconds(UiThread::timeout).count());
   const std::unique_ptr<void, ChangeCloser> change(FindFirstChangeNotificationW(
       root_.c_str(), TRUE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE));
   for (;;) {

@@ -60,8 +60,8 @@ class Installation {
   /// Makes it from the sample list: all countries of ISO 3166.
   void setSampleCountries();
 
-  /// Waits until `condition` holds, and looks again whenever something in the installation changes. False when
-  /// `UiThread::patience` is over.
+  /// Waits until `condition` holds, and looks again whenever something in the installation changes. False after
+  /// `UiThread::timeout`.
   bool waitUntil(const std::function<bool()>& condition) const;
 
  private:

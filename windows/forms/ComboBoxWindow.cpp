@@ -31,13 +31,13 @@ class ComboBoxWindow final : public ControlWindow {
     apply(Attribute::place);
   }
 
-  void apply(Attribute aspect) override {
-    switch (aspect) {
+  void apply(Attribute attribute) override {
+    switch (attribute) {
       case Attribute::place:
         place();
         break;
       case Attribute::appearance:
-        ControlWindow::apply(aspect);
+        ControlWindow::apply(attribute);
         place();  // the font decides about the height
         break;
       case Attribute::rows:
@@ -47,7 +47,7 @@ class ComboBoxWindow final : public ControlWindow {
         showRow();
         break;
       default:
-        if (!text_.apply(aspect)) ControlWindow::apply(aspect);
+        if (!text_.apply(attribute)) ControlWindow::apply(attribute);
     }
   }
 

@@ -17,8 +17,8 @@ void EditText::connect(HWND edit, forms::TextField& field) {
   apply(Attribute::text);
 }
 
-bool EditText::apply(Attribute aspect) {
-  switch (aspect) {
+bool EditText::apply(Attribute attribute) {
+  switch (attribute) {
     case Attribute::text: {
       const auto code = setByCode();
       SetWindowTextW(edit_, field_->text().c_str());

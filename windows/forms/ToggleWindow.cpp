@@ -21,17 +21,17 @@ class ToggleWindow final : public ControlWindow {
 
   void created() override { showMark(); }
 
-  void apply(forms::Attribute aspect) override {
-    if (aspect == forms::Attribute::value) {
+  void apply(forms::Attribute attribute) override {
+    if (attribute == forms::Attribute::value) {
       showMark();
     } else {
-      ControlWindow::apply(aspect);
+      ControlWindow::apply(attribute);
     }
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
     if (message != WM_SETFOCUS) return ControlWindow::handle(window, message, wparam, lparam);
-    // The system's option button counts the arrival of the focus as a click; ours does not.
+    // The system's option button sends BN_CLICKED when it gets the focus, which is no click here.
     const ScopedValue gettingFocus(gettingFocus_, true);
     return ControlWindow::handle(window, message, wparam, lparam);
   }

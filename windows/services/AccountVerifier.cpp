@@ -119,10 +119,10 @@ class AccountVerifier final : public platform::AccountVerifier {
     return made;
   }
 
-  /// Throws what a failed call has to say: its HRESULT, with the description that the verifier left, if it leaves any.
+  /// Calls, and throws a failure: its HRESULT, with the description from the verifier's error information, if any.
   template <class Call>
   void call(Call&& member) {
-    SetErrorInfo(0, nullptr);  // what others left is not the verifier's
+    SetErrorInfo(0, nullptr);  // left by others
     const HRESULT result = member();
     if (SUCCEEDED(result)) return;
     if (result == E_OUTOFMEMORY) throw RuntimeError(ErrorNumber::outOfMemory);

@@ -1,8 +1,6 @@
 #include "windows/services/HostInstallation.h"
 
 #include <algorithm>
-#include <map>
-#include <mutex>
 #include <vector>
 
 #include "platform/RuntimeError.h"
@@ -23,7 +21,7 @@ std::wstring applicationFolder() {
   return program.substr(0, program.find_last_of(L'\\'));
 }
 
-/// While it lives, the system asks nobody what to do about a file that is no library.
+/// While it lives, the system shows no message box about a file that is not a library.
 class QuietLoading {
  public:
   QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
@@ -36,19 +34,13 @@ class QuietLoading {
 };
 
 /// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
-/// search that the current directory takes part in. It stays loaded once it is: it may keep state between calls.
+/// search that the current directory takes part in. It is never freed: it may keep state between calls.
 HMODULE library(const std::wstring& folder, const wchar_t* name) {
-  static std::mutex mutex;
-  static auto& loaded = *new std::map<std::wstring, HMODULE>;
-  const std::lock_guard lock(mutex);
   const QuietLoading quiet;
   for (const std::wstring& place : {folder, applicationFolder(), directory(GetSystemDirectoryW)}) {
     if (!isFullPath(place)) continue;
-    const std::wstring path = joined(place, name);
-    if (const auto known = loaded.find(path); known != loaded.end()) return known->second;
-    if (const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
-      return loaded[path] = module;
-    }
+    const HMODULE module = LoadLibraryExW(joined(place, name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (module != nullptr) return module;
   }
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }
