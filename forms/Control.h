@@ -16,7 +16,7 @@ namespace nv::forms {
 class Form;
 class Frame;
 
-/// The kinds that a widgetset realises and that restyling tells apart.
+/// The kinds of controls, for the widgetset and for restyling.
 enum class Kind {
   label,
   textBox,
@@ -114,8 +114,8 @@ class Control {
 
   /// For the form: what the control does of itself with a key that no navigation rule took; true when it used the key.
   virtual bool useKey(const KeyDown&) { return false; }
-  /// For the form: the focus came by Tab or a mnemonic, or is the form's first.
-  virtual void enteredByKeyboard() {}
+  /// For the form: called when Tab or a mnemonic moves the focus here, or when the form first sets it.
+  virtual void onKeyboardFocus() {}
   /// For the form: what the control's mnemonic does once the control has the focus.
   virtual void useMnemonic() {}
 
@@ -124,8 +124,8 @@ class Control {
   ControlPeer* peer() const { return peer_; }
 
  protected:
-  void changed(Attribute aspect) {
-    if (peer_ != nullptr) peer_->update(aspect);
+  void changed(Attribute attribute) {
+    if (peer_ != nullptr) peer_->update(attribute);
   }
 
  private:

@@ -28,18 +28,6 @@ bool isButton(const Control& control) {
   return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
 }
 
-/// Keeps a flag raised.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
-
 }  // namespace
 
 Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, std::wstring_view windowName,
@@ -91,7 +79,7 @@ void Form::show() {
   const auto keep = shared_from_this();
   load();
   if (!loaded()) return;
-  if (!peer_) {  // Form_Load let others run, and one of them asks already
+  if (!peer_) {  // Form_Load dispatched messages, and the host calls show already
     showWhenLoaded_ = true;
     return;
   }
@@ -114,7 +102,7 @@ void Form::showModal() {
     detach();
     throw;
   }
-  if (!goneUnasked_) return;
+  if (!windowGone_) return;
   bool cancel = false;
   Form_QueryUnload(cancel, UnloadMode::owner);
 }
@@ -128,7 +116,7 @@ void Form::unload(UnloadMode mode) {
   } else {
     // The user may press the close box again, or what was pressed before it, while the handler lets events run.
     if (askedToUnload_) return;
-    const Raised asked(askedToUnload_);
+    const ScopedValue asked(askedToUnload_, true);
     const Busy busy(*this);
     Form_QueryUnload(cancel, mode);
   }
@@ -137,7 +125,7 @@ void Form::unload(UnloadMode mode) {
 
 void Form::windowGone() {
   const auto keep = shared_from_this();
-  goneUnasked_ = loaded();
+  windowGone_ = loaded();
   detach();
 }
 
@@ -146,7 +134,7 @@ void Form::detach() {
   life_ = Life::gone;
   shown_ = false;
   active_ = nullptr;
-  entered_ = nullptr;
+  focused_ = nullptr;
   for (Control* control : controls_) control->attach(nullptr);
   if (peer_) peer_->close();
   loadedForms_.remove(*this);
@@ -176,9 +164,9 @@ void Form::focus(Control& control) {
 void Form::makeActive(Control* control) {
   active_ = control;
   if (control != nullptr && control->peer() != nullptr) control->peer()->takeFocus();
-  if (Control* const left = std::exchange(entered_, nullptr)) left->lostFocus.raise();
-  if (control == nullptr || active_ != control || entered_ == control) return;
-  entered_ = control;
+  if (Control* const left = std::exchange(focused_, nullptr)) left->lostFocus.raise();
+  if (control == nullptr || active_ != control || focused_ == control) return;
+  focused_ = control;
   control->gotFocus.raise();
 }
 
@@ -202,7 +190,7 @@ void Form::tab(bool backward) {
 }
 
 void Form::focusByKeyboard(Control& control) {
-  control.enteredByKeyboard();
+  control.onKeyboardFocus();
   focus(control);
 }
 
@@ -238,7 +226,7 @@ wchar_t Form::characterTyped(Control& control, wchar_t character) {
   const auto keep = shared_from_this();
   if (busy()) return 0;
   {
-    const Raised typing(typing_);
+    const ScopedValue typing(typing_, true);
     Form_KeyPress(character);
     if (character != 0 && loaded()) control.keyPress.raise(character);
   }

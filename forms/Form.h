@@ -14,6 +14,7 @@
 
 #include "forms/Control.h"
 #include "platform/RuntimeError.h"
+#include "platform/ScopedValue.h"
 
 namespace nv::forms {
 
@@ -75,22 +76,14 @@ class Form : public std::enable_shared_from_this<Form> {
   /// gotFocus. A control that the focus only passed through has neither. Does nothing when the control cannot have the
   /// focus now.
   void focus(Control& control);
-  /// While it lives, the form takes nothing from the user but closing: an outside party that is asked meanwhile may let
-  /// messages through.
-  class Busy {
-   public:
-    explicit Busy(Form& form) : form_(form) { ++form_.busy_; }
-    ~Busy() { --form_.busy_; }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-
-   private:
-    Form& form_;
+  /// While it lives, the user can only close the form: an outside party that is called meanwhile may dispatch messages.
+  struct Busy : ScopedValue<bool> {
+    explicit Busy(Form& form) : ScopedValue(form.busy_, true) {}
   };
-  bool busy() const { return busy_ != 0; }
+  bool busy() const { return busy_; }
 
-  /// Queues a keystroke for whatever control has the focus when it arrives: not before the handlers of the key that is
-  /// being typed have returned, even if they let messages through.
+  /// Queues a keystroke for the control that has the focus when the key is handled: not before the handlers of the
+  /// character that is being typed have returned, even if they dispatch messages.
   void sendKey(wchar_t key);
   /// The window's handle as a host knows it; 0 when not loaded.
   std::intptr_t handle() const { return loaded() && peer_ ? peer_->handle() : 0; }
@@ -105,10 +98,10 @@ class Form : public std::enable_shared_from_this<Form> {
   wchar_t characterTyped(Control& control, wchar_t character);
   /// Alt with a character. True when a control claimed it.
   bool mnemonicTyped(wchar_t character);
-  /// The window is gone without having been asked: the form follows. A modal one gets Form_QueryUnload afterwards, with
+  /// The window was destroyed from outside: the form unloads. A modal one gets Form_QueryUnload afterwards, with
   /// UnloadMode::owner; whoever embeds a form and destroys it need not be told.
   void windowGone();
-  /// A run-time error came out of what the user did; the widgetset goes on after this.
+  /// Called when an exception reaches the window procedure; the widgetset continues afterwards.
   virtual void failed(const RuntimeError& /*error*/) noexcept {}
 
   // For controls.
@@ -149,15 +142,15 @@ class Form : public std::enable_shared_from_this<Form> {
   std::vector<Control*> controls_;
   std::unique_ptr<FormPeer> peer_;
   Control* active_ = nullptr;
-  Control* entered_ = nullptr;  // the control whose gotFocus was raised and whose lostFocus is due
+  Control* focused_ = nullptr;  // the control whose gotFocus was raised and whose lostFocus is due
   enum class Life { fresh, loaded, gone } life_ = Life::fresh;
   bool shown_ = false;
-  int busy_ = 0;
+  bool busy_ = false;
   bool showWhenLoaded_ = false;
   bool typing_ = false;         // the handlers of a character are running
   std::wstring keysToSend_;     // by them
-  bool askedToUnload_ = false;  // by other than code, and Form_QueryUnload has not returned
-  bool goneUnasked_ = false;    // the window was destroyed from outside
+  bool askedToUnload_ = false;  // not by code; Form_QueryUnload is running
+  bool windowGone_ = false;     // the window was destroyed from outside
 };
 
 /// Unloads a form on leaving a scope, however that is left.
@@ -167,7 +160,7 @@ class UnloadOnExit {
   ~UnloadOnExit() {
     try {
       form_.unload();
-    } catch (...) {  // NOLINT(bugprone-empty-catch): what led here counts
+    } catch (...) {  // NOLINT(bugprone-empty-catch): the exception in flight is the one to report
     }
   }
   UnloadOnExit(const UnloadOnExit&) = delete;

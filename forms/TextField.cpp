@@ -1,31 +1,15 @@
 #include "forms/TextField.h"
 
 #include <algorithm>
-#include <utility>
+
+#include "platform/ScopedValue.h"
 
 namespace nv::forms {
-
-namespace {
-
-/// Marks the time in which the handlers of the user's own text run.
-class Arriving {
- public:
-  explicit Arriving(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
-  ~Arriving() { flag_ = outer_; }
-  Arriving(const Arriving&) = delete;
-  Arriving& operator=(const Arriving&) = delete;
-
- private:
-  bool& flag_;
-  bool outer_;
-};
-
-}  // namespace
 
 void TextField::setText(std::wstring text) {
   if (text == text_) return;
   int caret = 0;
-  if (arriving_) {
+  if (typing_) {
     const int behindCaret = static_cast<int>(text_.size()) - selection_.start - selection_.length;
     caret = std::max(0, static_cast<int>(text.size()) - behindCaret);
   }
@@ -52,7 +36,7 @@ void TextField::onUserText(std::wstring text, Selection selection) {
   selection_ = selection;
   if (text == text_) return;
   text_ = std::move(text);
-  const Arriving arriving(arriving_);
+  const ScopedValue typing(typing_, true);
   report(true);
 }
 

@@ -5,8 +5,8 @@
 
 namespace nv::forms {
 
-/// Text with a selection and a caret. It changes in one way only: the user's text arrives (after the key events let it
-/// through) or code sets it; either way `change` is raised when the text differs.
+/// Text with a selection and a caret. The user changes it by `onUserText` (after the key events let it through), code
+/// by `setText`; either raises `change` when the text differs.
 class TextField : public Control {
  public:
   const std::wstring& text() const { return text_; }
@@ -26,14 +26,14 @@ class TextField : public Control {
 
   bool takesFocus() const override { return true; }
   /// The whole text is selected then, so that typing replaces it.
-  void enteredByKeyboard() override { selectAll(); }
+  void onKeyboardFocus() override { selectAll(); }
 
   Event<> change;
 
-  /// For the widgetset: the user's text has arrived. `selection` is where the caret stands now.
+  /// For the widgetset: the user changed the text. `selection` includes the caret.
   void onUserText(std::wstring text, Selection selection);
 
-  /// For the widgetset and code that draws: the selection last set by code or arrived with a text.
+  /// For the widgetset: the selection last set by code or passed to `onUserText`.
   Selection lastSelection() const { return selection_; }
 
  protected:
@@ -50,7 +50,7 @@ class TextField : public Control {
   std::wstring text_;
   Selection selection_;
   int maxLength_ = 0;
-  bool arriving_ = false;
+  bool typing_ = false;  // inside the handlers of onUserText
 };
 
 class TextBox : public TextField {

@@ -40,7 +40,7 @@ class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
 
-  virtual void update(Attribute aspect) = 0;
+  virtual void update(Attribute attribute) = 0;
 
   /// Gives the window the keyboard focus; the form has made its control the active one before.
   virtual void takeFocus() = 0;
@@ -54,7 +54,7 @@ class FormPeer {
  public:
   virtual ~FormPeer() = default;
 
-  virtual void update(Attribute aspect) = 0;
+  virtual void update(Attribute attribute) = 0;
 
   /// Makes the window visible. `modal` prepares for `runModal`: owned by the host's active window and centred on it.
   virtual void show(bool modal) = 0;
@@ -65,7 +65,7 @@ class FormPeer {
   /// Destroys the windows at once. The peer objects stay until the form lets go of them.
   virtual void close() = 0;
 
-  /// Queues a keystroke: it reaches the control that has the focus when the keys before it have been worked off.
+  /// Queues a keystroke: it reaches the control that has the focus once the keys before it are handled.
   virtual void sendKey(wchar_t key) = 0;
 
   /// The window as a host sees it.

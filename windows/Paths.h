@@ -1,4 +1,4 @@
-// Texts on their way to the 8-bit side of the system, and the places that libraries are loaded from.
+// Conversion to and from the ANSI code page, and paths.
 #pragma once
 
 #include <string>
@@ -8,13 +8,19 @@
 
 namespace nv::windows {
 
-/// The text in the ANSI code page; characters that it does not have become "?".
+/// The text in the ANSI code page; characters that it lacks become "?".
 std::string inAnsiCodePage(std::wstring_view text);
 
-/// The text that bytes in the ANSI code page stand for.
+/// The text of bytes in the ANSI code page.
 std::wstring fromAnsiCodePage(std::string_view bytes);
 
-/// Whether the path begins with a drive or a share, so that no current directory takes part in it.
+/// The path of a module; of the program for nullptr.
+std::wstring modulePath(HMODULE module);
+
+/// What GetSystemDirectoryW or GetWindowsDirectoryW answers.
+std::wstring directory(UINT(WINAPI* ask)(LPWSTR, UINT));
+
+/// Whether the path begins with a drive or a share, and does not depend on the current directory.
 bool isFullPath(std::wstring_view path);
 
 /// `folder` and `name` with one backslash between them.

@@ -33,7 +33,7 @@ HANDLE setAwareness(HANDLE awareness) {
   return set == nullptr ? nullptr : set(awareness);
 }
 
-/// Awareness by screen, newest kind first: DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2 and its forerunner.
+/// Per-monitor awareness, newest first: DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2, then ..._AWARE.
 HANDLE setScreenAwareness() {
   for (const LONG_PTR kind : {-4, -3}) {
     if (const HANDLE before = setAwareness(reinterpret_cast<HANDLE>(kind))) return before;

@@ -1,12 +1,12 @@
-// What the component's windows are made in, whatever the host is like: the current common controls, which the DLL's
-// manifest asks for, and awareness of the dpi of the screen that a dialog stands on. Each lasts as long as its object.
+// Settings of the thread that the component's windows are created under, whatever the host's are: the common controls
+// that the DLL's manifest names, and per-monitor dpi awareness. Each lasts as long as its object.
 #pragma once
 
 #include "windows/SystemHeaders.h"
 
 namespace nv::windows {
 
-/// Controls made meanwhile are those that the DLL's manifest names. Where that is not possible, they are the host's.
+/// Controls created meanwhile are those that the DLL's manifest names; where that is not possible, the host's.
 class ActivationContextScope {
  public:
   ActivationContextScope();
@@ -19,8 +19,8 @@ class ActivationContextScope {
   ULONG_PTR cookie_ = 0;
 };
 
-/// Top-level windows made meanwhile know the dpi of their screen, and are told when it changes: Windows 10 1607 and
-/// later. On older systems, and for child windows, it is the host's awareness that counts.
+/// Top-level windows created meanwhile are aware of the dpi of their screen and of changes: Windows 10 1607 and later.
+/// Older systems and child windows use the host's awareness.
 class DpiAwarenessScope {
  public:
   DpiAwarenessScope();

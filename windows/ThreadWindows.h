@@ -28,19 +28,19 @@ inline HWND frontWindow() {
   return window;
 }
 
-/// Gives the keyboard back, when a window of ours in front of the host's has gone, to the control that had it: a host
-/// that an embedded dialog stands in rarely does, and its window would keep the focus for itself.
-class KeptFocus {
+/// Returns the keyboard focus, after a window in front of the host's has closed, to the control that had it. A host
+/// with an embedded dialog rarely does, and its top-level window would keep the focus.
+class FocusRestorer {
  public:
-  KeptFocus() : window_(GetFocus()) {}
-  ~KeptFocus() {
+  FocusRestorer() : window_(GetFocus()) {}
+  ~FocusRestorer() {
     if (!IsWindow(window_)) return;
     const HWND top = GetAncestor(window_, GA_ROOT);
     const HWND focus = GetFocus();
     if (GetActiveWindow() == top && (focus == top || focus == nullptr)) SetFocus(window_);
   }
-  KeptFocus(const KeptFocus&) = delete;
-  KeptFocus& operator=(const KeptFocus&) = delete;
+  FocusRestorer(const FocusRestorer&) = delete;
+  FocusRestorer& operator=(const FocusRestorer&) = delete;
 
  private:
   HWND window_;

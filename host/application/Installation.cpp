@@ -20,11 +20,6 @@ struct ChangeCloser {
 
 constexpr const wchar_t* binaries = L"NORVIK\\Bin";
 
-HANDLE open(const fs::path& path, DWORD access, DWORD sharing, DWORD disposition) {
-  const HANDLE file = CreateFileW(path.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  return file == INVALID_HANDLE_VALUE ? nullptr : file;
-}
-
 [[noreturn]] void fail(const fs::path& path, const wchar_t* what) {
   throw Failure(path.wstring() + L" cannot be " + what + L" (" + std::to_wstring(GetLastError()) + L")");
 }
@@ -102,7 +97,7 @@ void Installation::remove(const std::wstring& fileOrFolder) {
 
 void Installation::lock(const std::wstring& file) {
   auto& lock = locked_[file];
-  lock.reset(open(path(file), GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS));
+  lock = openFile(path(file), GENERIC_READ | GENERIC_WRITE, 0, OPEN_ALWAYS);
   if (!lock) fail(path(file), L"locked");
 }
 
@@ -115,9 +110,8 @@ void Installation::makeReadOnly(const std::wstring& fileOrFolder) {
   denyWriting(target);
   const bool folder = fs::is_directory(target);
   const fs::path probe = folder ? target / L"probe" : target;
-  const std::unique_ptr<void, HandleCloser> handle(
-      open(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING));
-  if (handle) throw Failure(target.wstring() + L" can still be written: this user may do everything");
+  if (openFile(probe, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, folder ? CREATE_ALWAYS : OPEN_EXISTING))
+    throw Failure(target.wstring() + L" can still be written: this user may do everything");
 }
 
 void Installation::setCountries(const std::string& text) {
@@ -134,8 +128,7 @@ void Installation::setSampleCountries() {
 }
 
 bool Installation::waitUntil(const std::function<bool()>& condition) const {
-  const ULONGLONG end =
-      GetTickCount64() + static_cast<ULONGLONG>(std::chrono::milliseconds(UiThread::patience).count());
+  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(std::chrono::milliseconds(UiThread::timeout).count());
   const std::unique_ptr<void, ChangeCloser> change(FindFirstChangeNotificationW(
       root_.c_str(), TRUE, FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE));
   for (;;) {

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "host/base/File.h"
+
 namespace nv::host {
 
 class Installation {
@@ -57,21 +59,17 @@ class Installation {
   /// Makes it from the sample list: all countries of ISO 3166.
   void setSampleCountries();
 
-  /// Waits until `condition` holds, and looks again whenever something in the installation changes. False when
-  /// `UiThread::patience` is over.
+  /// Waits until `condition` holds, and looks again whenever something in the installation changes. False after
+  /// `UiThread::timeout`.
   bool waitUntil(const std::function<bool()>& condition) const;
 
  private:
   std::filesystem::path path(const std::wstring& file) const;
   void clear() const;
 
-  struct HandleCloser {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-  };
-
   std::filesystem::path root_;
   std::filesystem::path standIns_;
-  std::map<std::wstring, std::unique_ptr<void, HandleCloser>> locked_;
+  std::map<std::wstring, Handle> locked_;
 };
 
 }  // namespace nv::host

@@ -100,7 +100,7 @@ void UiThread::run(std::promise<void>& started) {
 LRESULT CALLBACK UiThread::windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case workMessage:
-      running->workOff();
+      running->runWork();
       return 0;
     case checkMessage:
       running->checkRest();
@@ -122,7 +122,7 @@ void UiThread::queue(std::function<void()> work) {
   PostMessageW(window_, workMessage, 0, 0);
 }
 
-void UiThread::workOff() {
+void UiThread::runWork() {
   std::unique_lock lock(mutex_);
   const auto work = std::move(work_.front());
   work_.pop_front();
@@ -134,7 +134,7 @@ void UiThread::workOff() {
 // Waiting
 
 bool UiThread::waitUntil(const std::function<bool()>& condition) {
-  const auto deadline = std::chrono::steady_clock::now() + patience;
+  const auto deadline = std::chrono::steady_clock::now() + timeout;
   std::unique_lock lock(mutex_);
   for (;;) {
     const unsigned seen = changes_;

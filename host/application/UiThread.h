@@ -22,8 +22,8 @@ namespace nv::host {
 
 class UiThread {
  public:
-  /// How long a step may take before it counts as impossible.
-  static constexpr std::chrono::seconds patience{10};
+  /// How long any wait may take before it fails.
+  static constexpr std::chrono::seconds timeout{10};
 
   UiThread();
   /// Ends the message loop. A dialog that is still modal holds it up.
@@ -58,15 +58,15 @@ class UiThread {
   }
 
   /// Waits until `condition` holds, and looks again whenever the thread has handled a message. The condition is asked
-  /// on the caller's thread and sends no message itself. False when `patience` is over.
+  /// on the caller's thread and sends no message itself. False after `timeout`.
   bool waitUntil(const std::function<bool()>& condition);
 
   /// How far the thread is with what it was given to do.
   enum class Rest {
-    workedOff,  // no input and no posted message is left, though a handler may still be at work on the last of it
-    quiet,      // nothing at all happens any more: whatever loop the thread is in, it waits for input
+    inputHandled,  // no input and no posted message is queued; the last one may still be in its handler
+    quiet,         // idle: whatever message loop the thread is in, it waits for input
   };
-  /// Waits until the thread has come to rest. False when `patience` is over.
+  /// Waits until the thread has come to rest. False after `timeout`.
   bool waitUntil(Rest rest);
 
   /// How many keys and mouse buttons the thread has seen going down.
@@ -75,7 +75,7 @@ class UiThread {
  private:
   void queue(std::function<void()> work);
   void run(std::promise<void>& started);
-  void workOff();
+  void runWork();
   void checkRest();
   void retrieved(const MSG& message);
   template <class Change>

@@ -1,23 +1,8 @@
 #include "host/base/File.h"
 
-#include <windows.h>
-
-#include <memory>
-
 namespace nv::host {
 
 namespace {
-
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<void, HandleCloser>;
-
-Handle open(const std::filesystem::path& file, DWORD access, DWORD sharing, DWORD disposition) {
-  const HANDLE handle =
-      CreateFileW(file.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-  return Handle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
-}
 
 bool write(const Handle& file, std::string_view bytes) {
   DWORD written = 0;
@@ -26,8 +11,14 @@ bool write(const Handle& file, std::string_view bytes) {
 
 }  // namespace
 
+Handle openFile(const std::filesystem::path& file, DWORD access, DWORD sharing, DWORD disposition) {
+  const HANDLE handle =
+      CreateFileW(file.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+  return Handle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+}
+
 std::optional<std::string> readFile(const std::filesystem::path& file) {
-  const Handle handle = open(file, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
+  const Handle handle = openFile(file, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
   if (!handle) return std::nullopt;
   std::string bytes(GetFileSize(handle.get(), nullptr), '\0');
   DWORD read = 0;
@@ -37,11 +28,11 @@ std::optional<std::string> readFile(const std::filesystem::path& file) {
 }
 
 bool writeFile(const std::filesystem::path& file, std::string_view bytes) {
-  return write(open(file, GENERIC_WRITE, 0, CREATE_ALWAYS), bytes);
+  return write(openFile(file, GENERIC_WRITE, 0, CREATE_ALWAYS), bytes);
 }
 
 bool appendToFile(const std::filesystem::path& file, std::string_view bytes) {
-  return write(open(file, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS), bytes);
+  return write(openFile(file, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS), bytes);
 }
 
 }  // namespace nv::host

@@ -233,8 +233,8 @@ namespace {
 /// Sends what the system sends when it shuts down. Returns the window's answer.
 DWORD_PTR sendAsSystem(HWND window, UINT message, WPARAM wParam) {
   DWORD_PTR answer = 0;
-  constexpr auto patience = static_cast<UINT>(std::chrono::milliseconds(UiThread::patience).count());
-  if (SendMessageTimeoutW(window, message, wParam, 0, SMTO_NORMAL, patience, &answer) == 0 && IsWindow(window)) {
+  constexpr auto timeout = static_cast<UINT>(std::chrono::milliseconds(UiThread::timeout).count());
+  if (SendMessageTimeoutW(window, message, wParam, 0, SMTO_NORMAL, timeout, &answer) == 0 && IsWindow(window)) {
     throw Failure(L"the window does not answer the system");
   }
   return answer;

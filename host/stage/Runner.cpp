@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "host/base/Crash.h"
+#include "host/base/File.h"
 #include "host/base/Text.h"
 #include "host/stage/RealStage.h"
 #include "scenario/Player.h"
@@ -15,10 +16,6 @@ namespace nv::host {
 namespace {
 
 constexpr DWORD failedExit = 1;
-
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
 
 std::wstring argument(const std::filesystem::path& path) {
   return L" \"" + path.wstring() + L"\"";
@@ -32,8 +29,8 @@ bool passes(const Folders& folders, const std::filesystem::path& file) {
   PROCESS_INFORMATION process{};
   DWORD exit = failedExit;
   if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process)) {
-    const std::unique_ptr<void, HandleCloser> thread(process.hThread);
-    const std::unique_ptr<void, HandleCloser> own(process.hProcess);
+    const Handle thread(process.hThread);
+    const Handle own(process.hProcess);
     WaitForSingleObject(process.hProcess, INFINITE);
     GetExitCodeProcess(process.hProcess, &exit);
     if (exit == 0 || exit == failedExit) return exit == 0;

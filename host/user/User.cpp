@@ -162,7 +162,7 @@ void User::send(std::vector<INPUT> events) {
     throw Failure(L"the system refuses input");
   }
   await(L"the input did not reach the host", [this, seen, downs] { return thread_.pressesSeen() - seen >= downs; });
-  if (!thread_.waitUntil(UiThread::Rest::workedOff)) throw Failure(L"the host's thread does not work off the input");
+  if (!thread_.waitUntil(UiThread::Rest::inputHandled)) throw Failure(L"the host's thread does not work off the input");
 }
 
 void User::sendKeys(std::vector<INPUT> strokes) {

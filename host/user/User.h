@@ -1,5 +1,5 @@
 // The user at keyboard and mouse. Acts from a thread of its own while the host's thread shows dialogs, by real input
-// alone, and after each step waits until the host's thread has worked it off. A step that cannot be done is a Failure.
+// alone, and after each step waits until the host's thread has handled it. A step that cannot be done is a Failure.
 #pragma once
 
 #include <windows.h>

@@ -19,17 +19,17 @@ using forms::Attribute;
 
 ControlWindow::ControlWindow(FormWindow& form, forms::Control& control)
     : form_(form), control_(control), field_(dynamic_cast<forms::TextField*>(&control)) {
-  for (const Attribute aspect :
+  for (const Attribute attribute :
        {Attribute::place, Attribute::visible, Attribute::enabled, Attribute::text, Attribute::limit, Attribute::mask,
         Attribute::appearance, Attribute::value, Attribute::rows, Attribute::row}) {
-    update(aspect);
+    update(attribute);
   }
   control_.attach(this);
 }
 
-void ControlWindow::update(Attribute aspect) {
+void ControlWindow::update(Attribute attribute) {
   if (form_.closed()) ADD_FAILURE() << "a window that is gone was told something by " << control_.fullName();
-  switch (aspect) {
+  switch (attribute) {
     case Attribute::place:
       seen_.place = control_.place();
       break;
@@ -202,9 +202,9 @@ FormWindow::~FormWindow() {
   if (running_) *running_ = false;
 }
 
-void FormWindow::update(Attribute aspect) {
-  if (aspect == Attribute::text) title_ = form_.caption();
-  if (aspect == Attribute::place) place_ = form_.place();
+void FormWindow::update(Attribute attribute) {
+  if (attribute == Attribute::text) title_ = form_.caption();
+  if (attribute == Attribute::place) place_ = form_.place();
 }
 
 void FormWindow::show(bool modal) {

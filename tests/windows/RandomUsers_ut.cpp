@@ -35,9 +35,9 @@ class Witness {
 
   /// For the user's thread. False when the host's thread takes no message for half a minute.
   bool waitUntilArrived() const {
-    constexpr DWORD patience = 30'000;  // ms
+    constexpr DWORD timeout = 30'000;  // ms
     PostMessageW(window_, arrived, 0, 0);
-    return WaitForSingleObject(seen_, patience) == WAIT_OBJECT_0;
+    return WaitForSingleObject(seen_, timeout) == WAIT_OBJECT_0;
   }
 
  private:

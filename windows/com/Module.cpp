@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "windows/Instance.h"
+#include "windows/Paths.h"
 #include "windows/forms/WindowsWidgetset.h"
 #include "windows/services/WindowsServices.h"
 
@@ -56,15 +57,7 @@ void release() {
 }  // namespace
 
 std::wstring modulePath() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(moduleInstance(), path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {
-      path.resize(length);
-      return path;
-    }
-    path.resize(path.size() * 2);
-  }
+  return modulePath(moduleInstance());
 }
 
 ModuleReference::ModuleReference() {

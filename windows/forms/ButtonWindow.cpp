@@ -22,9 +22,9 @@ class ButtonWindow final : public ControlWindow {
 
   Native native() const override { return {L"BUTTON", type() | BS_NOTIFY}; }
 
-  void apply(forms::Attribute aspect) override {
-    if (aspect == forms::Attribute::appearance) SendMessageW(window(), BM_SETSTYLE, type(), TRUE);
-    ControlWindow::apply(aspect);
+  void apply(forms::Attribute attribute) override {
+    if (attribute == forms::Attribute::appearance) SendMessageW(window(), BM_SETSTYLE, type(), TRUE);
+    ControlWindow::apply(attribute);
   }
 
   void notified(UINT code) override {

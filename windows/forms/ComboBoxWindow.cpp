@@ -31,13 +31,13 @@ class ComboBoxWindow final : public ControlWindow {
     apply(Attribute::place);
   }
 
-  void apply(Attribute aspect) override {
-    switch (aspect) {
+  void apply(Attribute attribute) override {
+    switch (attribute) {
       case Attribute::place:
         place();
         break;
       case Attribute::appearance:
-        ControlWindow::apply(aspect);
+        ControlWindow::apply(attribute);
         place();  // the font decides about the height
         break;
       case Attribute::rows:
@@ -47,7 +47,7 @@ class ComboBoxWindow final : public ControlWindow {
         showRow();
         break;
       default:
-        if (!text_.apply(aspect)) ControlWindow::apply(aspect);
+        if (!text_.apply(attribute)) ControlWindow::apply(attribute);
     }
   }
 
@@ -63,19 +63,20 @@ class ComboBoxWindow final : public ControlWindow {
   }
 
   void showEntries() {
-    text_.withoutArrival([this] {
+    {
+      const auto code = text_.setByCode();
       SendMessageW(window(), CB_RESETCONTENT, 0, 0);
       for (const std::wstring& entry : comboBox_.entries()) {
         SendMessageW(window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
       }
-    });
+    }
     showRow();
   }
 
   void showRow() {
     // Choosing in the window also sets its text, which the control decides about.
-    text_.withoutArrival(
-        [this] { SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0); });
+    const auto code = text_.setByCode();
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(comboBox_.listIndex()), 0);
     if (text_.window() != nullptr) text_.apply(Attribute::text);
   }
 

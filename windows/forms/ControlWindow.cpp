@@ -20,7 +20,7 @@ void ControlWindow::create(HWND parent) {
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
                       (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
   window_ = createWindow({kind.windowClass, style, kind.extendedStyle}, control_.caption().c_str(), area(), parent);
-  nameWindow(window_, control_.fullName());
+  nameWindow(window_, control_.fullName().c_str());
   created();
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
 }
@@ -31,8 +31,8 @@ void ControlWindow::rescale() {
   apply(Attribute::place);
 }
 
-void ControlWindow::update(Attribute aspect) {
-  if (window_ != nullptr) apply(aspect);
+void ControlWindow::update(Attribute attribute) {
+  if (window_ != nullptr) apply(attribute);
 }
 
 void ControlWindow::takeFocus() {
@@ -46,8 +46,8 @@ void ControlWindow::type(wchar_t character) {
   if (window_ != nullptr) SendMessageW(focusWindow(), WM_CHAR, character, 1);
 }
 
-void ControlWindow::apply(Attribute aspect) {
-  switch (aspect) {
+void ControlWindow::apply(Attribute attribute) {
+  switch (attribute) {
     case Attribute::place:
       place();
       break;
@@ -87,7 +87,7 @@ void ControlWindow::place() {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-HBRUSH ControlWindow::colours(HDC context) {
+HBRUSH ControlWindow::handleCtlColor(HDC context) {
   SetBkColor(context, rgb(background()));
   SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
   return owner_.brush(background());
@@ -108,8 +108,8 @@ void ControlWindow::destroyed(HWND window) {
   if (window == window_) window_ = nullptr;
 }
 
-/// Overwrite the text before destruction: freed memory must not hold account numbers. Nobody hears of the change. No
-/// field takes more characters than are overwritten.
+/// Overwrite the text before destruction: freed memory must not hold account numbers, none of which is longer than the
+/// buffer. Nobody is told of the change.
 void ControlWindow::wipeText(HWND window) {
   destroying_ = true;
   wchar_t blanks[128];
@@ -163,8 +163,8 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   if (form().busy()) return false;
   form().activated();  // now and not later, since it may move the focus
   if (button == forms::leftButton && control_.takesFocus() && !control_.hasFocus()) {
-    // The focus moves before the window acts on the click, so that the field being left has its say first. When that
-    // ended in a question to the user, or the focus went elsewhere, the click is over.
+    // The focus moves before the window acts on the click, so that the lostFocus of the field being left runs first.
+    // When that asked the user a question, or the focus went elsewhere, the click is dropped.
     const LONG time = GetMessageTime();
     form().focus(control_);
     const bool askedMeanwhile = GetMessageTime() != time && GetKeyState(VK_LBUTTON) >= 0;
@@ -198,7 +198,7 @@ bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam
   }
   ControlWindow* const target = owner.controlOf(child);
   if (target == nullptr || target->destroying_) return false;
-  // A window within a control reports to the control; of its messages only the question for colours comes from here.
+  // A window within a control notifies the control; only its WM_CTLCOLOR... messages are reflected here.
   const bool colours = message != WM_COMMAND && message != WM_NOTIFY && message != WM_DRAWITEM;
   if (child != target->window_ && !colours) return false;
   result = target->reflected(message, wparam, lparam);
@@ -216,7 +216,7 @@ LRESULT ControlWindow::reflected(UINT message, WPARAM wparam, LPARAM lparam) {
       draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
       return TRUE;
     default:
-      return reinterpret_cast<LRESULT>(colours(reinterpret_cast<HDC>(wparam)));
+      return reinterpret_cast<LRESULT>(handleCtlColor(reinterpret_cast<HDC>(wparam)));
   }
 }
 

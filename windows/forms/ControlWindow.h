@@ -21,16 +21,16 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   /// The window, or nullptr before `create` and after it was destroyed.
   HWND window() const { return window_; }
 
-  /// Makes the window in `parent` in the control's present state.
+  /// Creates the window in `parent` in the control's current state.
   void create(HWND parent);
 
-  /// Brings the window in line with everything that depends on the dpi.
+  /// Applies everything that depends on the dpi again.
   void rescale();
 
   /// Types a character into the control, as the keyboard would.
   void type(wchar_t character);
 
-  void update(forms::Attribute aspect) override;
+  void update(forms::Attribute attribute) override;
   void takeFocus() override;
   forms::Selection selection() const override { return {}; }
 
@@ -41,22 +41,22 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
  protected:
   /// The window class and styles of this kind of control.
   virtual Native native() const = 0;
-  /// After the window was made, before the state is applied.
+  /// Called once the window exists, before the control's state is applied.
   virtual void created() {}
-  /// Makes one aspect of the window what the control says.
-  virtual void apply(forms::Attribute aspect);
+  /// Updates the window from one attribute of the control.
+  virtual void apply(forms::Attribute attribute);
   /// A message to the control's window or to one within it that belongs to it, such as the text field of a list.
   virtual LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   /// A key that the window uses before the form sees it: those that work an open list. Returns whether it did.
   virtual bool usesKey(WPARAM /*key*/) { return false; }
   /// Whether the window has a use for a character that was typed into it.
   virtual bool usesCharacter(wchar_t /*character*/) const { return true; }
-  /// What the window tells its parent by WM_COMMAND.
+  /// A WM_COMMAND notification that the window sent to its parent.
   virtual void notified(UINT /*code*/) {}
   virtual LRESULT notified(const NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
-  /// The colours in which the window draws itself. Returns the brush of its background.
-  virtual HBRUSH colours(HDC context);
+  /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
+  HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
   virtual forms::Colour background() const { return control_.backColor(); }
   /// The colour of the frame or form behind the control.

@@ -1,5 +1,7 @@
 // Controls that draw themselves and can be clicked: links, images and pictures.
 
+#include <wrl/client.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -155,7 +157,7 @@ class ImageWindow final : public DrawnWindow {
 
   forms::Image& image_;
   std::wstring resource_;
-  ComPtr<IPicture> picture_;
+  Microsoft::WRL::ComPtr<IPicture> picture_;
 };
 
 }  // namespace

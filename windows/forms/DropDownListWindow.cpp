@@ -28,8 +28,8 @@ void DropDownListWindow::created() {
   placeText();
 }
 
-void DropDownListWindow::apply(Attribute aspect) {
-  switch (aspect) {
+void DropDownListWindow::apply(Attribute attribute) {
+  switch (attribute) {
     case Attribute::rows:
       popup_.rowsChanged();
       break;
@@ -40,13 +40,14 @@ void DropDownListWindow::apply(Attribute aspect) {
     case Attribute::enabled:
       popup_.hide();
       EnableWindow(text_.window(), list_.enabled());
-      ControlWindow::apply(aspect);
+      ControlWindow::apply(attribute);
       InvalidateRect(window(), nullptr, TRUE);
       break;
     default:
-      if (!text_.apply(aspect)) ControlWindow::apply(aspect);
-      if (aspect == Attribute::appearance) ControlWindow::apply(Attribute::place);  // the font decides about the height
-      if (aspect == Attribute::place || aspect == Attribute::appearance) placeText();
+      if (!text_.apply(attribute)) ControlWindow::apply(attribute);
+      if (attribute == Attribute::appearance)
+        ControlWindow::apply(Attribute::place);  // the font decides about the height
+      if (attribute == Attribute::place || attribute == Attribute::appearance) placeText();
   }
 }
 

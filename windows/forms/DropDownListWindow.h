@@ -25,7 +25,7 @@ class DropDownListWindow final : public ControlWindow {
  private:
   Native native() const override;
   void created() override;
-  void apply(forms::Attribute aspect) override;
+  void apply(forms::Attribute attribute) override;
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   RECT area() const override { return lineArea(); }
   bool usesKey(WPARAM key) override;

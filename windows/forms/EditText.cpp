@@ -17,10 +17,12 @@ void EditText::connect(HWND edit, forms::TextField& field) {
   apply(Attribute::text);
 }
 
-bool EditText::apply(Attribute aspect) {
-  switch (aspect) {
-    case Attribute::text:
-      withoutArrival([this] { SetWindowTextW(edit_, field_->text().c_str()); });
+bool EditText::apply(Attribute attribute) {
+  switch (attribute) {
+    case Attribute::text: {
+      const auto code = setByCode();
+      SetWindowTextW(edit_, field_->text().c_str());
+    }
       [[fallthrough]];
     case Attribute::selection: {
       const forms::Selection selection = field_->lastSelection();
@@ -37,7 +39,7 @@ bool EditText::apply(Attribute aspect) {
 }
 
 void EditText::changed() {
-  if (!setting_) field_->onUserText(textOf(edit_), selection());
+  if (!setByCode_) field_->onUserText(textOf(edit_), selection());
 }
 
 forms::Selection EditText::selection() const {

@@ -1,31 +1,27 @@
-// Keeps the system's text box and a text field of the form in step: the one inside text boxes and lists alike.
+// Synchronises the system's edit control, alone or within a list, with a text field of the form.
 #pragma once
 
 #include "forms/TextField.h"
+#include "platform/ScopedValue.h"
 #include "windows/Handles.h"
 
 namespace nv::windows {
 
 class EditText {
  public:
-  /// Connects the two and brings the window in line with the field.
+  /// Connects the two and shows the field's state in the window.
   void connect(HWND edit, forms::TextField& field);
   HWND window() const { return edit_; }
 
-  /// Shows the field's text, selection or limit; returns whether `aspect` was one of them.
-  bool apply(forms::Attribute aspect);
-  /// The window says that its text has changed: unless code did it, the user's text arrives in the field.
+  /// Shows the field's text, selection or limit; returns whether `attribute` was one of them.
+  bool apply(forms::Attribute attribute);
+  /// The window's text has changed: passes it to the field, unless code set it.
   void changed();
   forms::Selection selection() const;
-  /// Runs what sets the window's text by other means than `apply`, without taking it for the user's.
-  template <class Body>
-  void withoutArrival(Body&& body) {
-    const bool outer = std::exchange(setting_, true);
-    body();
-    setting_ = outer;
-  }
+  /// While the result lives, changes of the window's text are not passed to the field.
+  [[nodiscard]] ScopedValue<bool> setByCode() { return {setByCode_, true}; }
 
-  /// Characters for which the system's text box has no use but a beep: Tab, Enter and Escape.
+  /// False for the characters at which the system's edit control only beeps: Tab, Enter and Escape.
   static bool uses(wchar_t character) {
     return character != forms::keys::tab && character != forms::keys::enter && character != forms::keys::escape;
   }
@@ -33,7 +29,7 @@ class EditText {
  private:
   HWND edit_ = nullptr;
   forms::TextField* field_ = nullptr;
-  bool setting_ = false;
+  bool setByCode_ = false;
 };
 
 /// The text of a window.

@@ -53,14 +53,14 @@ SIZE sizeOf(const RECT& rect) {
 
 FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(form), palette_(palette) {
   const HWND owner = embedded() ? nullptr : hostWindow();
-  // On the screen of its owner from the start: the dpi is asked of the window.
+  // Created on its owner's screen: the dpi is that of the window.
   const RECT work = workAreaOf(owner);
   window_ = createWindow({formClass, styleOf(form), extendedStyleOf(form)}, form.caption().c_str(),
                          {work.left, work.top, work.left, work.top}, owner);
   try {
     scale_ = Scale(dpiOf(window_));
     scroller_ = Scroller(window_);
-    nameWindow(window_, form.windowName());
+    nameWindow(window_, form.windowName().data());  // a literal
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
     arrange(true);
@@ -86,9 +86,9 @@ void FormWindow::makeControls() {
 
 // What the form asks for
 
-void FormWindow::update(Attribute aspect) {
+void FormWindow::update(Attribute attribute) {
   if (window_ == nullptr) return;
-  switch (aspect) {
+  switch (attribute) {
     case Attribute::text:
       SetWindowTextW(window_, form().caption().c_str());
       break;
@@ -105,7 +105,7 @@ void FormWindow::update(Attribute aspect) {
 
 void FormWindow::show(bool modal) {
   if (modal) {
-    focusBefore_.emplace();
+    focusRestorer_.emplace();
     disableOthers();
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
@@ -120,7 +120,7 @@ void FormWindow::runModal() {
     MSG message;
     const BOOL more = GetMessageW(&message, nullptr, 0, 0);
     if (more == 0) {
-      // The host is ending: the dialog goes first, then the loop around this one hears of it.
+      // The host is quitting: close the dialog, then pass the message on to the outer loop.
       form().unload(UnloadMode::owner);
       PostQuitMessage(static_cast<int>(message.wParam));
       break;
@@ -133,11 +133,11 @@ void FormWindow::runModal() {
 }
 
 void FormWindow::close() {
-  enableOthers();  // first, so that the owner becomes the active window and not another program's
+  enableOthers();  // before the window goes, else another program's window would become the active one
   if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
   if (window_ != nullptr) DestroyWindow(window_);
-  focusBefore_.reset();
-  // A modal loop may be waiting for a message while this came in past it.
+  focusRestorer_.reset();
+  // Wakes the modal loop, which may be waiting for a message.
   PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
@@ -213,7 +213,7 @@ void FormWindow::rescale(int dpi) {
   for (const auto& control : controls_) control->rescale();
 }
 
-/// A host may put the embedded form into a window of its own at any time: it becomes a proper child then.
+/// A host may reparent the embedded form at any time: the window styles must follow.
 void FormWindow::adoptParent() {
   if (!embedded()) return;
   const bool isChild = (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD) != 0;
@@ -238,7 +238,7 @@ void FormWindow::bringIntoView(const forms::Control& control) {
 void FormWindow::focusEntered(forms::Control& control) {
   if (!form().active()) PostMessageW(window_, messageActivated, 0, 0);
   if (control.hasFocus()) return;
-  // The focus came by another way than through the form, from a testing tool for example: the form follows.
+  // The focus was set from outside, for example by a test tool: the form follows.
   const auto& all = form().controls();
   const auto position = std::find(all.begin(), all.end(), &control) - all.begin();
   PostMessageW(window_, messageFocus, static_cast<WPARAM>(position), 0);

@@ -21,7 +21,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   ~FormWindow() override;
 
   // FormPeer
-  void update(forms::Attribute aspect) override;
+  void update(forms::Attribute attribute) override;
   void show(bool modal) override;
   void runModal() override;
   void close() override;
@@ -62,8 +62,8 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
   Palette& palette_;
   HWND window_ = nullptr;
-  std::optional<KeptFocus> focusBefore_;  // of a modal form
-  HWND session_ = nullptr;                // of an embedded form
+  std::optional<FocusRestorer> focusRestorer_;  // of a modal form
+  HWND session_ = nullptr;                      // of an embedded form
   Scale scale_;
   Scroller scroller_;
   std::vector<std::unique_ptr<ControlWindow>> controls_;

@@ -15,10 +15,10 @@ class FrameWindow final : public ControlWindow {
  private:
   Native native() const override { return {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}; }
 
-  void apply(forms::Attribute aspect) override {
-    ControlWindow::apply(aspect);
-    if (aspect == forms::Attribute::text) InvalidateRect(window(), nullptr, TRUE);
-    if (aspect == forms::Attribute::appearance)
+  void apply(forms::Attribute attribute) override {
+    ControlWindow::apply(attribute);
+    if (attribute == forms::Attribute::text) InvalidateRect(window(), nullptr, TRUE);
+    if (attribute == forms::Attribute::appearance)
       RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   }
 

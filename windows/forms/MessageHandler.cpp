@@ -1,7 +1,6 @@
 #include "windows/forms/MessageHandler.h"
 
 #include <algorithm>
-#include <string>
 
 #include "windows/Instance.h"
 
@@ -19,7 +18,7 @@ bool MessageHandler::handles(HWND window) const {
 }
 
 HWND MessageHandler::createWindow(const Native& native, const wchar_t* text, const RECT& place, HWND parent) {
-  windows_.reserve(windows_.size() + 1);  // nothing fails any more once there is a window
+  windows_.reserve(windows_.size() + 1);  // nothing may throw once the window exists
   const HWND window =
       CreateWindowExW(native.extendedStyle, native.windowClass, text, native.style, place.left, place.top,
                       place.right - place.left, place.bottom - place.top, parent, nullptr, moduleInstance(), nullptr);
@@ -28,8 +27,8 @@ HWND MessageHandler::createWindow(const Native& native, const wchar_t* text, con
   return window;
 }
 
-/// In the plain way, not by SetWindowSubclass: that looks up a window property twice for every message, which doubles
-/// the time in which the dialog opens. Nobody but its maker uses a window's user data.
+/// Not by SetWindowSubclass, which looks up a window property twice for every message and doubles the time in which the
+/// dialog opens. A window's user data belongs to its creator.
 void MessageHandler::subclass(HWND window) {
   Subclassed& subclassed = windows_.emplace_back(Subclassed{window, nullptr});
   SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -37,8 +36,8 @@ void MessageHandler::subclass(HWND window) {
       reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
 }
 
-void MessageHandler::nameWindow(HWND window, std::wstring_view name) {
-  const ATOM atom = GlobalAddAtomW(std::wstring(name).c_str());
+void MessageHandler::nameWindow(HWND window, const wchar_t* name) {
+  const ATOM atom = GlobalAddAtomW(name);
   if (atom != 0) SetPropW(window, nameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
 }
 

@@ -1,8 +1,7 @@
-// The one way into a window procedure of the component: windows are made here, or subclassed here, and no exception
-// leaves what their messages do.
+// The component's only window procedure. All windows are created or subclassed here; creation is checked, and no
+// exception leaves the procedure.
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "forms/Form.h"
@@ -10,7 +9,7 @@
 
 namespace nv::windows {
 
-/// Receives the messages of the windows that it makes or subclasses. It outlives them.
+/// Receives the messages of the windows that it creates or subclasses, and must outlive them.
 class MessageHandler {
  public:
   MessageHandler(const MessageHandler&) = delete;
@@ -31,18 +30,18 @@ class MessageHandler {
 
   forms::Form& form() const { return form_; }
 
-  /// Makes a window and receives its messages. Fails with "Out of memory" where the system refuses one.
+  /// Creates and subclasses a window. Fails with "Out of memory" when the system does not create one.
   HWND createWindow(const Native& native, const wchar_t* text, const RECT& place, HWND parent);
-  /// Receives the messages of a window that is there already.
+  /// Subclasses an existing window.
   void subclass(HWND window);
   /// Gives a window the name by which test tools find it, until it is destroyed.
-  static void nameWindow(HWND window, std::wstring_view name);
+  static void nameWindow(HWND window, const wchar_t* name);
 
-  /// A message, but for a window's last. Returns its result; `pass` hands it on to the window's own procedure. An
-  /// exception is told to the form, and the result is 0. The form, and with it this object, lives until the return.
+  /// Handles every message but WM_NCDESTROY and returns its result; `pass` calls the window's original procedure. An
+  /// exception is reported to the form, and the result is 0. The form, and with it this object, lives until the return.
   virtual LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) = 0;
   LRESULT pass(HWND window, UINT message, WPARAM wparam, LPARAM lparam) const;
-  /// The window is gone.
+  /// After WM_NCDESTROY.
   virtual void destroyed(HWND window) = 0;
 
  private:

@@ -23,15 +23,15 @@ class TextBoxWindow final : public ControlWindow {
 
   RECT area() const override { return lineArea(); }
 
-  void apply(forms::Attribute aspect) override {
-    if (aspect == forms::Attribute::appearance) {
-      ControlWindow::apply(aspect);
+  void apply(forms::Attribute attribute) override {
+    if (attribute == forms::Attribute::appearance) {
+      ControlWindow::apply(attribute);
       ControlWindow::apply(forms::Attribute::place);  // the font decides about the height
-    } else if (aspect == forms::Attribute::mask) {
+    } else if (attribute == forms::Attribute::mask) {
       SendMessageW(window(), EM_SETPASSWORDCHAR, textBox_.passwordChar(), 0);
       InvalidateRect(window(), nullptr, TRUE);
-    } else if (!text_.apply(aspect)) {
-      ControlWindow::apply(aspect);
+    } else if (!text_.apply(attribute)) {
+      ControlWindow::apply(attribute);
     }
   }
 

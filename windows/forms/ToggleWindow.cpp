@@ -1,5 +1,6 @@
 // Check boxes and option buttons. The control decides about its mark; the window shows it.
 #include "forms/Toggle.h"
+#include "platform/ScopedValue.h"
 #include "windows/forms/ControlWindows.h"
 
 namespace nv::windows {
@@ -20,21 +21,19 @@ class ToggleWindow final : public ControlWindow {
 
   void created() override { showMark(); }
 
-  void apply(forms::Attribute aspect) override {
-    if (aspect == forms::Attribute::value) {
+  void apply(forms::Attribute attribute) override {
+    if (attribute == forms::Attribute::value) {
       showMark();
     } else {
-      ControlWindow::apply(aspect);
+      ControlWindow::apply(attribute);
     }
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
     if (message != WM_SETFOCUS) return ControlWindow::handle(window, message, wparam, lparam);
-    // The system's option button counts the arrival of the focus as a click; ours does not.
-    gettingFocus_ = true;
-    const LRESULT result = ControlWindow::handle(window, message, wparam, lparam);
-    gettingFocus_ = false;
-    return result;
+    // The system's option button sends BN_CLICKED when it gets the focus, which is no click here.
+    const ScopedValue gettingFocus(gettingFocus_, true);
+    return ControlWindow::handle(window, message, wparam, lparam);
   }
 
   void notified(UINT code) override {

@@ -15,7 +15,7 @@ struct WindowClass {
   WNDPROC procedure;
 };
 
-/// The first systems that know a dpi by screen want to be asked for the frame, too, and that early.
+/// The first systems with a dpi for each screen scale the frame only if asked to, and only in WM_NCCREATE.
 LRESULT CALLBACK formProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_NCCREATE) {
     static const auto scaleFrame = systemFunction<BOOL(WINAPI*)(HWND)>("EnableNonClientDpiScaling");
@@ -24,7 +24,7 @@ LRESULT CALLBACK formProcedure(HWND window, UINT message, WPARAM wparam, LPARAM 
   return DefWindowProcW(window, message, wparam, lparam);
 }
 
-/// What makes a window of one of these receives its messages: MessageHandler.
+/// MessageHandler subclasses the windows of these classes once they exist.
 const WindowClass classes[] = {
     {formClass, CS_DBLCLKS, formProcedure},          {sessionClass, 0, DefWindowProcW},
     {dropDownListClass, CS_DBLCLKS, DefWindowProcW}, {dropDownPopupClass, CS_SAVEBITS | CS_DROPSHADOW, DefWindowProcW},

@@ -1,5 +1,7 @@
 #include "windows/services/AccountVerifier.h"
 
+#include <wrl/client.h>
+
 #include <optional>
 
 #include "platform/RuntimeError.h"
@@ -9,39 +11,40 @@ namespace nv::windows {
 namespace {
 
 constexpr const wchar_t* progId = L"AccountVerifier.AccountVerifier";
-constexpr std::size_t slots = 7 + 15;  // of IDispatch and of the verifier's own members
+constexpr std::size_t vtableEntries = 7 + 15;  // of IDispatch and of the verifier's own members
 
-struct TypeFacts {
+struct InterfaceType {
   IID iid;
   TYPEKIND kind;
   bool dual;
-  std::size_t tableSize;  // of its virtual functions, in bytes
+  std::size_t vtableSize;  // in bytes
 };
 
-std::optional<TypeFacts> factsOf(ITypeInfo& info) {
+std::optional<InterfaceType> typeOf(ITypeInfo& info) {
   TYPEATTR* attributes = nullptr;
   if (FAILED(info.GetTypeAttr(&attributes))) return std::nullopt;
-  const TypeFacts facts{attributes->guid, attributes->typekind, (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0,
-                        attributes->cbSizeVft};
+  const InterfaceType type{attributes->guid, attributes->typekind, (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0,
+                           attributes->cbSizeVft};
   info.ReleaseTypeAttr(attributes);
-  return facts;
+  return type;
 }
 
-/// The facts of the object's dual interface; nothing when it has none. An object describes the half of the interface
-/// that is called by name; the half that is called by slot is one reference away.
-std::optional<TypeFacts> dualFacts(IDispatch& object) {
+/// The type of the object's dual interface; nothing when it has none. An object describes the dispinterface, which
+/// refers to the interface with the vtable.
+std::optional<InterfaceType> dualInterface(IDispatch& object) {
   ComPtr<ITypeInfo> info;
   if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, &info)) || !info) return std::nullopt;
-  auto facts = factsOf(*info.Get());
-  if (!facts || !facts->dual) return std::nullopt;
-  if (facts->kind != TKIND_DISPATCH) return facts;
-  constexpr auto bySlot = static_cast<UINT>(-1);
+  auto type = typeOf(*info.Get());
+  if (!type || !type->dual) return std::nullopt;
+  if (type->kind != TKIND_DISPATCH) return type;
+  constexpr auto vtableInterface = static_cast<UINT>(-1);
   HREFTYPE reference = 0;
   ComPtr<ITypeInfo> own;
-  if (FAILED(info->GetRefTypeOfImplType(bySlot, &reference)) || FAILED(info->GetRefTypeInfo(reference, &own))) {
+  if (FAILED(info->GetRefTypeOfImplType(vtableInterface, &reference)) ||
+      FAILED(info->GetRefTypeInfo(reference, &own))) {
     return std::nullopt;
   }
-  return factsOf(*own.Get());
+  return typeOf(*own.Get());
 }
 
 /// Whether the object has the verifier's methods, whatever else it may be.
@@ -116,10 +119,10 @@ class AccountVerifier final : public platform::AccountVerifier {
     return made;
   }
 
-  /// Throws what a failed call has to say: its HRESULT, with the description that the verifier left, if it leaves any.
+  /// Calls, and throws a failure: its HRESULT, with the description from the verifier's error information, if any.
   template <class Call>
   void call(Call&& member) {
-    SetErrorInfo(0, nullptr);  // what others left is not the verifier's
+    SetErrorInfo(0, nullptr);  // left by others
     const HRESULT result = member();
     if (SUCCEEDED(result)) return;
     if (result == E_OUTOFMEMORY) throw RuntimeError(ErrorNumber::outOfMemory);
@@ -165,10 +168,10 @@ std::unique_ptr<platform::AccountVerifier> createAccountVerifier() {
       FAILED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &object))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
-  const auto facts = dualFacts(*object.Get());
+  const auto type = dualInterface(*object.Get());
   ComPtr<IAccountVerifier> verifier;
-  if (!facts || facts->tableSize < slots * sizeof(void*) || !isVerifier(*object.Get()) ||
-      FAILED(object->QueryInterface(facts->iid, &verifier))) {
+  if (!type || type->vtableSize < vtableEntries * sizeof(void*) || !isVerifier(*object.Get()) ||
+      FAILED(object->QueryInterface(type->iid, &verifier))) {
     throw RuntimeError(ErrorNumber::cannotCreateObject);
   }
   return std::make_unique<AccountVerifier>(std::move(verifier));

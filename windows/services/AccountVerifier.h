@@ -8,8 +8,8 @@
 
 namespace nv::windows {
 
-/// The members of the verifier's dual interface in the order of their slots. Its identifier is the verifier's own and
-/// is read from its type information.
+/// The members of the verifier's dual interface in vtable order. Its identifier is the verifier's own and is read
+/// from its type information.
 struct IAccountVerifier : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE put_PlayByPlay(VARIANT_BOOL value) = 0;
   virtual HRESULT STDMETHODCALLTYPE put_BusinessPIN(BSTR value) = 0;

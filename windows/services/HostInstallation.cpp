@@ -1,8 +1,6 @@
 #include "windows/services/HostInstallation.h"
 
 #include <algorithm>
-#include <map>
-#include <mutex>
 #include <vector>
 
 #include "platform/RuntimeError.h"
@@ -19,19 +17,11 @@ constexpr const wchar_t* bankLibrary = L"Acctvfy.dll";
 constexpr const wchar_t* cipherLibrary = L"kvd8rq3x.dll";
 
 std::wstring applicationFolder() {
-  wchar_t path[MAX_PATH];
-  const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-  const std::wstring_view whole(path, length < MAX_PATH ? length : 0);
-  return std::wstring(whole.substr(0, whole.find_last_of(L'\\')));
+  const std::wstring program = modulePath(nullptr);
+  return program.substr(0, program.find_last_of(L'\\'));
 }
 
-std::wstring systemFolder() {
-  wchar_t path[MAX_PATH];
-  const UINT length = GetSystemDirectoryW(path, MAX_PATH);
-  return {path, length < MAX_PATH ? length : 0};
-}
-
-/// While it lives, the system asks nobody what to do about a file that is no library.
+/// While it lives, the system shows no message box about a file that is not a library.
 class QuietLoading {
  public:
   QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
@@ -44,19 +34,13 @@ class QuietLoading {
 };
 
 /// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
-/// search that the current directory takes part in. It stays loaded once it is: it may keep state between calls.
+/// search that the current directory takes part in. It is never freed: it may keep state between calls.
 HMODULE library(const std::wstring& folder, const wchar_t* name) {
-  static std::mutex mutex;
-  static auto& loaded = *new std::map<std::wstring, HMODULE>;
-  const std::lock_guard lock(mutex);
   const QuietLoading quiet;
-  for (const std::wstring& place : {folder, applicationFolder(), systemFolder()}) {
+  for (const std::wstring& place : {folder, applicationFolder(), directory(GetSystemDirectoryW)}) {
     if (!isFullPath(place)) continue;
-    const std::wstring path = joined(place, name);
-    if (const auto known = loaded.find(path); known != loaded.end()) return known->second;
-    if (const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
-      return loaded[path] = module;
-    }
+    const HMODULE module = LoadLibraryExW(joined(place, name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (module != nullptr) return module;
   }
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }

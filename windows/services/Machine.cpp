@@ -2,18 +2,16 @@
 
 #include "platform/RuntimeError.h"
 #include "windows/Handles.h"
+#include "windows/Paths.h"
 
 namespace nv::windows {
 
 namespace {
 
-/// The longest directory that is asked for, in characters.
-constexpr UINT longestDirectory = 145;
-
-std::wstring directory(UINT(WINAPI* ask)(LPWSTR, UINT)) {
-  wchar_t buffer[longestDirectory];
-  const UINT length = ask(buffer, longestDirectory);
-  return length < longestDirectory ? std::wstring(buffer, length) : std::wstring();
+/// A directory that is too long for the component is none.
+std::wstring unlessTooLong(std::wstring directory) {
+  constexpr std::size_t bufferSize = 145;  // in characters, the terminating null included
+  return directory.size() < bufferSize ? directory : std::wstring();
 }
 
 /// A mutex that everybody on the machine may wait for and give back, and do nothing else with.
@@ -61,11 +59,11 @@ std::wstring Machine::now() {
 }
 
 std::wstring Machine::windowsDirectory() {
-  return directory(GetWindowsDirectoryW);
+  return unlessTooLong(directory(GetWindowsDirectoryW));
 }
 
 std::wstring Machine::systemDirectory() {
-  return directory(GetSystemDirectoryW);
+  return unlessTooLong(directory(GetSystemDirectoryW));
 }
 
 std::wstring Machine::upperCase(std::wstring_view text) {

@@ -24,7 +24,7 @@ UINT flagOf(MessageBoxes::Icon icon) {
 MessageBoxes::Answer MessageBoxes::show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) {
   const HWND blocked = frontWindow();
   const UINT modality = blocked == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
-  const KeptFocus focus;
+  const FocusRestorer focus;
   const UINT kind = buttons == Buttons::yesNo ? MB_YESNO : MB_OK;
   const ActivationContextScope controls;
   const int answer =

@@ -19,8 +19,7 @@ std::wstring helpLibraryPath() {
       isFullPath(path)) {
     return path;
   }
-  const UINT length = GetSystemDirectoryW(path, MAX_PATH);
-  return joined(std::wstring_view(path, length < MAX_PATH ? length : 0), L"hhctrl.ocx");
+  return joined(directory(GetSystemDirectoryW), L"hhctrl.ocx");
 }
 
 /// The viewer's function, or nullptr. Its library stays loaded: its windows outlive the call.
