@@ -2,6 +2,7 @@
 // other.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -57,6 +58,16 @@ struct String {
   using Stored = std::wstring;
   using Argument = std::wstring_view;
   static void assign(Stored& stored, Argument value) { stored = value; }
+};
+
+/// The path of a folder; slashes count as backslashes.
+struct Folder {
+  using Stored = std::wstring;
+  using Argument = std::wstring_view;
+  static void assign(Stored& stored, Argument value) {
+    stored = value;
+    std::ranges::replace(stored, L'/', L'\\');
+  }
 };
 
 struct StringList {

@@ -22,4 +22,11 @@ constexpr std::wstring_view trimmed(std::wstring_view text) {
   return text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
+/// Takes from a text what stands before its first separator, or all of it, and the separator.
+constexpr std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
+  const std::wstring_view part = text.substr(0, text.find(separator));
+  text.remove_prefix(part.size() == text.size() ? part.size() : part.size() + 1);
+  return part;
+}
+
 }  // namespace nv

@@ -1,6 +1,9 @@
 // The helpers of module Random that ask the machine: files, directories, the list completion and the browser.
+#include <algorithm>
+
 #include "component/ShowError.h"
 #include "component/Trace.h"
+#include "platform/Text.h"
 #include "validation/Random.h"
 
 namespace nv::Random {
@@ -10,6 +13,40 @@ namespace {
 std::wstring withBackslash(std::wstring directory) {
   if (!directory.ends_with(L'\\')) directory += L'\\';
   return directory;
+}
+
+bool equal(std::wstring_view a, std::wstring_view b) {
+  return std::ranges::equal(a, b, {}, asciiUpper, asciiUpper);
+}
+
+/// Whether a text is a host's name of two labels at least, as "www.example.com", and not that of a file.
+bool isHostName(std::wstring_view name) {
+  constexpr std::wstring_view files[] = {L"bat", L"cmd", L"exe", L"htm", L"html",
+                                         L"js",  L"lnk", L"msi", L"scr", L"vbs"};
+  const auto inLabel = [](wchar_t c) {
+    return isDigit(c) || (asciiUpper(c) >= L'A' && asciiUpper(c) <= L'Z') || c == L'-' || c >= 0xA0;
+  };
+  if (name.find(L'.') == name.npos || name.back() == L'.') return false;
+  std::wstring_view label;
+  while (!name.empty()) {
+    label = taken(name, L'.');
+    if (label.empty() || !std::ranges::all_of(label, inLabel)) return false;
+  }
+  return std::ranges::none_of(files, [label](std::wstring_view file) { return equal(file, label); });
+}
+
+/// An address of the web as the browser is to open it: one of http or https as it is, one without a scheme
+/// ("www.example.com/pay") as one of http. Empty for everything else: paths, programs, other schemes.
+std::wstring webAddress(std::wstring_view address) {
+  const auto inAddress = [](wchar_t c) { return c > L' ' && c != L'"' && c != L'\\'; };
+  if (!std::ranges::all_of(address, inAddress)) return {};
+  for (const std::wstring_view scheme : {L"http://", L"https://"}) {
+    if (address.size() > scheme.size() && equal(address.substr(0, scheme.size()), scheme)) return std::wstring(address);
+  }
+  std::wstring_view port = address.substr(0, address.find_first_of(L"/?#"));
+  const std::wstring_view host = taken(port, L':');
+  return isHostName(host) && std::ranges::all_of(port, isDigit) ? std::wstring(L"http://").append(address)
+                                                                : std::wstring();
 }
 
 }  // namespace
@@ -48,7 +85,12 @@ void OpenBrowser(Component& component, std::wstring_view address) {
   using platform::MessageBoxes;
   trace(component, L"Random - OpenBrowser");
   reportedTrap(component, L"Random.OpenBrowser", [&] {
-    const int result = component.services.shell.open(std::wstring(address));
+    const std::wstring page = webAddress(address);
+    if (page.empty()) {
+      const RuntimeError error(ErrorNumber::invalidCall);
+      return ShowError(component, error.number(), error.description(), L"Random.OpenBrowser", flagTrue, {});
+    }
+    const int result = component.services.shell.open(page);
     const auto complain = [&component](const std::wstring& text) {
       component.services.messages.show(text, L"Browser Unavailable", MessageBoxes::Icon::exclamation,
                                        MessageBoxes::Buttons::ok);

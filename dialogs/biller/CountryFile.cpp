@@ -21,13 +21,6 @@ std::wstring_view withoutBlanks(std::wstring_view text) {
   return text;
 }
 
-/// Takes the text up to the separator, or all of it, and the separator.
-std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
-  const std::wstring_view part = text.substr(0, text.find(separator));
-  text.remove_prefix(std::min(part.size() + 1, text.size()));
-  return part;
-}
-
 /// Takes the next line and its end: CR, LF or both.
 std::wstring_view takenLine(std::wstring_view& text) {
   const auto ends = [](wchar_t c) { return c == L'\r' || c == L'\n'; };  // a search for two calls a function for each

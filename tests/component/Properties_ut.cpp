@@ -181,7 +181,7 @@ TEST_F(PropertiesTest, TheInstallationRootComesFromDLLPath) {
       {L"C:\\Apps\\norvik\\Bin", L""},
       {L"C:\\Apps\\Norvik\\Bin", L""},
       {L"NORVIK\\Bin", L""},
-      {L"C:/Apps/NORVIK/Bin", L""},
+      {L"C:/Apps/NORVIK/Bin", L"C:\\Apps\\"},
       {L"", L""},
   };
   for (const Case& c : cases) {

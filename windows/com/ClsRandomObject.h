@@ -37,6 +37,7 @@ class ClsRandomObject final : public _ClsRandom,
 #define NV_COM_Integer short
 #define NV_COM_Flag short
 #define NV_COM_String BSTR
+#define NV_COM_Folder BSTR
 #define NV_COM_StringList SAFEARRAY**
 #define NV_COM_VariantText VARIANT
 #define NV_COM_VariantTruth VARIANT
