@@ -1,6 +1,7 @@
 // The types of properties.def: the argument that the host passes, the value that the store keeps, and the conversion.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -18,6 +19,13 @@ class HostValue {
   virtual std::wstring text() const = 0;
   virtual bool truth() const = 0;
   virtual StringArray array() const = 0;
+
+  // The same array piece by piece: of what is not asked for, nothing is converted. Both fail with "Subscript out of
+  // range" for a dimension or an element that it does not have.
+  /// @param dimension from 0.
+  virtual std::int32_t upperBound(std::size_t dimension) const = 0;
+  /// An element of an array with two dimensions.
+  virtual std::wstring element(std::int32_t row, std::int32_t column) const = 0;
 };
 
 /// 16-bit truth values: 0 is false, everything else true. Where the component sets one, true is all bits set.
@@ -51,6 +59,16 @@ struct String {
   static void assign(Stored& stored, Argument value) { stored = value; }
 };
 
+/// The path of a folder; slashes count as backslashes.
+struct Folder {
+  using Stored = std::wstring;
+  using Argument = std::wstring_view;
+  static void assign(Stored& stored, Argument value) {
+    stored = value;
+    std::ranges::replace(stored, L'/', L'\\');
+  }
+};
+
 struct StringList {
   using Stored = StringArray;
   using Argument = const StringArray&;
@@ -78,8 +96,9 @@ struct VariantArray {
 struct ProvinceTable {
   using Stored = std::array<ProvinceRow, 21>;
   using Argument = const HostValue&;
-  /// Copies column i of a two-row array into row i, from 0 to the last but one: the last column of the array is not
-  /// copied. Fails with "Subscript out of range" at the first column beyond the table; what was copied stays.
+  /// Copies column i of a two-row array into row i, element by element, from 0 to the last but one: the last column of
+  /// the array is not copied. Fails with "Subscript out of range" at the first column beyond the table, and at the
+  /// first element that cannot be converted; what was copied stays.
   static void assign(Stored& stored, Argument value);
 };
 

@@ -11,6 +11,13 @@ namespace nv {
 
 namespace {
 
+/// Takes from a text what stands before its first separator, or all of it, and the separator.
+constexpr std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
+  const std::wstring_view part = text.substr(0, text.find(separator));
+  text.remove_prefix(part.size() == text.size() ? part.size() : part.size() + 1);
+  return part;
+}
+
 constexpr std::wstring_view canada[] = {L"Canada", L"CA", L"1"};
 constexpr std::wstring_view unitedStates[] = {L"United States", L"US", L"1"};
 
@@ -19,13 +26,6 @@ std::wstring_view withoutBlanks(std::wstring_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-/// Takes the text up to the separator, or all of it, and the separator.
-std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
-  const std::wstring_view part = text.substr(0, text.find(separator));
-  text.remove_prefix(std::min(part.size() + 1, text.size()));
-  return part;
 }
 
 /// Takes the next line and its end: CR, LF or both.

@@ -16,11 +16,22 @@ struct Variant : HostValue {
 
   std::wstring text() const override { return converted(itsText); }
   bool truth() const override { return converted(itsTruth); }
-  StringArray array() const override { return converted(itsArray); }
+  StringArray array() const override {
+    for (const std::wstring& element : itsArray.elements()) elementOf(element);
+    return converted(itsArray);
+  }
+  std::int32_t upperBound(std::size_t dimension) const override { return converted(itsArray).bounds(dimension).upper; }
+  std::wstring element(std::int32_t row, std::int32_t column) const override {
+    return elementOf(itsArray.at({row, column}));
+  }
 
  private:
+  static const std::wstring& elementOf(const std::wstring& element) {
+    if (element == L"Null") throw RuntimeError(ErrorNumber::invalidUseOfNull);
+    return element;
+  }
   template <class Value>
-  Value converted(const Value& value) const {
+  const Value& converted(const Value& value) const {
     if (!convertible) throw RuntimeError(ErrorNumber::typeMismatch);
     return value;
   }
@@ -120,16 +131,16 @@ TEST_F(PropertiesTest, ProvAreacodeCopiesEveryColumnButTheLast) {
     const char* what;
     std::vector<StringArray::Bounds> bounds;
     std::int32_t error;
-    std::size_t copied;  // rows of the table
+    std::size_t copied;  // elements, in turn
   };
   const Case cases[] = {
       {"two columns too few for one row", {{0, 1}, {0, 0}}, 0, 0},
-      {"2 x 3", {{0, 1}, {0, 2}}, 0, 2},
-      {"just full", {{0, 1}, {0, 21}}, 0, 21},
-      {"one too many", {{0, 1}, {0, 22}}, 9, 21},
-      {"more rows than are read", {{0, 5}, {0, 2}}, 0, 2},
+      {"2 x 3", {{0, 1}, {0, 2}}, 0, 4},
+      {"just full", {{0, 1}, {0, 21}}, 0, 42},
+      {"one too many", {{0, 1}, {0, 22}}, 9, 42},
+      {"more rows than are read", {{0, 5}, {0, 2}}, 0, 4},
       {"the first column missing", {{0, 1}, {1, 3}}, 9, 0},
-      {"the second row missing", {{0, 0}, {0, 2}}, 9, 0},
+      {"the second row missing", {{0, 0}, {0, 2}}, 9, 1},
       {"one dimension", {{0, 5}}, 9, 0},
       {"no dimension", {}, 9, 0},
       {"empty", {{0, 1}, {0, -1}}, 0, 0},
@@ -139,17 +150,18 @@ TEST_F(PropertiesTest, ProvAreacodeCopiesEveryColumnButTheLast) {
     component.store.Prov_areacode = {};
     Variant value;
     value.itsArray = StringArray(c.bounds);
-    if (c.bounds.size() == 2) {
+    if (c.bounds.size() == 2 && c.bounds[1].size() > 0) {
       for (std::int32_t column = c.bounds[1].lower; column <= c.bounds[1].upper; ++column) {
         value.itsArray.at({0, column}) = L"P" + std::to_wstring(column);
         if (c.bounds[0].upper > 0) value.itsArray.at({1, column}) = L"A" + std::to_wstring(column);
       }
+      value.itsArray.at({0, c.bounds[1].upper}) = L"Null";  // that is nobody's business
     }
     EXPECT_EQ(errorOf([&] { random.letProv_areacode(value); }), c.error);
     const auto& rows = component.store.Prov_areacode;
     for (std::size_t row = 0; row < rows.size(); ++row) {
-      EXPECT_EQ(rows[row].code, row < c.copied ? L"P" + std::to_wstring(row) : L"") << row;
-      EXPECT_EQ(rows[row].areaCodes, row < c.copied ? L"A" + std::to_wstring(row) : L"") << row;
+      EXPECT_EQ(rows[row].code, 2 * row < c.copied ? L"P" + std::to_wstring(row) : L"") << row;
+      EXPECT_EQ(rows[row].areaCodes, 2 * row + 1 < c.copied ? L"A" + std::to_wstring(row) : L"") << row;
     }
   }
 }
@@ -167,7 +179,7 @@ TEST_F(PropertiesTest, TheInstallationRootComesFromDLLPath) {
       {L"C:\\Apps\\norvik\\Bin", L""},
       {L"C:\\Apps\\Norvik\\Bin", L""},
       {L"NORVIK\\Bin", L""},
-      {L"C:/Apps/NORVIK/Bin", L""},
+      {L"C:/Apps/NORVIK/Bin", L"C:\\Apps\\"},
       {L"", L""},
   };
   for (const Case& c : cases) {

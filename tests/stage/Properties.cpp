@@ -41,10 +41,15 @@ class Given final : public HostValue {
     if (table == nullptr) throw RuntimeError(ErrorNumber::typeMismatch);
     StringArray array(
         {{0, static_cast<std::int32_t>(table->size()) - 1}, {0, static_cast<std::int32_t>(table->front().size()) - 1}});
-    auto element = array.elements().begin();
-    for (const auto& row : *table) element = std::copy(row.begin(), row.end(), element);
+    for (std::int32_t row = 0; row <= array.bounds(0).upper; ++row) {
+      for (std::int32_t column = 0; column <= array.bounds(1).upper; ++column) {
+        array.at({row, column}) = (*table)[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+      }
+    }
     return array;
   }
+  std::int32_t upperBound(std::size_t dimension) const override { return array().bounds(dimension).upper; }
+  std::wstring element(std::int32_t row, std::int32_t column) const override { return array().at({row, column}); }
 
  private:
   const Value& value_;

@@ -138,6 +138,52 @@ TEST_F(RandomTest, OpenBrowserTellsWhatWentWrong) {
     Random::OpenBrowser(component);
     EXPECT_EQ(shell.opened.back(), L"https://www.norvik.example/");
   }
+
+  // A web page is opened and nothing else.
+  for (const wchar_t* address : {L"https://payments.example/us?a=b#c", L"HTTP://x", L"http://192.168.0.1:8080/"}) {
+    Random::OpenBrowser(component, address);
+    EXPECT_EQ(shell.opened.back(), address);
+  }
+  for (const wchar_t* address :
+       {L"www.example.com/pay", L"example.com", L"Payments.Example.com:8080?x=a:b", L"caf\u00e9.ca"}) {
+    Random::OpenBrowser(component, address);
+    EXPECT_EQ(shell.opened.back(), std::wstring(L"http://") + address);
+  }
+  shell.opened.clear();
+  const wchar_t* const others[] = {L"C:\\Windows\\notepad.exe",
+                                   L"C:/Windows/notepad.exe",
+                                   L"notepad.exe",
+                                   L"notepad",
+                                   L"notepad.EXE?x",
+                                   L"..\\pay.htm",
+                                   L"../pay.example",
+                                   L"pay.htm",
+                                   L"\\\\server\\share\\x",
+                                   L"//server.example/x",
+                                   L"file:///C:/pay.htm",
+                                   L"ftp://example.com",
+                                   L"javascript:alert(1)",
+                                   L"mailto:pay@example.com",
+                                   L"pay@example.com",
+                                   L"shell:startup",
+                                   L"example.com:x",
+                                   L"www..com",
+                                   L".com",
+                                   L"a.",
+                                   L"http://",
+                                   L"http:\\\\example.com",
+                                   L"https://example.com/\" --x",
+                                   L"www.example.com pay",
+                                   L"https://example.com/\n"};
+  for (const wchar_t* address : others) {
+    files.put(L"error.log", {});
+    Random::OpenBrowser(component, address);
+    EXPECT_EQ(files.text(L"error.log"), machine.clock + L",NVRandom, , ,5,\"Invalid procedure call or argument\"," +
+                                            L"\"Random.OpenBrowser\"\r\n")
+        << address;
+  }
+  EXPECT_EQ(shell.opened, Texts());
+
   shell.whenAsked = [] { throw RuntimeError(ErrorNumber::libraryNotLoadable); };
   messages.expect(
       {.text = L"The following error: 'Error in loading DLL (Error 48)' occurred in procedure 'Random.OpenBrowser'.",

@@ -127,6 +127,17 @@ TEST_F(CountryCipherTest, GivesBackEveryText) {
   }
 }
 
+TEST_F(CountryCipherTest, WorksInFoldersThatTheLibraryCannotName) {
+  const std::wstring folder = L"NORVIK\\\u03a9 \u4e2d\\";
+  installation.makeFolder(folder);
+  for (const wchar_t* file : {L"kvd8rq3x.dll", L"FXCountries"}) {
+    installation.copy(std::wstring(L"NORVIK\\Bin\\") + file, folder + file);
+  }
+  const std::wstring path = installation.root() + folder;
+  EXPECT_TRUE(libraries.decipherFile(path, path + L"FXCountries", path + L"FXCountries.dec"));
+  EXPECT_TRUE(fs::exists(path + L"FXCountries.dec"));
+}
+
 TEST_F(CountryCipherTest, IsDes) {
   // openssl enc -des-cbc -K 4E5652616E646F6D -iv 0000000000000000
   EXPECT_EQ(host::enciphered("Countries\r\n"), "\x8F\x61\x5E\x38\x5E\xB9\x9F\xD1\x5A\xD1\xA0\x17\xEC\xBA\xA8\x4D");
@@ -184,7 +195,10 @@ class SharedInstallation : public StandInsTest {
 void countCountries(const wchar_t* dllPath) {
   const Apartment apartment;
   const auto object = Server::get().create();
-  putText(object.get(), &_ClsRandom::put_DLLPath, dllPath);
+  std::wstring path(dllPath);
+  std::ranges::replace(path, L'\\', L'/');
+  path.pop_back();
+  putText(object.get(), &_ClsRandom::put_DLLPath, path.c_str());  // however hosts write it
   for (int show = 0; show < 12; ++show) {
     long dialog = 0;
     ASSERT_EQ(S_OK, object->Get_hWnd(&dialog));

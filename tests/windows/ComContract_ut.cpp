@@ -200,6 +200,52 @@ TEST(ComContract, FailuresCarryErrorInfoAndTheClassicNumber) {
   EXPECT_EQ(static_cast<HRESULT>(0x800A000D), object->put_IPBillerNameAcctExist(word)) << "type mismatch";
 }
 
+TEST(ComContract, LateBoundPutsTakeWhatHostsHandOver) {
+  const Apartment apartment;
+  const auto object = server().create();
+  enum Members : DISPID { memberType = 38, areaCodes = 28, currencies = 53, city = 10 };
+  const auto put = [&](DISPID member, WORD flags, VARIANT& value) {
+    DISPID named = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&value, &named, 1, 1};
+    EXCEPINFO exception{};
+    const HRESULT result =
+        object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, nullptr, &exception, nullptr);
+    const Bstr source(exception.bstrSource);
+    const Bstr description(exception.bstrDescription);
+    if (result != DISP_E_EXCEPTION) return result;
+    EXPECT_EQ(L"NVRandom", view(source.get()));
+    return static_cast<HRESULT>(exception.scode);
+  };
+  constexpr auto typeMismatch = static_cast<HRESULT>(0x800A000D);
+
+  Variant text;
+  text.vt = VT_BSTR;
+  text.bstrVal = SysAllocString(L"KENORA");
+  EXPECT_EQ(S_OK, put(city, DISPATCH_PROPERTYPUTREF, text)) << "a plain value by reference";
+  EXPECT_EQ(L"KENORA", getText(object.get(), &_ClsRandom::get_PayeeCity));
+  Variant list;
+  list.vt = VT_ARRAY | VT_BSTR;
+  list.parray = SafeArrayCreateVector(VT_BSTR, 0, 2);
+  VARIANT reference;
+  reference.vt = VT_BYREF | VT_VARIANT;
+  reference.pvarVal = &list;
+  for (const WORD flags : std::initializer_list<WORD>{DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF}) {
+    EXPECT_EQ(S_OK, put(currencies, flags, list));
+    EXPECT_EQ(S_OK, put(currencies, flags, reference));
+    EXPECT_EQ(typeMismatch, put(currencies, flags, text));
+  }
+  EXPECT_EQ(S_OK, object->put_IPBillerCurrencies(&list.parray));
+  EXPECT_EQ(S_OK, object->put_IPBillerCurrencies(nullptr)) << "no array is an empty one";
+
+  VARIANT endless;
+  endless.vt = VT_BYREF | VT_VARIANT;
+  endless.pvarVal = &endless;
+  for (const DISPID member : {memberType, areaCodes, currencies, city}) {
+    EXPECT_EQ(typeMismatch, put(member, DISPATCH_PROPERTYPUT, endless)) << member;
+  }
+  EXPECT_EQ(typeMismatch, object->put_NVMemberType(endless));
+}
+
 TEST(ComContract, InstancesOfAThreadShareItsStoreAndThreadsDoNot) {
   const Apartment apartment;
   const auto first = server().create();

@@ -61,6 +61,8 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
       {"nothing", [](Held&) {}, "o", true},
       {"OK again", [](Held& held) { SendMessageW(findControl(held.dialog, L"cmd_ok"), BM_CLICK, 0, 0); }, "o", true},
       {"typing", [&](Held& held) { press(held, L'X'); }, "o", true},
+      {"a character that a tool sends",
+       [](Held& held) { SendMessageW(findControl(held.dialog, L"ran_payee_email"), WM_UNICHAR, L'X', 1); }, "o", true},
       {"Escape", [&](Held& held) { press(held, VK_ESCAPE); }, "o", true},
       {"another show", [&](Held& held) { held.object->ShowForm_Remote(&result); }, "o", true},
       {"the close box", [](Held& held) { SendMessageW(held.dialog, WM_CLOSE, 0, 0); }, "c", false},

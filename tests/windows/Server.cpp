@@ -95,13 +95,17 @@ void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)
 CountryFolder::CountryFolder() {
   wchar_t folder[MAX_PATH];
   GetTempPathW(MAX_PATH, folder);
-  path_ = folder;
+  root_ = folder;
+  path_ = root_ + L"NORVIK\\";
+  CreateDirectoryW(path_.c_str(), nullptr);
   const FileHandle file(CreateFileW((path_ + L"FXCountries").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 CountryFolder::~CountryFolder() {
   DeleteFileW((path_ + L"FXCountries").c_str());
+  RemoveDirectoryW(path_.c_str());
+  DeleteFileW((root_ + L"error.log").c_str());  // there is nothing to decipher the file with
 }
 
 std::wstring nameOf(HWND window) {

@@ -76,7 +76,7 @@ ComPtr<IConnectionPoint> eventsOf(_ClsRandom* object);
 std::wstring getText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*getter)(BSTR*));
 void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)(BSTR), const wchar_t* text);
 
-/// A folder with a country file in it, so that the dialog opens without a word.
+/// An installation with a country file and nothing else, so that the dialog opens without a word.
 class CountryFolder {
  public:
   CountryFolder();
@@ -87,6 +87,7 @@ class CountryFolder {
   const std::wstring& path() const { return path_; }
 
  private:
+  std::wstring root_;
   std::wstring path_;
 };
 

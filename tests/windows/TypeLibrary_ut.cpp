@@ -28,7 +28,7 @@ std::string typeName(const TYPEDESC& type) {
     case VT_HRESULT:
       return "HRESULT";
     case VT_PTR:
-      return typeName(*type.lptdesc);
+      return typeName(*type.lptdesc) + (type.lptdesc->vt == VT_SAFEARRAY ? "*" : "");
     case VT_SAFEARRAY:
       return typeName(*type.lptdesc) + "()";
     default:

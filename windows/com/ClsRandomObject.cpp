@@ -126,6 +126,20 @@ bool takesStringArray(DISPID member) {
   return takes;
 }
 
+/// Hands a failure of `guarded` to a late-bound caller, as the platform does with those of the members themselves.
+HRESULT asException(HRESULT failure, EXCEPINFO* exception) {
+  ComPtr<IErrorInfo> info;
+  const bool described = GetErrorInfo(0, info.out()) == S_OK;
+  if (exception == nullptr) return DISP_E_EXCEPTION;
+  *exception = {};
+  exception->scode = failure;
+  if (described) {
+    info->GetSource(&exception->bstrSource);
+    info->GetDescription(&exception->bstrDescription);
+  }
+  return DISP_E_EXCEPTION;
+}
+
 }  // namespace
 
 STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
@@ -137,17 +151,20 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
 
   DISPPARAMS passed = parameters == nullptr ? DISPPARAMS{} : *parameters;
   Variant strings;
+  VARIANT reference;
   const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  if (put && passed.cArgs == 1 && takesStringArray(member)) {
+  if (put && passed.cArgs == 1) {
     const HRESULT converted = guarded([&] {
-      strings.parray = safeArray(VariantValue(passed.rgvarg[0]).array()).release();
+      const VariantValue value(passed.rgvarg[0]);
+      if (!value.isObject()) flags = DISPATCH_PROPERTYPUT;  // by reference is by value for all that is no object
+      if (!takesStringArray(member)) return;
+      strings.parray = safeArray(value.array()).release();
       strings.vt = VT_ARRAY | VT_BSTR;
+      reference.vt = VT_BYREF | VT_ARRAY | VT_BSTR;
+      reference.pparray = &strings.parray;
+      passed.rgvarg = &reference;
     });
-    if (FAILED(converted)) {
-      if (badArgument != nullptr) *badArgument = 0;
-      return DISP_E_TYPEMISMATCH;
-    }
-    passed.rgvarg = &strings;
+    if (FAILED(converted)) return asException(converted, exception);
   }
   return DispInvoke(static_cast<NewestInterface*>(this), own.Get(), member, flags, &passed, result, exception,
                     badArgument);

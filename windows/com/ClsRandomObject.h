@@ -38,7 +38,8 @@ class ClsRandomObject final : public NewestInterface,
 #define NV_COM_Integer short
 #define NV_COM_Flag short
 #define NV_COM_String BSTR
-#define NV_COM_StringList SAFEARRAY*
+#define NV_COM_Folder BSTR
+#define NV_COM_StringList SAFEARRAY**
 #define NV_COM_VariantText VARIANT
 #define NV_COM_VariantTruth VARIANT
 #define NV_COM_VariantArray VARIANT

@@ -6,10 +6,15 @@ namespace nv::windows {
 
 namespace {
 
+/// The variant that a variant refers to in the end. Fails with "Type mismatch" where there is no end to it.
 const VARIANT& resolved(const VARIANT& value) {
+  constexpr int longestChain = 16;  // hosts are known to build chains of two
   const VARIANT* at = &value;
-  while (at->vt == (VT_VARIANT | VT_BYREF) && at->pvarVal != nullptr) at = at->pvarVal;
-  return *at;
+  for (int step = 0; step < longestChain; ++step) {
+    if (at->vt != (VT_VARIANT | VT_BYREF) || at->pvarVal == nullptr) return *at;
+    at = at->pvarVal;
+  }
+  throw RuntimeError(ErrorNumber::typeMismatch);
 }
 
 [[noreturn]] void throwFailure(HRESULT result) {
@@ -35,8 +40,21 @@ void convert(const VARIANT& value, VARTYPE type, Variant& result) {
 
 std::wstring textOf(const VARIANT& value) {
   Variant text;
-  convert(value, VT_BSTR, text);
+  convert(resolved(value), VT_BSTR, text);
   return std::wstring(view(text.bstrVal));
+}
+
+/// What the array's elements are: BSTR or VARIANT. Fails with "Type mismatch" for others.
+VARTYPE elementType(SAFEARRAY* array) {
+  VARTYPE type = VT_EMPTY;
+  check(SafeArrayGetVartype(array, &type));
+  if (type != VT_BSTR && type != VT_VARIANT) throw RuntimeError(ErrorNumber::typeMismatch);
+  return type;
+}
+
+std::wstring textOf(VARTYPE type, const void* element) {
+  return type == VT_BSTR ? std::wstring(view(*static_cast<const BSTR*>(element)))
+                         : textOf(*static_cast<const VARIANT*>(element));
 }
 
 /// Gives access to the elements of an array for as long as it lives.
@@ -72,7 +90,10 @@ HRESULT failure(const RuntimeError& error) noexcept {
   return error.number() < 0 ? error.number() : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, error.number());
 }
 
-VariantValue::VariantValue(const VARIANT& value) : value_(resolved(value)) {}
+bool VariantValue::isObject() const {
+  const int type = resolved(value_).vt & ~VT_BYREF;
+  return type == VT_DISPATCH || type == VT_UNKNOWN;
+}
 
 std::wstring VariantValue::text() const {
   return textOf(value_);
@@ -80,13 +101,36 @@ std::wstring VariantValue::text() const {
 
 bool VariantValue::truth() const {
   Variant truth;
-  convert(value_, VT_BOOL, truth);
+  convert(resolved(value_), VT_BOOL, truth);
   return truth.boolVal != VARIANT_FALSE;
 }
 
+SAFEARRAY* VariantValue::safeArray() const {
+  const VARIANT& value = resolved(value_);
+  if ((value.vt & VT_ARRAY) == 0) throw RuntimeError(ErrorNumber::typeMismatch);
+  return (value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray;
+}
+
 StringArray VariantValue::array() const {
-  if ((value_.vt & VT_ARRAY) == 0) throw RuntimeError(ErrorNumber::typeMismatch);
-  return stringArray((value_.vt & VT_BYREF) != 0 ? *value_.pparray : value_.parray);
+  return stringArray(safeArray());
+}
+
+std::int32_t VariantValue::upperBound(std::size_t dimension) const {
+  SAFEARRAY* const array = safeArray();
+  LONG upper = 0;
+  if (array == nullptr) throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+  check(SafeArrayGetUBound(array, static_cast<UINT>(dimension + 1), &upper));
+  return upper;
+}
+
+std::wstring VariantValue::element(std::int32_t row, std::int32_t column) const {
+  SAFEARRAY* const array = safeArray();
+  if (SafeArrayGetDim(array) != 2) throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+  LONG subscripts[] = {row, column};
+  void* element = nullptr;
+  const VARTYPE type = elementType(array);
+  check(SafeArrayPtrOfIndex(array, subscripts, &element));
+  return textOf(type, element);
 }
 
 StringArray stringArray(SAFEARRAY* array) {
@@ -99,17 +143,13 @@ StringArray stringArray(SAFEARRAY* array) {
     check(SafeArrayGetUBound(array, dimension, &upper));
     bounds.push_back({lower, upper});
   }
-  VARTYPE type = VT_EMPTY;
-  check(SafeArrayGetVartype(array, &type));
-  if (type != VT_BSTR && type != VT_VARIANT) throw RuntimeError(ErrorNumber::typeMismatch);
-
+  const VARTYPE type = elementType(array);
   StringArray result(std::move(bounds));
   std::vector<std::wstring>& elements = result.elements();
   if (elements.empty()) return result;
   const ArrayAccess access(array);
   for (std::size_t i = 0; i < elements.size(); ++i) {
-    elements[i] =
-        type == VT_BSTR ? std::wstring(view(access.element<BSTR>(i))) : textOf(resolved(access.element<VARIANT>(i)));
+    elements[i] = type == VT_BSTR ? textOf(type, &access.element<BSTR>(i)) : textOf(type, &access.element<VARIANT>(i));
   }
   return result;
 }

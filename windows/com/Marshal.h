@@ -27,13 +27,18 @@ HRESULT guarded(Body&& body) noexcept {
 /// A variant handed in by the host. Refers to it: valid during the call.
 class VariantValue : public HostValue {
  public:
-  explicit VariantValue(const VARIANT& value);
+  explicit VariantValue(const VARIANT& value) : value_(value) {}
+  bool isObject() const;
   std::wstring text() const override;
   bool truth() const override;
   StringArray array() const override;
+  std::int32_t upperBound(std::size_t dimension) const override;
+  std::wstring element(std::int32_t row, std::int32_t column) const override;
 
  private:
-  const VARIANT& value_;  // references to another variant resolved
+  SAFEARRAY* safeArray() const;
+
+  const VARIANT& value_;
 };
 
 /// The elements of an array of strings or of variants; each element becomes a text. Fails with "Type mismatch" for
@@ -51,8 +56,8 @@ inline std::int16_t fromHost(short value) {
 inline std::wstring_view fromHost(BSTR value) {
   return view(value);
 }
-inline StringArray fromHost(SAFEARRAY* value) {
-  return stringArray(value);
+inline StringArray fromHost(SAFEARRAY** value) {
+  return stringArray(value == nullptr ? nullptr : *value);
 }
 inline VariantValue fromHost(const VARIANT& value) {
   return VariantValue(value);

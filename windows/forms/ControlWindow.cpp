@@ -142,6 +142,11 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       if (character == 0 || !usesCharacter(character)) return 0;
       return pass(window, message, character, lparam);
     }
+    case WM_UNICHAR:  // from tools: a code point, which goes the way of every character
+      if (wparam == UNICODE_NOCHAR) return TRUE;
+      if (wparam <= 0xFFFF) return SendMessageW(window, WM_CHAR, wparam, lparam);
+      SendMessageW(window, WM_CHAR, 0xD800 + ((wparam - 0x10000) >> 10), lparam);
+      return SendMessageW(window, WM_CHAR, 0xDC00 + (wparam & 0x3FF), lparam);
     case WM_SYSCHAR:
       if (discardCharacter_ || form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
       break;

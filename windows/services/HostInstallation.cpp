@@ -45,6 +45,19 @@ HMODULE library(const std::wstring& folder, const wchar_t* name) {
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }
 
+/// The path for a library that knows the ANSI code page alone. A folder with other characters is named as the system
+/// has abbreviated it, if it has; else this fails with "Path not found".
+std::string inAnsiPath(const std::wstring& path) {
+  const auto fits = [](const std::wstring& text) { return fromAnsiCodePage(inAnsiCodePage(text)) == text; };
+  if (fits(path)) return inAnsiCodePage(path);
+  const std::size_t name = path.find_last_of(L'\\') + 1;
+  wchar_t folder[MAX_PATH];
+  const DWORD length = GetShortPathNameW(path.substr(0, name).c_str(), folder, MAX_PATH);
+  const std::wstring abbreviated = std::wstring(folder, length < MAX_PATH ? length : 0) + path.substr(name);
+  if (length == 0 || !fits(abbreviated)) throw RuntimeError(ErrorNumber::pathNotFound);
+  return inAnsiCodePage(abbreviated);
+}
+
 template <class Function>
 Function* entryPoint(HMODULE library, const char* decoratedName) {
   const auto found = reinterpret_cast<void*>(GetProcAddress(library, decoratedName));
@@ -111,7 +124,7 @@ std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, cons
 bool HostInstallation::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
   using DecipherFile = int __stdcall(char* from, char* to);
   const auto decipher = entryPoint<DecipherFile>(library(folder, cipherLibrary), "_DES_decrypt_file@8");
-  return decipher(inAnsiCodePage(from).data(), inAnsiCodePage(to).data()) != 0;
+  return decipher(inAnsiPath(from).data(), inAnsiPath(to).data()) != 0;
 }
 
 }  // namespace nv::windows
