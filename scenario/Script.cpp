@@ -13,6 +13,10 @@ namespace {
 
 constexpr std::array families = {hostCommands, userCommands, installationCommands, standInCommands};
 
+/// What the user does may go on, and end in what comes of it, in the same line.
+constexpr std::wstring_view continuations[] = {L"key",     L"is",       L"focus",   L"visible", L"hidden",
+                                               L"enabled", L"disabled", L"message", L"refused"};
+
 /// The line without the blanks at its front.
 std::wstring_view cut(std::wstring_view line) {
   return line.substr(std::min(line.find_first_not_of(L" \t"), line.size()));
@@ -54,7 +58,7 @@ class Parser {
           if (statements.empty()) fail(L"there is no line before that could fail");
           readExpectation(name, tokens, statements.back());
         } else {
-          add(name, tokens, source, inShow, statements);
+          addLine(name, tokens, source, inShow, statements);
           statements.back().comment = std::exchange(comment, {});
         }
       } catch (const Failure& failure) {
@@ -62,6 +66,15 @@ class Parser {
       }
     }
     if (opener != nullptr) fail(std::wstring(L"the end of a ") + opener + L" is missing");
+  }
+
+  void addLine(const std::wstring& name, Tokens& tokens, const std::wstring& source, bool inShow,
+               std::vector<Statement>& statements) {
+    const bool user = std::ranges::any_of(userCommands(), [&](const Command& command) { return command.name == name; });
+    const bool goesOn = user && name != L"refused" && name != L"message";
+    Tokens rest = goesOn ? tokens.cutFrom(continuations) : Tokens();
+    add(name, tokens, source, inShow, statements);
+    if (!rest.atEnd()) addLine(rest.word(), rest, source, inShow, statements);
   }
 
   void add(const std::wstring& name, Tokens& tokens, const std::wstring& source, bool inShow,

@@ -215,16 +215,23 @@ Action readMessage(Tokens& tokens) {
   return [message = readMessageBox(tokens)](Player& player, const Statement&) { await(player, message); };
 }
 
-/// An attempt to accept that stops at a control: what is told, where the focus is then, and what is selected there.
+/// An attempt to accept that stops at a control: what is told, where the focus is then, and what is selected there. The
+/// message box is, unless the line says otherwise, one of the dialog's for information.
 Action readRefused(Tokens& tokens) {
   const std::wstring control = tokens.word();
   const std::wstring selection = tokens.nextIsText() ? tokens.text() : std::wstring();
   std::optional<ExpectedMessage> message;
-  if (tokens.take(L"message")) message = readMessageBox(tokens);
+  if (tokens.take(L"message")) {
+    message = readMessageBox(tokens);
+    if (!message->icon) message->icon = L"information";
+    if (!message->buttons) message->buttons = L"ok";
+  }
   return [=](Player& player, const Statement&) {
+    ExpectedMessage expected = message.value_or(ExpectedMessage());
+    if (message && !message->caption) expected.caption = player.stage().look(player.dialog(), L"form", L"caption");
     click(player, L"cmd_ok");
     if (message) {
-      await(player, *message);
+      await(player, expected);
     } else if (const auto box = player.stage().messageBox()) {
       failUnexpected(*box);
     }
