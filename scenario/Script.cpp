@@ -15,8 +15,8 @@ namespace {
 constexpr std::array families = {hostCommands, userCommands, installationCommands, standInCommands};
 
 /// What the user does may go on, and end in what comes of it, in the same line.
-constexpr std::wstring_view continuations[] = {L"key",     L"is",       L"focus",   L"visible", L"hidden",
-                                               L"enabled", L"disabled", L"message", L"refused"};
+constexpr std::wstring_view continuations[] = {L"key",      L"is",      L"focus",   L"visible", L"hidden", L"enabled",
+                                               L"disabled", L"message", L"refused", L"in",      L"cancel"};
 
 /// The line without the blanks at its front.
 std::wstring_view cut(std::wstring_view line) {
