@@ -110,8 +110,9 @@ Action readResult(Tokens& tokens) {
 Action readEvents(Tokens& tokens) {
   Names expected;
   if (!tokens.take(L"none")) {
-    do expected.push_back(tokens.word());
-    while (!tokens.atEnd());
+    do {
+      expected.push_back(tokens.word());
+    } while (!tokens.atEnd());
   }
   return [=](Player& player, const Statement&) {
     const Names seen = player.stage().events();

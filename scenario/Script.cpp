@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "scenario/Commands.h"
 #include "scenario/Failure.h"
@@ -12,6 +13,10 @@ namespace nv::scenario {
 namespace {
 
 constexpr std::array families = {hostCommands, userCommands, installationCommands, standInCommands};
+
+/// What the user does may go on, and end in what comes of it, in the same line.
+constexpr std::wstring_view continuations[] = {L"key",      L"is",      L"focus",   L"visible", L"hidden", L"enabled",
+                                               L"disabled", L"message", L"refused", L"in",      L"cancel"};
 
 /// The line without the blanks at its front.
 std::wstring_view cut(std::wstring_view line) {
@@ -54,7 +59,7 @@ class Parser {
           if (statements.empty()) fail(L"there is no line before that could fail");
           readExpectation(name, tokens, statements.back());
         } else {
-          add(name, tokens, source, inShow, statements);
+          addLine(name, tokens, source, inShow, statements);
           statements.back().comment = std::exchange(comment, {});
         }
       } catch (const Failure& failure) {
@@ -62,6 +67,15 @@ class Parser {
       }
     }
     if (opener != nullptr) fail(std::wstring(L"the end of a ") + opener + L" is missing");
+  }
+
+  void addLine(const std::wstring& name, Tokens& tokens, const std::wstring& source, bool inShow,
+               std::vector<Statement>& statements) {
+    const bool user = std::ranges::any_of(userCommands(), [&](const Command& command) { return command.name == name; });
+    const bool goesOn = user && name != L"refused" && name != L"message";
+    Tokens rest = goesOn ? tokens.cutFrom(continuations) : Tokens();
+    add(name, tokens, source, inShow, statements);
+    if (!rest.atEnd()) addLine(rest.word(), rest, source, inShow, statements);
   }
 
   void add(const std::wstring& name, Tokens& tokens, const std::wstring& source, bool inShow,
@@ -116,12 +130,22 @@ class Parser {
     loops_ = outer;
   }
 
-  /// The line with the values of the loops around it.
+  /// The line with the values of the loops around it: in a text escaped as it must be there, elsewhere as they are.
   std::wstring expanded(std::wstring_view line) const {
-    std::wstring result(line);
-    for (const auto& [name, value] : loops_) {
-      const std::wstring quoted = inQuotes(value);
-      result = replaced(std::move(result), L"{" + name + L"}", quoted.substr(1, quoted.size() - 2));
+    std::wstring result;
+    bool inText = false;
+    for (std::size_t at = 0; at < line.size();) {
+      const auto loop = std::ranges::find_if(loops_, [rest = line.substr(at)](const Substitution& each) {
+        return rest.starts_with(L"{" + each.name + L"}");
+      });
+      if (loop != loops_.end()) {
+        const std::wstring quoted = inQuotes(loop->value);
+        result += inText ? quoted.substr(1, quoted.size() - 2) : loop->value;
+        at += loop->name.size() + 2;
+      } else {
+        if (line[at] == L'"' && (at == 0 || line[at - 1] != L'\\')) inText = !inText;
+        result += line[at++];
+      }
     }
     return result;
   }
@@ -146,11 +170,29 @@ class Parser {
 
 }  // namespace
 
+namespace {
+
+/// The lines, but that one that ends in a backslash has those that it goes on in, and they are empty.
+std::vector<std::wstring> joinedLines(std::wstring_view text) {
+  auto lines = splitLines(text);
+  for (std::size_t i = 0; i < lines.size();) {
+    std::size_t next = i + 1;
+    for (; next < lines.size() && lines[i].ends_with(L'\\'); ++next) {
+      lines[i].back() = L' ';
+      lines[i] += std::exchange(lines[next], {});
+    }
+    i = next;
+  }
+  return lines;
+}
+
+}  // namespace
+
 std::vector<Statement> parseScript(std::wstring_view text, const std::wstring& file,
                                    const std::vector<Substitution>& substitutions) {
   constexpr std::wstring_view byteOrderMark = L"\xFEFF";
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  return Parser(splitLines(text), file, substitutions).parse();
+  return Parser(joinedLines(text), file, substitutions).parse();
 }
 
 const Command& commandOf(std::wstring_view name) {

@@ -150,6 +150,21 @@ Value Tokens::array() {
   return table;
 }
 
+Tokens Tokens::cutFrom(std::span<const std::wstring_view> words) {
+  const auto isTruth = [this](std::size_t i) {
+    return i < tokens_.size() && (tokens_[i].text == L"true" || tokens_[i].text == L"false");
+  };
+  std::size_t at = std::min(next_ + 1, tokens_.size());
+  for (; at < tokens_.size(); ++at) {
+    const auto& [kind, text] = tokens_[at];
+    if (kind == Kind::word && std::ranges::find(words, text) != words.end() && !isTruth(at + 1)) break;
+  }
+  Tokens rest;
+  rest.tokens_.assign(tokens_.begin() + static_cast<std::ptrdiff_t>(at), tokens_.end());
+  tokens_.resize(at);
+  return rest;
+}
+
 void Tokens::end() const {
   if (!atEnd()) throw Failure(L"there is more on the line than the command takes");
 }

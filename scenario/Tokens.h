@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,7 @@ struct Substitution {
 /// Failure.
 class Tokens {
  public:
+  Tokens() = default;
   Tokens(std::wstring_view line, const std::vector<Substitution>& substitutions);
 
   bool atEnd() const { return next_ == tokens_.size(); }
@@ -41,6 +43,8 @@ class Tokens {
   /// A text, a 16-bit number, true, false, or an array of texts with one or two dimensions.
   Value value();
   void end() const;
+  /// Cuts off what stands from the first of these words on, the next one not counted, nor those that a truth follows.
+  Tokens cutFrom(std::span<const std::wstring_view> words);
 
  private:
   enum class Kind { word, text, open, close };

@@ -39,13 +39,23 @@ void clear(Player& player, const std::wstring& control) {
   for (const wchar_t* key : {L"Home", L"Shift+End", L"Delete"}) player.stage().press(chordOf(key));
 }
 
+/// A text to type, once or several times over.
+std::wstring readTyped(Tokens& tokens) {
+  const std::wstring once = tokens.text();
+  std::wstring text = once;
+  if (tokens.take(L"times")) {
+    for (std::int32_t times = tokens.number(); times > 1; --times) text += once;
+  }
+  return text;
+}
+
 template <bool clearing>
 Action readType(Tokens& tokens) {
   std::vector<Entry> entries;
   do {
     Entry& entry = entries.emplace_back();
     if (clearing || tokens.nextIsWord()) entry.control = tokens.word();
-    entry.text = tokens.text();
+    entry.text = readTyped(tokens);
   } while (!tokens.atEnd());
   return [=](Player& player, const Statement&) {
     for (const auto& [control, text] : entries) {
@@ -76,7 +86,7 @@ Action readKey(Tokens& tokens) {
   std::optional<std::wstring> last;
   do {
     if (tokens.nextIsText()) {
-      strokes.emplace_back(tokens.text());
+      strokes.emplace_back(readTyped(tokens));
     } else if (!strokes.empty() && std::holds_alternative<Chord>(strokes.back()) && tokens.take(L"until")) {
       last = tokens.word();
       break;
@@ -98,12 +108,39 @@ Action readKey(Tokens& tokens) {
   };
 }
 
+/// Tab leads from the first control through the others, and back to it.
+Action readTabs(Tokens& tokens) {
+  return [names = readNames(tokens)](Player& player, const Statement&) {
+    const auto expectFocus = [&](const std::wstring& name, const std::wstring& before) {
+      if (!player.focused(name)) throw Failure(L"the focus is not on " + name + L" behind " + before);
+    };
+    expectFocus(names.front(), L"what came before");
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      player.stage().press(chordOf(L"Tab"));
+      expectFocus(names[(i + 1) % names.size()], names[i]);
+    }
+  };
+}
+
 // Mouse
 
 template <MouseButton button>
 Action readPress(Tokens& tokens) {
   return [names = readNames(tokens)](Player& player, const Statement&) {
     for (const std::wstring& name : names) player.stage().click(player.dialog(), name, button);
+  };
+}
+
+/// The host hears the top of each control, and nothing else, when the user clicks there.
+Action readReports(Tokens& tokens) {
+  return [names = readNames(tokens)](Player& player, const Statement&) {
+    for (const std::wstring& name : names) {
+      Names expected = player.stage().events();
+      expected.push_back(L"CurrentFieldTop(" + player.stage().look(player.dialog(), name, L"top") + L")");
+      click(player, name);
+      const Names seen = player.stage().events();
+      if (seen != expected) differ(name + L" to be reported as " + expected.back(), joined(seen));
+    }
   };
 }
 
@@ -215,16 +252,23 @@ Action readMessage(Tokens& tokens) {
   return [message = readMessageBox(tokens)](Player& player, const Statement&) { await(player, message); };
 }
 
-/// An attempt to accept that stops at a control: what is told, where the focus is then, and what is selected there.
+/// An attempt to accept that stops at a control: what is told, where the focus is then, and what is selected there. The
+/// message box is, unless the line says otherwise, one of the dialog's for information.
 Action readRefused(Tokens& tokens) {
   const std::wstring control = tokens.word();
   const std::wstring selection = tokens.nextIsText() ? tokens.text() : std::wstring();
   std::optional<ExpectedMessage> message;
-  if (tokens.take(L"message")) message = readMessageBox(tokens);
+  if (tokens.take(L"message")) {
+    message = readMessageBox(tokens);
+    if (!message->icon) message->icon = L"information";
+    if (!message->buttons) message->buttons = L"ok";
+  }
   return [=](Player& player, const Statement&) {
+    ExpectedMessage expected = message.value_or(ExpectedMessage());
+    if (message && !message->caption) expected.caption = player.stage().look(player.dialog(), L"form", L"caption");
     click(player, L"cmd_ok");
     if (message) {
-      await(player, *message);
+      await(player, expected);
     } else if (const auto box = player.stage().messageBox()) {
       failUnexpected(*box);
     }
@@ -258,12 +302,14 @@ Action readShot(Tokens& tokens) {
 using enum Command::Place;
 
 constexpr Command userTable[] = {
-    {L"type", L"type [CONTROL] \"TEXT\"...", inBlock, readType<false>},
-    {L"enter", L"enter CONTROL \"TEXT\"...", inBlock, readType<true>},
+    {L"type", L"type [CONTROL] \"TEXT\" [times N]...", inBlock, readType<false>},
+    {L"enter", L"enter CONTROL \"TEXT\" [times N]...", inBlock, readType<true>},
     {L"clear", L"clear CONTROL...", inBlock, readClear},
-    {L"key", L"key KEY | \"TEXT\"... [until CONTROL]", inBlock, readKey},
+    {L"key", L"key KEY | \"TEXT\" [times N]... [until CONTROL]", inBlock, readKey},
+    {L"tabs", L"tabs CONTROL...", inBlock, readTabs},
     {L"press", L"press CONTROL...", inBlock, readPress<MouseButton::left>},
     {L"rightpress", L"rightpress CONTROL...", inBlock, readPress<MouseButton::right>},
+    {L"reports", L"reports CONTROL...", inBlock, readReports},
     {L"cancel", L"cancel", inBlock, readCancel},
     {L"choose", L"choose CONTROL \"CELL\"", inBlock, readChoose},
     {L"is", L"is CONTROL | form | host  ASPECT VALUE...  [CONTROL  ASPECT VALUE...]...", anywhere, readIs},

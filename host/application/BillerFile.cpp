@@ -11,7 +11,7 @@ void setBiller(IDispatch& object, const std::filesystem::path& file, const std::
   if (!text) throw Failure(file.wstring() + L" cannot be read");
   for (const std::wstring& line : splitLines(wide(*text))) {
     scenario::Tokens tokens(line, {{L"root", root}});
-    if (tokens.take(L"include")) setBiller(object, file.parent_path() / tokens.word(), root);
+    if (tokens.take(L"include")) setBiller(object, file.parent_path().parent_path() / tokens.word(), root);
     if (!tokens.take(L"let")) continue;
     do {
       const std::wstring property = tokens.word();

@@ -142,22 +142,6 @@ TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
   }
 }
 
-TEST_F(ReferenceListsTest, TheHostSaysWhichCountries) {
-  EXPECT_EQ(countryCodes(L" fr;CH,,kr|DE  AT"), (Texts{L"FR", L"CH", L"KR", L"DE", L"AT"}));
-  EXPECT_EQ(countryCodes(L" , "), Texts{});
-  struct Case {
-    const wchar_t* all;
-    const wchar_t* some;
-    std::size_t offered;
-  };
-  for (const Case& c : {Case{L"Y", L"", 5}, Case{L" Y ", L"FR", 5}, Case{L"N", L"fr;kr", 4}, Case{L"y", L"FR", 3},
-                        Case{L"", L"", 2}, Case{L"", L"CA", 2}}) {
-    component.store.CountryListAll = c.all;
-    component.store.CountryListPartial = c.some;
-    EXPECT_EQ(offered(L"ran_payee_country").size(), c.offered) << c.all << c.some;
-  }
-}
-
 TEST_F(ReferenceListsTest, WithoutItsFileThereAreTwoCountriesAndNoCopyStays) {
   using Decipher = std::function<void(const std::wstring&, const std::wstring&)>;
   const auto writes = [this](const wchar_t* text) {
@@ -213,23 +197,6 @@ TEST_F(ReferenceListsTest, WithoutItsFileThereAreTwoCountriesAndNoCopyStays) {
   files.fail(decipheredFile, ErrorNumber::permissionDenied);
   EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere) << "an old copy that somebody holds is not taken for the new";
   EXPECT_EQ(loggedErrors(), Texts{L"70"});
-}
-
-TEST_F(ReferenceListsTest, EnterLeadsOn) {
-  User user = shown();
-  const auto leads = [&](const wchar_t* from, const wchar_t* to) {
-    user.click(from);
-    user.type(L"\r");
-    EXPECT_EQ(user.focus(), to);
-  };
-  host.tops.clear();
-  leads(L"ran_payee_country", L"ran_payee_postal");
-  EXPECT_EQ(host.tops.front(), user.control(L"ran_payee_country").topInForm());
-  leads(L"cmbCurrencyCode", L"ran_payee_ph_area");
-  user.control(L"ran_payee_ph_area").setVisible(false);
-  user.control(L"ran_Inter_payee_phone").setVisible(true);
-  user.control(L"ran_Inter_payee_phone").setEnabled(true);
-  leads(L"cmbCurrencyCode", L"ran_Inter_payee_phone");
 }
 
 }  // namespace

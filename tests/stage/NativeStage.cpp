@@ -19,6 +19,29 @@ using scenario::Showing;
 
 namespace {
 
+/// Fails when something that can be seen in the form overlaps something else, or reaches out of what it stands in.
+void checkLayout(const User& user) {
+  const auto& controls = user.form().controls();
+  for (auto one = controls.begin(); one != controls.end(); ++one) {
+    const std::wstring name = (*one)->fullName();
+    if (!user.visible(name)) continue;
+    const forms::Place place = user.seen(name).place;
+    const forms::Frame* const frame = (*one)->frame();
+    const forms::Place around = frame != nullptr ? user.seen(frame->fullName()).place : user.form().place();
+    if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
+      throw Failure(name + L" reaches out of what it stands in");
+    }
+    for (auto other = controls.begin(); other != one; ++other) {
+      if ((*other)->frame() != frame || !user.visible((*other)->fullName())) continue;
+      const forms::Place second = user.seen((*other)->fullName()).place;
+      if (place.left < second.right() && second.left < place.right() && place.top < second.bottom() &&
+          second.top < place.bottom()) {
+        throw Failure(name + L" overlaps " + (*other)->fullName());
+      }
+    }
+  }
+}
+
 constexpr const wchar_t* dialogName = L"frmRandomInfo";
 constexpr const wchar_t* binaries = L"NORVIK/Bin/";
 
@@ -170,7 +193,9 @@ Dialog NativeStage::awaitShown() {
     return instances_.at(show.instance).embedded;
   }
   for (const Dialog dialog : dialogs(dialogName)) {
-    if (std::ranges::find(show.before, dialog) == show.before.end()) return dialog;
+    if (std::ranges::find(show.before, dialog) != show.before.end()) continue;
+    checkLayout(userOf(dialog));
+    return dialog;
   }
   if (!ready(show.returned) && !messageBox()) throw Failure(L"no dialog appears");
   return noDialog;
@@ -230,6 +255,7 @@ User NativeStage::reaching(Dialog dialog, const std::wstring& control) {
 Dialog NativeStage::awaitDialog(const std::wstring& name) {
   const auto found = dialogs(name);
   if (found.empty()) throw Failure(L"there is no window " + name);
+  checkLayout(userOf(found.back()));
   return found.back();
 }
 

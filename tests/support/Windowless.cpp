@@ -126,7 +126,9 @@ void ControlWindow::key(int code, int shift, wchar_t character) {
 
 void ControlWindow::paste() {
   const auto* const box = dynamic_cast<forms::TextBox*>(field_);
-  if (field_ != nullptr && (box == nullptr || box->takesPaste())) insert(form_.widgetset().clipboard);
+  const std::wstring& text = form_.widgetset().clipboard;
+  // A field of one line takes the first one.
+  if (field_ != nullptr && (box == nullptr || box->takesPaste())) insert(text.substr(0, text.find_first_of(L"\r\n")));
 }
 
 bool ControlWindow::usesKey(int code, int shift) {
