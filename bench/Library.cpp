@@ -57,7 +57,7 @@ Medians libraryLoad() {
 
 Medians librarySize() {
   imports(loaded(windows::test::serverPath(), DONT_RESOLVE_DLL_REFERENCES).get());
-  constexpr double most = 1.5 * 1024 * 1024;
+  constexpr double most = 1024 * 1024;
   return {static_cast<double>(std::filesystem::file_size(windows::test::serverPath())), most};
 }
 

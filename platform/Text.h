@@ -32,4 +32,11 @@ constexpr std::wstring_view trimmed(std::wstring_view text) {
 /// @param separators each of these characters separates.
 std::vector<std::wstring_view> split(std::wstring_view text, std::wstring_view separators);
 
+/// Takes from a text what stands before its first separator, or all of it, and the separator.
+constexpr std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
+  const std::wstring_view part = text.substr(0, text.find(separator));
+  text.remove_prefix(part.size() == text.size() ? part.size() : part.size() + 1);
+  return part;
+}
+
 }  // namespace nv

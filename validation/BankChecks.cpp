@@ -1,11 +1,11 @@
 #include "validation/BankChecks.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "component/core/ShowError.h"
 #include "component/core/Trace.h"
 #include "platform/HostInstallation.h"
-#include "platform/Pattern.h"
 #include "platform/Text.h"
 #include "validation/TextHelpers.h"
 
@@ -144,11 +144,12 @@ bool ValidateABANumber(Component& component, std::wstring_view routingNumber) {
   trace(component, L"Random - ValidateABANumber");
   constexpr std::size_t digits = 9;
   if (component.store.WhatKindOfBiller != L" ") {
-    static const Pattern assignedPrefix(
-        L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
-        L"72)\\b");
-    const std::wstring prefix(routingNumber.substr(0, 2));
-    if (trimmed(prefix).size() < 2 || !std::regex_search(prefix, assignedPrefix)) return false;
+    const std::wstring_view prefix = routingNumber.substr(0, 2);
+    if (prefix.size() < 2 || !isDigit(prefix[0]) || !isDigit(prefix[1])) return false;
+    const int region = 10 * (prefix[0] - L'0') + prefix[1] - L'0';
+    constexpr std::pair<int, int> assigned[] = {{1, 12}, {21, 32}, {61, 72}};
+    const auto holds = [region](const auto& range) { return range.first <= region && region <= range.second; };
+    if (std::ranges::none_of(assigned, holds)) return false;
   }
   const std::wstring_view number = trimmed(routingNumber);
   if (number.size() != digits) return false;

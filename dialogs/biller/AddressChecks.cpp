@@ -2,19 +2,54 @@
 #include <algorithm>
 
 #include "dialogs/biller/frmRandomInfo.h"
-#include "platform/Pattern.h"
 #include "platform/Text.h"
 
 namespace nv {
 
 namespace {
 
-/// The longest text that is held against a pattern, in characters: as long as an e-mail address may be, 64 for the
-/// mailbox, "@", 255 for the domain. The matcher's depth grows with the text, and the stack is the host's.
-constexpr std::size_t longestMatched = 320;
+bool isLetterOrDigit(wchar_t c) {
+  return isDigit(c) || (asciiUpper(c) >= L'A' && asciiUpper(c) <= L'Z');
+}
 
-bool matches(std::wstring_view text, const Pattern& pattern) {
-  return text.size() <= longestMatched && std::regex_search(text.begin(), text.end(), pattern);
+/// [a-z0-9!#$%&'*+/=?^_`{|}~-]+
+bool isMailboxPart(std::wstring_view part) {
+  constexpr std::wstring_view others = L"!#$%&'*+/=?^_`{|}~-";
+  const auto fits = [others](wchar_t c) { return isLetterOrDigit(c) || others.find(c) != others.npos; };
+  return !part.empty() && std::ranges::all_of(part, fits);
+}
+
+/// [a-z0-9](?:[a-z0-9-]*[a-z0-9])?
+bool isDomainLabel(std::wstring_view label) {
+  const auto fits = [](wchar_t c) { return isLetterOrDigit(c) || c == L'-'; };
+  return !label.empty() && label.front() != L'-' && label.back() != L'-' && std::ranges::all_of(label, fits);
+}
+
+/// How many parts a text has between its dots; 0 when one of them does not fit.
+std::size_t fittingParts(std::wstring_view text, bool (*fits)(std::wstring_view)) {
+  std::size_t count = 0;
+  for (bool more = true; more; ++count) {
+    more = text.find(L'.') != text.npos;
+    if (!fits(taken(text, L'.'))) return 0;
+  }
+  return count;
+}
+
+/// Whether a text matches, letters counting alike in both cases, the pattern
+/// ^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\.)+
+/// [a-z0-9](?:[a-z0-9-]*[a-z0-9])?$
+bool isEmailAddress(std::wstring_view text) {
+  const std::wstring_view mailbox = taken(text, L'@');
+  return fittingParts(mailbox, isMailboxPart) > 0 && fittingParts(text, isDomainLabel) > 1;
+}
+
+/// Whether a text matches the pattern (www\.)?.+\. anywhere: it has a dot behind another character of its line.
+bool isWebSite(std::wstring_view text) {
+  constexpr std::wstring_view lineEnds = L"\r\n\u2028\u2029";
+  const auto dotBehind = [lineEnds](wchar_t before, wchar_t c) {
+    return c == L'.' && lineEnds.find(before) == lineEnds.npos;
+  };
+  return std::ranges::adjacent_find(text, dotBehind) != text.end();
 }
 
 }  // namespace
@@ -28,19 +63,14 @@ bool frmRandomInfo::ValidateEmailAddress(std::wstring_view address, std::wstring
     message = L"Please enter a complete e-mail address with the form 'name@example.com'.";
     return false;
   }
-  static const Pattern pattern(
-      L"^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\\.)+"
-      L"[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$",
-      std::regex::ECMAScript | std::regex::icase);
-  if (matches(address, pattern)) return true;
+  if (isEmailAddress(address)) return true;
   message = invalidMail;
   return false;
 }
 
 bool frmRandomInfo::ValidateWebsite(std::wstring_view site, std::wstring& message) {
   trace(component(), L"RandomInfo - ValidateWebsite");
-  static const Pattern pattern(L"(www\\.)?.+\\.", std::regex::ECMAScript | std::regex::icase);
-  if (matches(site, pattern)) return true;
+  if (isWebSite(site)) return true;
   message = invalidWebsite;
   return false;
 }

@@ -11,13 +11,6 @@ namespace nv {
 
 namespace {
 
-/// Takes from a text what stands before its first separator, or all of it, and the separator.
-constexpr std::wstring_view taken(std::wstring_view& text, wchar_t separator) {
-  const std::wstring_view part = text.substr(0, text.find(separator));
-  text.remove_prefix(part.size() == text.size() ? part.size() : part.size() + 1);
-  return part;
-}
-
 constexpr std::wstring_view canada[] = {L"Canada", L"CA", L"1"};
 constexpr std::wstring_view unitedStates[] = {L"United States", L"US", L"1"};
 

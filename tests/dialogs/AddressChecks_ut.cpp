@@ -1,5 +1,11 @@
-// What the biller dialog accepts as an e-mail address and as a web site.
+// What the biller dialog accepts as an e-mail address and as a web site. With NVRANDOM_SECONDS in the environment a
+// million texts are held against the patterns.
+#include <cstdlib>
+#include <random>
+#include <regex>
+
 #include "dialogs/biller/frmRandomInfo.h"
+#include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
 
 namespace nv::test {
@@ -43,9 +49,8 @@ TEST_F(AddressChecksTest, EmailAddresses) {
       {L"a b@c.de", valid},
       {L"\u00e9@example.com", valid},
       {L"a@example.com\n", valid},
-      {std::wstring(308, L'a') + L"@example.com"},
-      {std::wstring(309, L'a') + L"@example.com", valid},
-      {L"a@" + std::wstring(1000000, L'a') + L".", valid},  // refused before the matcher's depth could matter
+      {std::wstring(1000000, L'a') + L"@example.com"},
+      {L"a@" + std::wstring(1000000, L'a') + L".", valid},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.address.substr(0, 40));
@@ -78,7 +83,7 @@ TEST_F(AddressChecksTest, WebSites) {
       {L".abc", false},
       {L".", false},
       {L"", false},
-      {std::wstring(1000000, L'a') + L".", false},
+      {std::wstring(1000000, L'a') + L".", true},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.site.substr(0, 40));
@@ -86,6 +91,36 @@ TEST_F(AddressChecksTest, WebSites) {
     EXPECT_EQ(form->ValidateWebsite(c.site, message), c.accepted);
     EXPECT_EQ(message, c.accepted ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
   }
+}
+
+TEST_F(AddressChecksTest, GeneratedTextsAreJudgedAsByThePatterns) {
+  constexpr auto syntax = std::regex::ECMAScript | std::regex::icase;
+  const std::wregex email(
+      L"^[a-z0-9!#$%&'*+/=?^_`{|}~-]+(?:\\.[a-z0-9!#$%&'*+/=?^_`{|}~-]+)*@(?:[a-z0-9](?:[a-z0-9-]*[a-z0-9])?\\.)+"
+      L"[a-z0-9](?:[a-z0-9-]*[a-z0-9])?$",
+      syntax);
+  const std::wregex website(L"(www\\.)?.+\\.", syntax);
+  const wchar_t* const pieces[] = {L"a",   L"Zz",     L"09",           L".",           L".",         L"-",
+                                   L"@",   L"@b.",    L"x-1",          L"www.",        L"!#$%&'*+/", L"=?^_`{|}~",
+                                   L".ca", L" ",      L"\"",           L"(),:;<>[\\]", L"\r",        L"\n",
+                                   L"\t",  L"\u00e9", L"\u0130\u212a", L"\u2028",      L"\u2029",    L"\x7f"};
+  std::mt19937 random(1);
+  const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
+  int accepted = 0;
+  const int texts = std::getenv("NVRANDOM_SECONDS") != nullptr ? 1'000'000 : 20'000;
+  for (int i = 0; i < texts && !HasFailure(); ++i) {
+    // Half of them are made like addresses, then perhaps spoilt.
+    std::wstring text = upTo(1) == 0 ? L"" : L"name.a@sub-1.b.example";
+    for (std::size_t more = upTo(text.empty() ? 7 : 2); more > 0; --more) {
+      text.insert(upTo(text.size()), pieces[upTo(std::size(pieces) - 1)]);
+    }
+    std::wstring message;
+    const bool isEmail = trimmed(text).size() >= 5 && std::regex_search(text, email);
+    EXPECT_EQ(form->ValidateEmailAddress(text, message, false), isEmail) << text;
+    EXPECT_EQ(form->ValidateWebsite(text, message), std::regex_search(text, website)) << text;
+    accepted += isEmail ? 1 : 0;
+  }
+  EXPECT_GT(accepted, texts / 10);
 }
 
 TEST_F(AddressChecksTest, IsEmailValidJudgesCharacterByCharacter) {

@@ -1,5 +1,6 @@
 // The bank and business number checks of module Random, against a verifier that answers as it is told.
 #include <optional>
+#include <regex>
 
 #include "tests/support/ComponentTest.h"
 #include "validation/BankChecks.h"
@@ -223,6 +224,22 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.domestic);
     component.store.WhatKindOfBiller = L"U";
     EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.unitedStates);
+  }
+
+  const std::wregex prefixes(
+      L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
+      L"72)"
+      L"\\b");
+  constexpr std::wstring_view characters = L"0123456789 aZ-_\u00e9\u0661";
+  for (const wchar_t first : characters) {
+    for (const wchar_t second : characters) {
+      std::wstring number = {first, second, L'0', L'0', L'0', L'0', L'0', L'0', L'0'};
+      component.store.WhatKindOfBiller = L" ";
+      while (!Random::ValidateABANumber(component, number) && number.back() < L'9') ++number.back();
+      component.store.WhatKindOfBiller = L"U";
+      const bool assignedPrefix = std::regex_search(number.substr(0, 2), prefixes);
+      EXPECT_EQ(Random::ValidateABANumber(component, number), assignedPrefix) << number;
+    }
   }
 }
 
