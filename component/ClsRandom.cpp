@@ -13,17 +13,7 @@ constexpr std::wstring_view postOfficeBoxWords =
     L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
     L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
 
-/// Keeps the import flag set while the dialog is shown for an import.
-class Importing {
- public:
-  explicit Importing(Store& store) : store_(store) { store_.importFlag = flagTrue; }
-  ~Importing() { store_.importFlag = flagFalse; }
-  Importing(const Importing&) = delete;
-  Importing& operator=(const Importing&) = delete;
-
- private:
-  Store& store_;
-};
+enum class Traces { Untraced, GetTraced, Traced };
 
 }  // namespace
 
@@ -46,21 +36,14 @@ ClsRandom::~ClsRandom() {
 
 // Properties
 
-#define NV_TRACE_LET_Traced(Label) trace(component_, L"ClsRandom - Let " #Label)
-#define NV_TRACE_LET_GetTraced(Label) static_cast<void>(0)
-#define NV_TRACE_LET_Untraced(Label) static_cast<void>(0)
-#define NV_TRACE_GET_Traced(Label) trace(component_, L"ClsRandom - Get " #Label)
-#define NV_TRACE_GET_GetTraced(Label) NV_TRACE_GET_Traced(Label)
-#define NV_TRACE_GET_Untraced(Label) static_cast<void>(0)
-
-#define NV_DEFINE_Let(Name, Type, Tracing, Label)             \
-  void ClsRandom::let##Name(property::Type::Argument value) { \
-    NV_TRACE_LET_##Tracing(Label);                            \
-    property::Type::assign(component_.store.Name, value);     \
+#define NV_DEFINE_Let(Name, Type, Tracing, Label)                                         \
+  void ClsRandom::let##Name(property::Type::Argument value) {                             \
+    if (Traces::Tracing == Traces::Traced) trace(component_, L"ClsRandom - Let " #Label); \
+    property::Type::assign(component_.store.Name, value);                                 \
   }
 #define NV_DEFINE_LetGet(Name, Type, Tracing, Label)                                               \
   NV_DEFINE_Let(Name, Type, Tracing, Label) const property::Type::Stored& ClsRandom::get##Name() { \
-    NV_TRACE_GET_##Tracing(Label);                                                                 \
+    if (Traces::Tracing != Traces::Untraced) trace(component_, L"ClsRandom - Get " #Label);        \
     return component_.store.Name;                                                                  \
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)
@@ -93,7 +76,9 @@ std::int32_t ClsRandom::ShowForm_Remote() {
 
 std::int32_t ClsRandom::ShowForm_Import() {
   trace(component_, L"ClsRandom - ShowForm_Import");
-  const Importing importing(component_.store);
+  const auto clear = [](Flag16* flag) { *flag = flagFalse; };
+  const std::unique_ptr<Flag16, decltype(clear)> importing(&component_.store.importFlag);  // cleared at the end
+  *importing = flagTrue;
   const auto form = std::make_shared<frmRandomInfo>(component_, forms::Border::dialog);
   form->load();
   const forms::UnloadOnExit unloaded(*form);

@@ -82,11 +82,13 @@ namespace {
 struct Member {
   std::wstring_view name;
   DISPID id;
+  bool isStringArray;
 };
 
 constexpr Member members[] = {
-#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) {L"" #Name, id},
-#define NV_METHOD(id, Name, Result) {L"" #Name, id},
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
+  {L"" #Name, id, std::is_same_v<property::Type, property::StringList>},
+#define NV_METHOD(id, Name, Result) {L"" #Name, id, false},
 #include "component/core/properties.def"
 };
 static_assert(std::ranges::is_sorted(members, std::ranges::less_equal{}, &Member::id), "identifiers rise by rows");
@@ -115,19 +117,6 @@ STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UIN
   return FAILED(result) ? result : DispGetIDsOfNames(own.Get(), names, count, ids);
 }
 
-namespace {
-
-/// Whether the member is put as an array of strings, which script hosts cannot build.
-bool takesStringArray(DISPID member) {
-  bool takes = false;
-#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
-  takes = takes || (member == (id) && std::is_same_v<property::Type, property::StringList>);
-#include "component/core/properties.def"
-  return takes;
-}
-
-}  // namespace
-
 STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
   ComPtr<ITypeInfo> own;
@@ -138,7 +127,8 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
   DISPPARAMS passed = parameters == nullptr ? DISPPARAMS{} : *parameters;
   Variant strings;
   const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  if (put && passed.cArgs == 1 && takesStringArray(member)) {
+  const auto* const known = std::ranges::find(members, member, &Member::id);
+  if (put && passed.cArgs == 1 && known != std::end(members) && known->isStringArray) {  // scripts cannot build one
     const HRESULT converted = guarded([&] {
       strings.parray = safeArray(VariantValue(passed.rgvarg[0]).array()).release();
       strings.vt = VT_ARRAY | VT_BSTR;
