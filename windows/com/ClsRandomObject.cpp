@@ -93,22 +93,17 @@ constexpr Member members[] = {
 };
 static_assert(std::ranges::is_sorted(members, std::ranges::less_equal{}, &Member::id), "identifiers rise by rows");
 
-const Member* memberOf(std::wstring_view name) {
-  const auto same = [name](const Member& member) {
-    return std::ranges::equal(member.name, name, {}, asciiUpper, asciiUpper);
-  };
-  const auto* const found = std::ranges::find_if(members, same);
-  return found == std::end(members) ? nullptr : found;
-}
-
 }  // namespace
 
 STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) {
   // Scripts ask at every statement. The type library is slow: it compares name by name, by the rules of a locale. It is
   // left with the names that are not in the table.
   if (count == 1 && names != nullptr && names[0] != nullptr && ids != nullptr) {
-    if (const Member* const member = memberOf(names[0])) {
-      *ids = member->id;
+    const auto* const known = std::ranges::find_if(members, [name = std::wstring_view(names[0])](const Member& member) {
+      return std::ranges::equal(member.name, name, {}, asciiUpper, asciiUpper);
+    });
+    if (known != std::end(members)) {
+      *ids = known->id;
       return S_OK;
     }
   }
