@@ -13,6 +13,8 @@ constexpr std::wstring_view postOfficeBoxWords =
     L"PO BOX|P.O. BOX|P.O.BOX|P.O BOX|POST OFFICE BOX|POSTAL BOX|POST-OFFICE BOX|CP|C.P.|C.P.POSTALE|BOITE|"
     L"BOITE POSTALE|CASE POSTALE|BP|B.P.";
 
+enum class Traces { Untraced, GetTraced, Traced };
+
 }  // namespace
 
 ClsRandom::ClsRandom(Component& component, ClsRandomEvents& events) : component_(component), events_(events) {
@@ -33,21 +35,14 @@ ClsRandom::~ClsRandom() {
 
 // Properties
 
-#define NV_TRACE_LET_Traced(Label) trace(component_, L"ClsRandom - Let " #Label)
-#define NV_TRACE_LET_GetTraced(Label) static_cast<void>(0)
-#define NV_TRACE_LET_Untraced(Label) static_cast<void>(0)
-#define NV_TRACE_GET_Traced(Label) trace(component_, L"ClsRandom - Get " #Label)
-#define NV_TRACE_GET_GetTraced(Label) NV_TRACE_GET_Traced(Label)
-#define NV_TRACE_GET_Untraced(Label) static_cast<void>(0)
-
-#define NV_DEFINE_Let(Name, Type, Tracing, Label)             \
-  void ClsRandom::let##Name(property::Type::Argument value) { \
-    NV_TRACE_LET_##Tracing(Label);                            \
-    property::Type::assign(component_.store.Name, value);     \
+#define NV_DEFINE_Let(Name, Type, Tracing, Label)                                         \
+  void ClsRandom::let##Name(property::Type::Argument value) {                             \
+    if (Traces::Tracing == Traces::Traced) trace(component_, L"ClsRandom - Let " #Label); \
+    property::Type::assign(component_.store.Name, value);                                 \
   }
 #define NV_DEFINE_LetGet(Name, Type, Tracing, Label)                                               \
   NV_DEFINE_Let(Name, Type, Tracing, Label) const property::Type::Stored& ClsRandom::get##Name() { \
-    NV_TRACE_GET_##Tracing(Label);                                                                 \
+    if (Traces::Tracing != Traces::Untraced) trace(component_, L"ClsRandom - Get " #Label);        \
     return component_.store.Name;                                                                  \
   }
 #define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) NV_DEFINE_##Access(Name, Type, Tracing, Label)

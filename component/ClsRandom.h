@@ -15,10 +15,8 @@ class frmRandomInfo;
 class ClsRandomEvents {
  public:
   virtual ~ClsRandomEvents() = default;
-#define NV_PARAMETER(Type, name) property::Type::Argument name
 #define NV_EVENT(id, Name, ...) virtual void Name(__VA_OPT__(NV_PARAMETER(__VA_ARGS__))) = 0;
 #include "component/core/properties.def"
-#undef NV_PARAMETER
 };
 
 class ClsRandom {

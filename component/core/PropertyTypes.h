@@ -32,9 +32,6 @@ class HostValue {
 using Flag16 = std::int16_t;
 inline constexpr Flag16 flagFalse = 0;
 inline constexpr Flag16 flagTrue = -1;
-constexpr Flag16 flag(bool truth) {
-  return truth ? flagTrue : flagFalse;
-}
 
 /// A province code and its area codes.
 struct ProvinceRow {
@@ -84,7 +81,7 @@ struct VariantText {
 struct VariantTruth {
   using Stored = Flag16;
   using Argument = const HostValue&;
-  static void assign(Stored& stored, Argument value) { stored = flag(value.truth()); }
+  static void assign(Stored& stored, Argument value) { stored = value.truth() ? flagTrue : flagFalse; }
 };
 
 struct VariantArray {

@@ -82,22 +82,16 @@ namespace {
 struct Member {
   std::wstring_view name;
   DISPID id;
+  bool isStringArray;
 };
 
 constexpr Member members[] = {
-#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) {L"" #Name, id},
-#define NV_METHOD(id, Name, Result) {L"" #Name, id},
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
+  {L"" #Name, id, std::is_same_v<property::Type, property::StringList>},
+#define NV_METHOD(id, Name, Result) {L"" #Name, id, false},
 #include "component/core/properties.def"
 };
 static_assert(std::ranges::is_sorted(members, std::ranges::less_equal{}, &Member::id), "identifiers rise by rows");
-
-const Member* memberOf(std::wstring_view name) {
-  const auto same = [name](const Member& member) {
-    return std::ranges::equal(member.name, name, {}, asciiUpper, asciiUpper);
-  };
-  const auto* const found = std::ranges::find_if(members, same);
-  return found == std::end(members) ? nullptr : found;
-}
 
 }  // namespace
 
@@ -105,8 +99,11 @@ STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UIN
   // Scripts ask at every statement. The type library is slow: it compares name by name, by the rules of a locale. It is
   // left with the names that are not in the table.
   if (count == 1 && names != nullptr && names[0] != nullptr && ids != nullptr) {
-    if (const Member* const member = memberOf(names[0])) {
-      *ids = member->id;
+    const auto* const known = std::ranges::find_if(members, [name = std::wstring_view(names[0])](const Member& member) {
+      return std::ranges::equal(member.name, name, {}, asciiUpper, asciiUpper);
+    });
+    if (known != std::end(members)) {
+      *ids = known->id;
       return S_OK;
     }
   }
@@ -117,19 +114,10 @@ STDMETHODIMP ClsRandomObject::GetIDsOfNames(REFIID /*iid*/, LPOLESTR* names, UIN
 
 namespace {
 
-/// Whether the member is put as an array of strings, which script hosts cannot build.
-bool takesStringArray(DISPID member) {
-  bool takes = false;
-#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) \
-  takes = takes || (member == (id) && std::is_same_v<property::Type, property::StringList>);
-#include "component/core/properties.def"
-  return takes;
-}
-
 /// Hands a failure of `guarded` to a late-bound caller, as the platform does with those of the members themselves.
 HRESULT asException(HRESULT failure, EXCEPINFO* exception) {
   ComPtr<IErrorInfo> info;
-  const bool described = GetErrorInfo(0, info.out()) == S_OK;
+  const bool described = GetErrorInfo(0, &info) == S_OK;
   if (exception == nullptr) return DISP_E_EXCEPTION;
   *exception = {};
   exception->scode = failure;
@@ -153,11 +141,12 @@ STDMETHODIMP ClsRandomObject::Invoke(DISPID member, REFIID /*iid*/, LCID /*local
   Variant strings;
   VARIANT reference;
   const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+  const auto* const known = std::ranges::find(members, member, &Member::id);
   if (put && passed.cArgs == 1) {
     const HRESULT converted = guarded([&] {
       const VariantValue value(passed.rgvarg[0]);
       if (!value.isObject()) flags = DISPATCH_PROPERTYPUT;  // by reference is by value for all that is no object
-      if (!takesStringArray(member)) return;
+      if (known == std::end(members) || !known->isStringArray) return;  // scripts cannot build one
       strings.parray = safeArray(value.array()).release();
       strings.vt = VT_ARRAY | VT_BSTR;
       reference.vt = VT_BYREF | VT_ARRAY | VT_BSTR;

@@ -72,14 +72,12 @@ class ClsRandomObject final : public NewestInterface,
   ~ClsRandomObject() override = default;
 
   // ClsRandomEvents
-#define NV_PARAMETER(Type, name) property::Type::Argument name
 #define NV_VALUE(Type, name) eventArgument(name)
 #define NV_EVENT(id, Name, ...)                               \
   void Name(__VA_OPT__(NV_PARAMETER(__VA_ARGS__))) override { \
     events_.raise(id, {__VA_OPT__(NV_VALUE(__VA_ARGS__))});   \
   }
 #include "component/core/properties.def"
-#undef NV_PARAMETER
 #undef NV_VALUE
 
   HRESULT ownTypeInfo(ComPtr<ITypeInfo>& info);
