@@ -152,7 +152,7 @@ class frmRandomInfo::Acceptance {
     bool fits = postal.text().size() <= 9;
     if (form_.inCanada()) {
       fits = fits && hasForm(code, L"A0A0A0") &&
-              Random::LookupPostcode(component(), form_.ran_payee_prov.text() + code.front()) != flagFalse;
+             Random::LookupPostcode(component(), form_.ran_payee_prov.text() + code.front()) != flagFalse;
     } else if (form_.inUnitedStates()) {
       fits = fits && (hasForm(code, L"000000000") || hasForm(code, L"00000"));
     }
