@@ -83,8 +83,8 @@ void invoke(IDispatch* object, const wchar_t* member, WORD how, DISPPARAMS& argu
 /// @param arguments the last first; of a put the value.
 template <std::size_t count>
 void put(IDispatch* object, const wchar_t* member, VARIANT (&arguments)[count]) {
-  DISPID value = DISPID_PROPERTYPUT;
-  DISPPARAMS parameters{arguments, &value, count, 1};
+  DISPID named = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{arguments, &named, count, 1};
   invoke(object, member, DISPATCH_PROPERTYPUT, parameters, nullptr);
 }
 

@@ -51,55 +51,46 @@ struct FileTraits {
 };
 using FileHandle = Unique<FileTraits>;
 
-struct KeyTraits {
-  using Value = HKEY;
+/// Handles that are null where there is none.
+template <class Handle>
+struct NullableTraits {
+  using Value = Handle;
   static Value invalid() { return nullptr; }
+};
+
+struct KeyTraits : NullableTraits<HKEY> {
   static void close(Value value) { RegCloseKey(value); }
 };
 using RegistryKey = Unique<KeyTraits>;
 
-struct LibraryTraits {
-  using Value = HMODULE;
-  static Value invalid() { return nullptr; }
+struct LibraryTraits : NullableTraits<HMODULE> {
   static void close(Value value) { FreeLibrary(value); }
 };
 using Library = Unique<LibraryTraits>;
 
 template <class Handle>
-struct GdiTraits {
-  using Value = Handle;
-  static Value invalid() { return nullptr; }
-  static void close(Value value) { DeleteObject(value); }
+struct GdiTraits : NullableTraits<Handle> {
+  static void close(Handle value) { DeleteObject(value); }
 };
 using FontHandle = Unique<GdiTraits<HFONT>>;
 using Brush = Unique<GdiTraits<HBRUSH>>;
-using Pen = Unique<GdiTraits<HPEN>>;
-using Bitmap = Unique<GdiTraits<HBITMAP>>;
 
-struct MemoryDcTraits {
-  using Value = HDC;
-  static Value invalid() { return nullptr; }
+struct MemoryDcTraits : NullableTraits<HDC> {
   static void close(Value value) { DeleteDC(value); }
 };
 using MemoryDc = Unique<MemoryDcTraits>;
 
-struct HookTraits {
-  using Value = HHOOK;
-  static Value invalid() { return nullptr; }
+struct HookTraits : NullableTraits<HHOOK> {
   static void close(Value value) { UnhookWindowsHookEx(value); }
 };
 using Hook = Unique<HookTraits>;
 
-struct ThemeTraits {
-  using Value = HTHEME;
-  static Value invalid() { return nullptr; }
+struct ThemeTraits : NullableTraits<HTHEME> {
   static void close(Value value) { CloseThemeData(value); }
 };
 using Theme = Unique<ThemeTraits>;
 
-struct IconTraits {
-  using Value = HICON;
-  static Value invalid() { return nullptr; }
+struct IconTraits : NullableTraits<HICON> {
   static void close(Value value) { DestroyIcon(value); }
 };
 using Icon = Unique<IconTraits>;

@@ -19,17 +19,17 @@ using forms::Attribute;
 
 ControlWindow::ControlWindow(FormWindow& form, forms::Control& control)
     : form_(form), control_(control), field_(dynamic_cast<forms::TextField*>(&control)) {
-  for (const Attribute attribute :
+  for (const Attribute aspect :
        {Attribute::place, Attribute::visible, Attribute::enabled, Attribute::text, Attribute::limit, Attribute::mask,
         Attribute::appearance, Attribute::value, Attribute::rows, Attribute::row}) {
-    update(attribute);
+    update(aspect);
   }
   control_.attach(this);
 }
 
-void ControlWindow::update(Attribute attribute) {
+void ControlWindow::update(Attribute aspect) {
   if (form_.closed()) ADD_FAILURE() << "a window that is gone was told something by " << control_.fullName();
-  switch (attribute) {
+  switch (aspect) {
     case Attribute::place:
       seen_.place = control_.place();
       break;
@@ -204,9 +204,9 @@ FormWindow::~FormWindow() {
   if (running_) *running_ = false;
 }
 
-void FormWindow::update(Attribute attribute) {
-  if (attribute == Attribute::text) title_ = form_.caption();
-  if (attribute == Attribute::place) place_ = form_.place();
+void FormWindow::update(Attribute aspect) {
+  if (aspect == Attribute::text) title_ = form_.caption();
+  if (aspect == Attribute::place) place_ = form_.place();
 }
 
 void FormWindow::show(bool modal) {

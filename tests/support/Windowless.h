@@ -41,7 +41,7 @@ class ControlWindow : public forms::ControlPeer {
  public:
   ControlWindow(FormWindow& form, forms::Control& control);
 
-  void update(forms::Attribute attribute) override;
+  void update(forms::Attribute aspect) override;
   void takeFocus() override;
   forms::Selection selection() const override;
 
@@ -79,7 +79,7 @@ class FormWindow : public forms::FormPeer {
   FormWindow(WindowlessWidgetset& widgetset, forms::Form& form);
   ~FormWindow() override;
 
-  void update(forms::Attribute attribute) override;
+  void update(forms::Attribute aspect) override;
   void show(bool modal) override;
   /// Lets the test's user work in the form. A form that is still open afterwards fails the test and is unloaded.
   void runModal() override;

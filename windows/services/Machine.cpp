@@ -9,7 +9,7 @@ namespace nv::windows {
 namespace {
 
 /// A directory that is too long for the component is none.
-std::wstring unlessTooLong(std::wstring directory) {
+std::wstring unlessTooLong(const std::wstring& directory) {
   constexpr std::size_t bufferSize = 145;  // in characters, the terminating null included
   return directory.size() < bufferSize ? directory : std::wstring();
 }
