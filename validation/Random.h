@@ -43,8 +43,8 @@ void Get_Windows_Dir(Component& component);
 /// text, with the completed part selected, so that further typing replaces it. Without one nothing changes.
 void ComboBoxAutoComplete(Component& component, forms::ComboBox& comboBox);
 
-/// Opens a web page in the user's browser, maximised. Tells the user when that did not work; a run-time error is reported
-/// under "Random.OpenBrowser".
+/// Opens a web page in the user's browser, maximised. Tells the user when that did not work; a run-time error is
+/// reported under "Random.OpenBrowser".
 /// @param address of http or https, or without a scheme. Anything else, as a path or a program, opens nothing and is
 /// reported as an error, but not to the user.
 void OpenBrowser(Component& component, std::wstring_view address = makersWebSite);

@@ -16,82 +16,42 @@ class AddressChecksTest : public ComponentTest {
   std::shared_ptr<frmRandomInfo> form = std::make_shared<frmRandomInfo>(component, forms::Border::dialog);
 };
 
-TEST_F(AddressChecksTest, EmailAddresses) {
+TEST_F(AddressChecksTest, ARefusalSaysWhatIsWanted) {
   const std::wstring complete = L"Please enter a complete e-mail address with the form 'name@example.com'.";
   const std::wstring valid = L"Please enter a valid e-mail address with the form 'name@example.com'.";
+  const std::wstring none = L"untouched";  // accepted
+  const std::wstring longest(1'000'000, L'a');
   struct Case {
     std::wstring address;
-    std::wstring message{};  // empty: accepted
+    Flag16 allowEmpty;
+    std::wstring message;
   };
   const Case cases[] = {
-      {L"a@b.c"},
-      {L"NAME@EXAMPLE.COM"},
-      {L"first.last+tag@sub-domain.example.co"},
-      {L"!#$%&'*+/=?^_`{|}~-@x1.y2"},
-      {L"o'brien@example.com"},
-      {L"", complete},
-      {L"    ", complete},
-      {L"a@b.", complete},
-      {L" a@b  ", complete},
-      {L"@@@@", complete},
-      {L"abcde", valid},
-      {L"a@bcd", valid},
-      {L" a@b.c", valid},
-      {L"a@b.c ", valid},
-      {L".a@b.cd", valid},
-      {L"a.@b.cd", valid},
-      {L"a..b@c.de", valid},
-      {L"a@b..cd", valid},
-      {L"a@-b.cd", valid},
-      {L"a@b-.cd", valid},
-      {L"a@b.cd-", valid},
-      {L"a@b@c.de", valid},
-      {L"a b@c.de", valid},
-      {L"\u00e9@example.com", valid},
-      {L"a@example.com\n", valid},
-      {std::wstring(1000000, L'a') + L"@example.com"},
-      {L"a@" + std::wstring(1000000, L'a') + L".", valid},
+      {L"a@b.c", 0, none},
+      {L"", 0, complete},
+      {L"    ", 0, complete},
+      {L"", -1, none},
+      {L"   ", -1, none},
+      {L"abc", -1, complete},
+      {L" a@b  ", 0, complete},
+      {L"@@@@", 0, complete},
+      {L"abcde", 0, valid},
+      {L" a@b.c", 0, valid},
+      {L"a@b.c ", 0, valid},
+      {longest + L"@example.com", 0, none},
+      {L"a@" + longest + L".", 0, valid},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.address.substr(0, 40));
-    std::wstring message = L"untouched";
-    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, flagFalse), flag(c.message.empty()));
-    EXPECT_EQ(message, c.message.empty() ? L"untouched" : c.message);
+    std::wstring message = none;
+    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, c.allowEmpty), flag(c.message == none));
+    EXPECT_EQ(message, c.message);
   }
-  std::wstring message = L"untouched";
-  EXPECT_EQ(form->ValidateEmailAddress(L"", message, flagTrue), flagTrue);
-  EXPECT_EQ(form->ValidateEmailAddress(L"   ", message, flagTrue), flagTrue);
-  EXPECT_EQ(message, L"untouched");
-  EXPECT_EQ(form->ValidateEmailAddress(L"abc", message, flagTrue), flagFalse);
-  EXPECT_EQ(message, complete);
-}
-
-TEST_F(AddressChecksTest, WebSites) {
-  struct Case {
-    std::wstring site;
-    Flag16 accepted;
-  };
-  const Case cases[] = {
-      {L"www.example.com", -1},
-      {L"WWW.EXAMPLE.COM", -1},
-      {L"abc.", -1},
-      {L"a.", -1},
-      {L"x y.z", -1},
-      {L"..", -1},
-      {L"www.", -1},
-      {L"abc", 0},
-      {L".abc", 0},
-      {L".", 0},
-      {L"", 0},
-      {std::wstring(1000000, L'a') + L".", -1},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.site.substr(0, 40));
-    std::wstring message = L"untouched";
-    EXPECT_EQ(form->ValidateWebsite(c.site, message), c.accepted);
-    EXPECT_EQ(message,
-              c.accepted != 0 ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
-  }
+  std::wstring message = none;
+  EXPECT_EQ(form->ValidateWebsite(longest + L".", message), flagTrue);
+  EXPECT_EQ(message, none);
+  EXPECT_EQ(form->ValidateWebsite(L"abc", message), flagFalse);
+  EXPECT_EQ(message, L"Please enter a valid website with the form\r\n'www.example.com'.");
 }
 
 TEST_F(AddressChecksTest, GeneratedTextsAreJudgedAsByThePatterns) {
