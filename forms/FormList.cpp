@@ -1,6 +1,6 @@
 #include "forms/FormList.h"
 
-#include <ranges>
+#include <algorithm>
 
 #include "forms/Form.h"
 
@@ -12,8 +12,9 @@ void FormList::remove(const Form& form) {
 }
 
 void FormList::unloadAll(std::wstring_view name) const {
-  const auto forms = all();
-  for (const auto& form : std::views::reverse(forms)) {
+  auto forms = all();
+  std::ranges::reverse(forms);
+  for (const auto& form : forms) {
     if (form->name() == name) form->unload();
   }
 }

@@ -18,8 +18,8 @@ class FormList {
   std::vector<std::shared_ptr<Form>> all() const { return forms_; }
   bool empty() const { return forms_.empty(); }
 
-  /// Unloads, as by code, every form of this name, the last loaded first: one that stands over another would go with its
-  /// window otherwise, and not by code.
+  /// Unloads, as by code, every form of this name, the last loaded first: one that stands over another would go with
+  /// its window otherwise, and not by code.
   void unloadAll(std::wstring_view name) const;
 
   /// The form that the user last worked in. Message boxes and the host's own windows do not change it.

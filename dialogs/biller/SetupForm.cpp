@@ -205,7 +205,8 @@ void frmRandomInfo::SetupIndividualForm() {
 
 void frmRandomInfo::selectCurrency() {
   const std::wstring& currency = store().PayeeCurrency;
-  setCurrency(currency.empty() || currency == separatorCode ? homeCurrency_ : currency);
+  if (currency == separatorCode) return setCurrency(canadianDollar);
+  setCurrency(currency.empty() ? homeCurrency_ : currency);
 }
 
 void frmRandomInfo::Form_Activate() {

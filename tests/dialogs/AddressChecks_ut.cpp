@@ -16,81 +16,42 @@ class AddressChecksTest : public ComponentTest {
   std::shared_ptr<frmRandomInfo> form = std::make_shared<frmRandomInfo>(component, forms::Border::dialog);
 };
 
-TEST_F(AddressChecksTest, EmailAddresses) {
+TEST_F(AddressChecksTest, ARefusalSaysWhatIsWanted) {
   const std::wstring complete = L"Please enter a complete e-mail address with the form 'name@example.com'.";
   const std::wstring valid = L"Please enter a valid e-mail address with the form 'name@example.com'.";
+  const std::wstring none = L"untouched";  // accepted
+  const std::wstring longest(1'000'000, L'a');
   struct Case {
     std::wstring address;
-    std::wstring message{};  // empty: accepted
+    bool allowEmpty;
+    std::wstring message;
   };
   const Case cases[] = {
-      {L"a@b.c"},
-      {L"NAME@EXAMPLE.COM"},
-      {L"first.last+tag@sub-domain.example.co"},
-      {L"!#$%&'*+/=?^_`{|}~-@x1.y2"},
-      {L"o'brien@example.com"},
-      {L"", complete},
-      {L"    ", complete},
-      {L"a@b.", complete},
-      {L" a@b  ", complete},
-      {L"@@@@", complete},
-      {L"abcde", valid},
-      {L"a@bcd", valid},
-      {L" a@b.c", valid},
-      {L"a@b.c ", valid},
-      {L".a@b.cd", valid},
-      {L"a.@b.cd", valid},
-      {L"a..b@c.de", valid},
-      {L"a@b..cd", valid},
-      {L"a@-b.cd", valid},
-      {L"a@b-.cd", valid},
-      {L"a@b.cd-", valid},
-      {L"a@b@c.de", valid},
-      {L"a b@c.de", valid},
-      {L"\u00e9@example.com", valid},
-      {L"a@example.com\n", valid},
-      {std::wstring(1000000, L'a') + L"@example.com"},
-      {L"a@" + std::wstring(1000000, L'a') + L".", valid},
+      {L"a@b.c", false, none},
+      {L"", false, complete},
+      {L"    ", false, complete},
+      {L"", true, none},
+      {L"   ", true, none},
+      {L"abc", true, complete},
+      {L" a@b  ", false, complete},
+      {L"@@@@", false, complete},
+      {L"abcde", false, valid},
+      {L" a@b.c", false, valid},
+      {L"a@b.c ", false, valid},
+      {longest + L"@example.com", false, none},
+      {L"a@" + longest + L".", false, valid},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.address.substr(0, 40));
-    std::wstring message = L"untouched";
-    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, false), c.message.empty());
-    EXPECT_EQ(message, c.message.empty() ? L"untouched" : c.message);
+    std::wstring message = none;
+    EXPECT_EQ(form->ValidateEmailAddress(c.address, message, c.allowEmpty), c.message == none);
+    EXPECT_EQ(message, c.message);
   }
-  std::wstring message = L"untouched";
-  EXPECT_TRUE(form->ValidateEmailAddress(L"", message, true));
-  EXPECT_TRUE(form->ValidateEmailAddress(L"   ", message, true));
-  EXPECT_EQ(message, L"untouched");
-  EXPECT_FALSE(form->ValidateEmailAddress(L"abc", message, true));
-  EXPECT_EQ(message, complete);
-}
-
-TEST_F(AddressChecksTest, WebSites) {
-  struct Case {
-    std::wstring site;
-    bool accepted;
-  };
-  const Case cases[] = {
-      {L"www.example.com", true},
-      {L"WWW.EXAMPLE.COM", true},
-      {L"abc.", true},
-      {L"a.", true},
-      {L"x y.z", true},
-      {L"..", true},
-      {L"www.", true},
-      {L"abc", false},
-      {L".abc", false},
-      {L".", false},
-      {L"", false},
-      {std::wstring(1000000, L'a') + L".", true},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.site.substr(0, 40));
-    std::wstring message = L"untouched";
-    EXPECT_EQ(form->ValidateWebsite(c.site, message), c.accepted);
-    EXPECT_EQ(message, c.accepted ? L"untouched" : L"Please enter a valid website with the form\r\n'www.example.com'.");
-  }
+  std::wstring message = none;
+  EXPECT_EQ(form->ValidateWebsite(longest + L".", message), true);
+  EXPECT_EQ(message, none);
+  EXPECT_EQ(form->ValidateWebsite(L"abc", message), false);
+  EXPECT_EQ(message, L"Please enter a valid website with the form\r\n'www.example.com'.");
 }
 
 TEST_F(AddressChecksTest, GeneratedTextsAreJudgedAsByThePatterns) {

@@ -127,29 +127,6 @@ void postOfficeBoxes(World& world, Input input) {
   }
 }
 
-/// The checksum, in the form in which the banks publish it.
-bool hasChecksum(std::wstring_view number) {
-  int d[9];
-  std::ranges::transform(number, d, [](wchar_t c) { return isDigit(c) ? c - L'0' : 0; });
-  return (3 * (d[0] + d[3] + d[6]) + 7 * (d[1] + d[4] + d[7]) + (d[2] + d[5] + d[8])) % 10 == 0;
-}
-
-void routingNumbers(World& world, Input input) {
-  std::wstring& biller = world.component.store.WhatKindOfBiller;
-  const auto accepted = [&](std::wstring_view kind) {
-    biller = kind;
-    return Random::ValidateABANumber(world.component, input.all());
-  };
-  const std::wstring_view number = trimmed(input.all());
-  const bool domestic = accepted(L" ");
-  EXPECT_EQ(domestic, number.size() == 9 && hasChecksum(number));
-  const bool other = accepted(L"U");
-  if (other) {
-    EXPECT_TRUE(domestic) << "the prefix is a further condition";
-    EXPECT_TRUE(isDigit(number[0]) && isDigit(number[1]));
-  }
-}
-
 void businessNumbers(World& world, Input input) {
   const std::wstring text(input.all());
   const bool accepted = Random::VerifyBusinessNumber(world.component, text);
@@ -201,24 +178,6 @@ void bankNumbers(World& world, Input input) {
                     Random::ValidateBankAccount(world.component, bankId, transit, account, message, length, false));
 }
 
-void emailAddresses(World& world, Input input) {
-  const std::wstring_view address = input.all();
-  std::wstring message;
-  const bool accepted = world.form->ValidateEmailAddress(address, message, false);
-  EXPECT_EQ(message.empty(), accepted);
-  EXPECT_EQ(world.form->ValidateEmailAddress(address, message, true), accepted || isBlank(address));
-  if (accepted) {
-    const auto at = address.find(L'@');
-    EXPECT_EQ(std::ranges::count(address, L'@'), 1);
-    EXPECT_NE(address.find(L'.', at), address.npos);
-    EXPECT_EQ(address.find(L".."), address.npos);
-    EXPECT_TRUE(std::ranges::all_of(address, [](wchar_t c) { return c > 32 && c < 127; }));
-  }
-  std::wstring upper(address);
-  std::ranges::transform(upper, upper.begin(), asciiUpper);
-  EXPECT_EQ(world.form->ValidateEmailAddress(upper, message, false), accepted);
-}
-
 void emailCharacters(World& world, Input input) {
   const std::wstring_view address = input.all();
   const bool accepted = world.form->IsEmailValid(address);
@@ -231,20 +190,6 @@ void emailCharacters(World& world, Input input) {
   std::wstring upper(address);
   std::ranges::transform(upper, upper.begin(), asciiUpper);
   EXPECT_EQ(world.form->IsEmailValid(upper), accepted);
-}
-
-/// A dot with another character of its line before it.
-void webSites(World& world, Input input) {
-  const std::wstring_view site = input.all();
-  constexpr std::wstring_view lineEnds = L"\r\n\u2028\u2029";
-  bool dotInside = false;
-  for (std::size_t i = 1; i < site.size(); ++i) {
-    dotInside |= site[i] == L'.' && lineEnds.find(site[i - 1]) == lineEnds.npos;
-  }
-  std::wstring message;
-  const bool accepted = world.form->ValidateWebsite(site, message);
-  EXPECT_EQ(accepted, dotInside);
-  EXPECT_EQ(message.empty(), accepted);
 }
 
 using Cells = std::vector<std::wstring>;
@@ -282,9 +227,8 @@ void countryFiles(World&, Input input) {
 }
 
 using Rule = void(World&, Input);
-Rule* const rules[] = {cleansing,       padding,         letters,     provinces,   postOfficeBoxes,
-                       routingNumbers,  businessNumbers, accounts,    bankNumbers, emailAddresses,
-                       emailCharacters, webSites,        countryFiles};
+Rule* const rules[] = {cleansing,       padding,  letters,     provinces,       postOfficeBoxes,
+                       businessNumbers, accounts, bankNumbers, emailCharacters, countryFiles};
 
 std::wstring textOf(const std::uint8_t* data, std::size_t size) {
   std::wstring text;

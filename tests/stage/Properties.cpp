@@ -28,7 +28,7 @@ class Given final : public HostValue {
   bool truth() const override { return number() != 0; }
   std::int16_t number() const {
     if (const auto* number = std::get_if<std::int16_t>(&value_)) return *number;
-    if (const auto* truth = std::get_if<bool>(&value_)) return flag(*truth);
+    if (const auto* truth = std::get_if<bool>(&value_)) return *truth ? flagTrue : flagFalse;
     throw RuntimeError(ErrorNumber::typeMismatch);
   }
   StringArray array() const override {

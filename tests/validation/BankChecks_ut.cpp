@@ -1,7 +1,9 @@
 // The bank and business number checks of module Random, against a verifier that answers as it is told.
 #include <optional>
+#include <random>
 #include <regex>
 
+#include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
 #include "validation/BankChecks.h"
 #include "validation/BusinessNumber.h"
@@ -198,11 +200,6 @@ TEST_F(BankChecksTest, AFailingVerifierIsReportedOnceAndTheResultIsNothing) {
   }
 }
 
-/// Routing numbers that are in use.
-constexpr const wchar_t* assigned[] = {L"021000021", L"011401533", L"091000019", L"026009593", L"122105155",
-                                       L"322271627", L"111000025", L"071000013", L"121000248", L"011000015",
-                                       L"061000104", L"031201360", L"053000196", L"065000090", L"291070001"};
-
 TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
   struct Case {
     const wchar_t* number;
@@ -210,13 +207,9 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     bool unitedStates;
   };
   const Case cases[] = {
-      {L"021000021", true, true},    {L"131000021", true, false},  // 13 is no prefix, though the checksum passes
-      {L"021000022", false, false},  {L"02100002", false, false},
-      {L"0210000210", false, false}, {L"", false, false},
-      {L" 021000021", true, false},  {L"021000021 ", true, true},  // the prefix is looked for before trimming
-      {L"000000000", true, false},   {L"0A1000021", false, false},
-      {L"02100002A", false, false},  {L"AAAAAAAAA", true, false},  // what is no digit counts as 0
-      {L"33-000000", true, false},
+      {L"021000021", true, true},   {L"131000021", true, false},  // 13 is no prefix, though the checksum passes
+      {L"021000022", false, false}, {L"02100002", false, false}, {L"0210000210", false, false}, {L"", false, false},
+      {L" 021000021", true, false}, {L"021000021 ", true, true},  // the prefix is looked for before trimming
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.number);
@@ -226,42 +219,30 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.unitedStates);
   }
 
-  const std::wregex prefixes(
+  const std::wregex prefix(
       L"\\b(01|02|03|04|05|06|07|08|09|10|11|12|21|22|23|24|25|26|27|28|29|30|31|32|61|62|63|64|65|66|67|68|69|70|71|"
       L"72)"
       L"\\b");
-  constexpr std::wstring_view characters = L"0123456789 aZ-_\u00e9\u0661";
-  for (const wchar_t first : characters) {
-    for (const wchar_t second : characters) {
-      std::wstring number = {first, second, L'0', L'0', L'0', L'0', L'0', L'0', L'0'};
-      component.store.WhatKindOfBiller = L" ";
-      while (!Random::ValidateABANumber(component, number) && number.back() < L'9') ++number.back();
-      component.store.WhatKindOfBiller = L"U";
-      const bool assignedPrefix = std::regex_search(number.substr(0, 2), prefixes);
-      EXPECT_EQ(Random::ValidateABANumber(component, number), assignedPrefix) << number;
+  std::mt19937 random(1);
+  int accepted = 0;
+  for (int i = 0; i < 20'000; ++i) {
+    std::wstring number;
+    int d[9];
+    for (int& digit : d) {
+      number += L"01234567890123456789 aZ-_\u00e9\u0661"[random() % (number.size() < 2 ? 27 : 20)];
+      digit = isDigit(number.back()) ? number.back() - L'0' : 0;
     }
+    // The checksum in the form in which the banks publish it.
+    const int sum = 3 * (d[0] + d[3] + d[6]) + 7 * (d[1] + d[4] + d[7]) + (d[2] + d[5] + d[8]);
+    const bool domestic = sum % 10 == 0 && number.front() != L' ';
+    component.store.WhatKindOfBiller = L" ";
+    EXPECT_EQ(Random::ValidateABANumber(component, number), domestic) << number;
+    component.store.WhatKindOfBiller = L"U";
+    const bool everywhere = domestic && std::regex_search(number.substr(0, 2), prefix);
+    EXPECT_EQ(Random::ValidateABANumber(component, number), everywhere) << number;
+    accepted += everywhere ? 1 : 0;
   }
-}
-
-TEST_F(BankChecksTest, TheChecksumFindsSlipsButSwappedNeighboursThatDifferByFive) {
-  component.store.WhatKindOfBiller = L" ";  // the checksum alone, without the prefix
-  for (const std::wstring number : assigned) {
-    ASSERT_TRUE(Random::ValidateABANumber(component, number)) << number;
-    for (std::size_t at = 0; at < number.size(); ++at) {
-      std::wstring wrong = number;
-      for (wchar_t digit = L'0'; digit <= L'9'; ++digit) {
-        wrong[at] = digit;
-        EXPECT_EQ(Random::ValidateABANumber(component, wrong), wrong == number) << number << " as " << wrong;
-      }
-      if (at == 0) continue;
-      std::wstring swapped = number;
-      std::swap(swapped[at - 1], swapped[at]);
-      // The weights of neighbours differ by 4, 6 or 2: times 5 that is a full ten, and the slip goes unseen.
-      const int difference = std::abs(number[at - 1] - number[at]);
-      const bool unseen = difference == 0 || difference == 5;
-      EXPECT_EQ(Random::ValidateABANumber(component, swapped), unseen) << number << " as " << swapped;
-    }
-  }
+  EXPECT_GT(accepted, 200);
 }
 
 TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
