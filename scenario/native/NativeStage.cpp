@@ -1,4 +1,4 @@
-#include "tests/stage/NativeStage.h"
+#include "scenario/native/NativeStage.h"
 
 #include <algorithm>
 
@@ -8,14 +8,9 @@
 #include "scenario/Failure.h"
 #include "scenario/Player.h"
 #include "scenario/Text.h"
-#include "tests/stage/Properties.h"
+#include "scenario/native/Properties.h"
 
-namespace nv::test {
-
-using scenario::Dialog;
-using scenario::Failure;
-using scenario::noDialog;
-using scenario::Showing;
+namespace nv::scenario {
 
 namespace {
 
@@ -86,7 +81,7 @@ template <class Work>
 auto NativeStage::onHost(Work work) {
   auto result = thread_.begin(std::move(work));
   if (!ready(result)) {
-    if (const auto& box = messageBox()) scenario::failUnexpected(*box);
+    if (const auto& box = messageBox()) failUnexpected(*box);
     throw Failure(L"the call does not return");
   }
   settle();
@@ -144,11 +139,11 @@ void NativeStage::release(const std::wstring& instance) {
   onHost([&] { instances_.erase(instance); });
 }
 
-void NativeStage::put(const std::wstring& property, const scenario::Value& value) {
+void NativeStage::put(const std::wstring& property, const Value& value) {
   onHost([&random = *inUse().random, &property, &value] { putProperty(random, property, value); });
 }
 
-scenario::Value NativeStage::get(const std::wstring& property) {
+Value NativeStage::get(const std::wstring& property) {
   return onHost([&random = *inUse().random, &property] { return getProperty(random, property); });
 }
 
@@ -259,9 +254,9 @@ Dialog NativeStage::awaitDialog(const std::wstring& name) {
   return found.back();
 }
 
-void NativeStage::click(Dialog dialog, const std::wstring& control, scenario::MouseButton button) {
+void NativeStage::click(Dialog dialog, const std::wstring& control, MouseButton button) {
   User user = reaching(dialog, control);
-  const bool left = button == scenario::MouseButton::left;
+  const bool left = button == MouseButton::left;
   menuOf_ = left ? nullptr : dynamic_cast<forms::TextBox*>(&user.control(control));
   act([=]() mutable { left ? user.click(control) : user.rightClick(control); });
 }
@@ -276,13 +271,11 @@ void NativeStage::choose(Dialog dialog, const std::wstring& list, const std::wst
   act([=]() mutable { user.choose(list, cell); });
 }
 
-void NativeStage::press(const scenario::Chord& chord) {
+void NativeStage::press(const Chord& chord) {
   const int code = chord.back();
   int shift = 0;
   for (std::size_t i = 0; i + 1 < chord.size(); ++i) {
-    shift |= chord[i] == scenario::keys::shift     ? forms::shiftKey
-             : chord[i] == scenario::keys::control ? forms::controlKey
-                                                   : forms::altKey;
+    shift |= chord[i] == keys::shift ? forms::shiftKey : chord[i] == keys::control ? forms::controlKey : forms::altKey;
   }
   User user = activeUser();
   if (auto* const field = std::exchange(menuOf_, nullptr)) {
@@ -318,7 +311,7 @@ void NativeStage::endSession(Dialog dialog) {
 
 bool NativeStage::hostEnabled() const {
   return std::ranges::none_of(component_.forms.all(), [this](const auto& form) {
-    const FormWindow* const window = widgetset_.window(*form);
+    const test::FormWindow* const window = widgetset_.window(*form);
     return window != nullptr && window->visible() && window->modal();
   });
 }
@@ -353,7 +346,7 @@ bool isPlace(std::wstring_view aspect) {
 
 std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstring_view aspect) {
   const forms::Control& control = user.control(name);
-  const Seen& seen = user.seen(name);
+  const test::Seen& seen = user.seen(name);
   const auto* const field = dynamic_cast<const forms::TextField*>(&control);
   const bool list = control.kind() == forms::Kind::comboBox || control.kind() == forms::Kind::dropDownList;
   if (aspect == L"text" || aspect == L"caption") return seen.text;
@@ -365,7 +358,7 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   if (aspect == L"font") return seen.font.name;
   if (aspect == L"maxlength") return std::to_wstring(seen.maxLength);
   if (aspect == L"rows") return list ? std::to_wstring(seen.rows.size()) : L"no list";
-  if (aspect == L"row") return list ? scenario::replaced(user.row(name), L";", L"\t") : L"no list";
+  if (aspect == L"row") return list ? replaced(user.row(name), L";", L"\t") : L"no list";
   if (aspect == L"columns") {
     const auto* const columns = dynamic_cast<const forms::DropDownList*>(&control);
     return columns != nullptr ? std::to_wstring(columns->columns().size()) : list ? L"1" : L"no list";
@@ -406,7 +399,7 @@ std::wstring NativeStage::look(Dialog dialog, const std::wstring& window, const 
   return lookAt(embedded ? place : forms::Place{0, 0, place.width, place.height}, aspect);
 }
 
-scenario::Message NativeStage::awaitMessageBox() {
+Message NativeStage::awaitMessageBox() {
   if (const auto& box = messageBox()) return *box;
   throw Failure(L"no message box appears");
 }
@@ -424,12 +417,12 @@ void NativeStage::answer(const std::wstring& button) {
 // What is around
 
 std::wstring NativeStage::path(const std::wstring& file) const {
-  return installationRoot + scenario::replaced(file, L"/", L"\\");
+  return installationRoot + replaced(file, L"/", L"\\");
 }
 
 std::optional<std::vector<std::wstring>> NativeStage::lines(const std::wstring& file) {
   if (!files_.exists(path(file))) return std::nullopt;
-  return scenario::splitLines(files_.text(path(file)));
+  return splitLines(files_.text(path(file)));
 }
 
 bool NativeStage::exists(const std::wstring& fileOrFolder) {
@@ -472,4 +465,4 @@ void NativeStage::setCountries(const std::wstring& text) {
   files_.put(path(binaries) + L"FXCountries", StandIns::enciphered(text));
 }
 
-}  // namespace nv::test
+}  // namespace nv::scenario
