@@ -16,22 +16,25 @@ namespace {
 
 /// Fails when something that can be seen in the form overlaps something else, or reaches out of what it stands in.
 void checkLayout(const User& user) {
-  const auto& controls = user.form().controls();
-  for (auto one = controls.begin(); one != controls.end(); ++one) {
-    const std::wstring name = (*one)->fullName();
-    if (!user.visible(name)) continue;
-    const forms::Place place = user.seen(name).place;
-    const forms::Frame* const frame = (*one)->frame();
-    const forms::Place around = frame != nullptr ? user.seen(frame->fullName()).place : user.form().place();
+  struct Shown {
+    const forms::Control* control;
+    forms::Place place;
+  };
+  std::vector<Shown> shown;
+  for (const forms::Control* control : user.form().controls()) {
+    if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});
+  }
+  for (const auto& [control, place] : shown) {
+    const forms::Frame* const frame = control->frame();
+    const forms::Place around = frame != nullptr ? frame->place() : user.form().place();
     if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
-      throw Failure(name + L" reaches out of what it stands in");
+      throw Failure(control->fullName() + L" reaches out of what it stands in");
     }
-    for (auto other = controls.begin(); other != one; ++other) {
-      if ((*other)->frame() != frame || !user.visible((*other)->fullName())) continue;
-      const forms::Place second = user.seen((*other)->fullName()).place;
-      if (place.left < second.right() && second.left < place.right() && place.top < second.bottom() &&
-          second.top < place.bottom()) {
-        throw Failure(name + L" overlaps " + (*other)->fullName());
+    for (const auto& [other, second] : shown) {
+      if (other == control) break;
+      if (other->frame() == frame && place.left < second.right() && second.left < place.right() &&
+          place.top < second.bottom() && second.top < place.bottom()) {
+        throw Failure(control->fullName() + L" overlaps " + other->fullName());
       }
     }
   }
