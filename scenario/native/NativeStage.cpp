@@ -14,7 +14,8 @@ namespace nv::scenario {
 
 namespace {
 
-/// Fails when something that can be seen in the form overlaps something else, or reaches out of what it stands in.
+/// Fails when something that can be seen in the form has no size, overlaps something else, or reaches out of what it
+/// stands in.
 void checkLayout(const User& user) {
   struct Shown {
     const forms::Control* control;
@@ -25,6 +26,7 @@ void checkLayout(const User& user) {
     if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});
   }
   for (const auto& [control, place] : shown) {
+    if (place.width <= 0 || place.height <= 0) throw Failure(control->fullName() + L" has no size");
     const forms::Frame* const frame = control->frame();
     const forms::Place around = frame != nullptr ? frame->place() : user.form().place();
     if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
