@@ -74,9 +74,13 @@ Action readTwoTexts(Tokens& tokens) {
 }
 
 template <void (Stage::*act)(const std::wstring&)>
-Action readText(Tokens& tokens) {
-  const std::wstring text = tokens.text();
-  return [=](Player& player, const Statement&) { (player.stage().*act)(text); };
+Action readTexts(Tokens& tokens) {
+  std::vector<std::wstring> texts;
+  do texts.push_back(tokens.text());
+  while (!tokens.atEnd());
+  return [=](Player& player, const Statement&) {
+    for (const std::wstring& text : texts) (player.stage().*act)(text);
+  };
 }
 
 Action readExpectClipboard(Tokens& tokens) {
@@ -93,12 +97,12 @@ constexpr Command installationTable[] = {
     {L"file", L"file \"FILE\" has \"LINE\" | is MODELFILE | absent", anywhere, readFile},
     {L"write", L"write \"FILE\" \"TEXT\"", anywhere, readTwoTexts<&Stage::write>},
     {L"copy", L"copy \"FROM\" \"TO\"", anywhere, readTwoTexts<&Stage::copy>},
-    {L"folder", L"folder \"FOLDER\"", anywhere, readText<&Stage::makeFolder>},
-    {L"remove", L"remove \"FILE OR FOLDER\"", anywhere, readText<&Stage::remove>},
-    {L"lock", L"lock \"FILE\"", anywhere, readText<&Stage::lock>},
-    {L"unlock", L"unlock \"FILE\"", anywhere, readText<&Stage::unlock>},
-    {L"readonly", L"readonly \"FILE OR FOLDER\"", anywhere, readText<&Stage::makeReadOnly>},
-    {L"clipboard", L"clipboard \"TEXT\"", anywhere, readText<&Stage::setClipboard>},
+    {L"folder", L"folder \"FOLDER\"...", anywhere, readTexts<&Stage::makeFolder>},
+    {L"remove", L"remove \"FILE OR FOLDER\"...", anywhere, readTexts<&Stage::remove>},
+    {L"lock", L"lock \"FILE\"...", anywhere, readTexts<&Stage::lock>},
+    {L"unlock", L"unlock \"FILE\"...", anywhere, readTexts<&Stage::unlock>},
+    {L"readonly", L"readonly \"FILE OR FOLDER\"...", anywhere, readTexts<&Stage::makeReadOnly>},
+    {L"clipboard", L"clipboard \"TEXT\"", anywhere, readTexts<&Stage::setClipboard>},
     {L"expect-clipboard", L"expect-clipboard \"TEXT\"", anywhere, readExpectClipboard},
 };
 

@@ -1,12 +1,9 @@
-#include "tests/stage/StandIns.h"
+#include "scenario/native/StandIns.h"
 
 #include "platform/Text.h"
 #include "scenario/Text.h"
 
-namespace nv::test {
-
-using scenario::Answer;
-using scenario::Value;
+namespace nv::scenario {
 
 namespace {
 
@@ -49,13 +46,13 @@ class Verifier final : public platform::AccountVerifier {
 
  private:
   void put(const std::wstring& property, const Value& value) {
-    puts_.append(L" ").append(property).append(L" ").append(scenario::shown(value));
+    puts_.append(L" ").append(property).append(L" ").append(shown(value));
     failAsTold(standIns_.answerOf(L"put " + property).value_or(Answer()));
   }
 
   std::int16_t call(const wchar_t* member, std::initializer_list<Value> arguments, std::wstring& text,
                     std::int16_t* number = nullptr) {
-    standIns_.note(scenario::askedFile, scenario::question(member, arguments, puts_));
+    standIns_.note(askedFile, question(member, arguments, puts_));
     const Answer answer = standIns_.answerOf(member).value_or(Answer());
     if (answer.handedOut != Answer::Text::asItCame) text = answer.text;
     if (answer.length && number != nullptr) *number = *answer.length;
@@ -80,7 +77,7 @@ class Verifier final : public platform::AccountVerifier {
 }  // namespace
 
 std::optional<Answer> StandIns::answerOf(const std::wstring& member) const {
-  return scenario::answerOf(member, scenario::splitLines(files_.text(root_ + scenario::answersFile)), root_);
+  return scenario::answerOf(member, splitLines(files_.text(root_ + answersFile)), root_);
 }
 
 void StandIns::note(const wchar_t* file, const std::wstring& line) {
@@ -103,7 +100,7 @@ void StandIns::load(const std::wstring& folder, const wchar_t* name) {
 
 std::int16_t StandIns::checkBankId(const std::wstring& folder, const std::wstring& bankId) {
   load(folder, L"Acctvfy.dll");
-  note(scenario::askedFile, scenario::question(L"Check_bank_id", {bankId}));
+  note(askedFile, question(L"Check_bank_id", {bankId}));
   return answerOf(L"Check_bank_id").value_or(Answer()).result;
 }
 
@@ -113,8 +110,8 @@ std::int16_t StandIns::checkBankAccount(const std::wstring& folder, const std::w
   constexpr std::size_t buffer = 256;    // what the library is told nothing of,
   constexpr std::size_t behind = 65536;  // and what it can write beyond it before the check is given up
   load(folder, L"Acctvfy.dll");
-  note(scenario::askedFile, scenario::question(L"Check_bank_account2", {bankId, transit, account, std::int16_t{buffer},
-                                                                        std::int16_t{0}, std::int16_t{0}}));
+  note(askedFile, question(L"Check_bank_account2",
+                           {bankId, transit, account, std::int16_t{buffer}, std::int16_t{0}, std::int16_t{0}}));
   const Answer told = answerOf(L"Check_bank_account2").value_or(Answer());
   if (told.text.size() >= buffer + behind) throw RuntimeError(ErrorNumber::invalidCall);
   message = trimmed(std::wstring_view(told.text).substr(0, buffer));
@@ -123,7 +120,7 @@ std::int16_t StandIns::checkBankAccount(const std::wstring& folder, const std::w
 
 bool StandIns::decipherFile(const std::wstring& folder, const std::wstring& from, const std::wstring& to) {
   load(folder, L"kvd8rq3x.dll");
-  note(scenario::askedFile, scenario::question(L"DES_decrypt_file", {from, to}));
+  note(askedFile, question(L"DES_decrypt_file", {from, to}));
   if (const auto answer = answerOf(L"DES_decrypt_file")) return answer->result != 0;
   try {
     const std::wstring bytes = files_.read(from);
@@ -149,4 +146,4 @@ void StandIns::showHelp(const std::wstring& file, std::uint32_t topic, std::intp
   note(L"Help.txt", file + L" command 15 topic " + std::to_wstring(topic) + L" for " + windowName(window));
 }
 
-}  // namespace nv::test
+}  // namespace nv::scenario

@@ -1,14 +1,11 @@
-#include "tests/stage/Properties.h"
+#include "scenario/native/Properties.h"
 
 #include <map>
 #include <variant>
 
 #include "scenario/Failure.h"
 
-namespace nv::test {
-
-using scenario::CallError;
-using scenario::Value;
+namespace nv::scenario {
 
 namespace {
 
@@ -32,12 +29,12 @@ class Given final : public HostValue {
     throw RuntimeError(ErrorNumber::typeMismatch);
   }
   StringArray array() const override {
-    if (const auto* list = std::get_if<scenario::TextList>(&value_)) {
+    if (const auto* list = std::get_if<TextList>(&value_)) {
       StringArray array({{0, static_cast<std::int32_t>(list->size()) - 1}});
       array.elements() = *list;
       return array;
     }
-    const auto* table = std::get_if<scenario::TextTable>(&value_);
+    const auto* table = std::get_if<TextTable>(&value_);
     if (table == nullptr) throw RuntimeError(ErrorNumber::typeMismatch);
     StringArray array(
         {{0, static_cast<std::int32_t>(table->size()) - 1}, {0, static_cast<std::int32_t>(table->front().size()) - 1}});
@@ -126,4 +123,4 @@ const std::vector<std::wstring>& readableProperties() {
   return names;
 }
 
-}  // namespace nv::test
+}  // namespace nv::scenario

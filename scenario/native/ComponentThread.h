@@ -1,6 +1,6 @@
 // The thread that the component lives on. Whoever plays the host and the user does so from another one, and both never
 // run at the same time: work is handed over, and the giver goes on when the thread waits for more - in its own loop, or
-// in that of a modal form or a message box that the work has opened. For tests only.
+// in that of a modal form or a message box that the work has opened.
 #pragma once
 
 #include <condition_variable>
@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace nv::test {
+namespace nv::scenario {
 
 class ComponentThread {
  public:
@@ -74,4 +74,4 @@ bool ready(const std::future<Result>& result) {
   return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
-}  // namespace nv::test
+}  // namespace nv::scenario

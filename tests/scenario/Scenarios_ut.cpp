@@ -9,7 +9,7 @@
 
 #include "scenario/Player.h"
 #include "scenario/Text.h"
-#include "tests/stage/NativeStage.h"
+#include "scenario/native/NativeStage.h"
 
 namespace nv::test {
 namespace {
@@ -49,7 +49,7 @@ class Scenarios : public testing::TestWithParam<std::filesystem::path> {
 };
 
 TEST_P(Scenarios, PlayWithoutWindows) {
-  NativeStage stage(countries());
+  scenario::NativeStage stage(countries());
   scenario::Player player(stage, GetParam());
   const auto failure = player.play();
   EXPECT_FALSE(failure) << failure.value_or(L"");

@@ -1,5 +1,5 @@
 // The machine around a native scenario: the account verifier and the closed libraries, told and asked by lines of the
-// same files as nvhost's stand-ins; help viewer and browser, which note what they are to show. For tests only.
+// same files as nvhost's stand-ins; help viewer and browser, which note what they are to show.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,9 @@
 #include "scenario/Answers.h"
 #include "tests/support/FakeServices.h"
 
-namespace nv::test {
+namespace nv::scenario {
+
+using test::FakeFiles;
 
 /// A host installation in memory.
 class StandIns final : public platform::HostInstallation, public platform::Shell {
@@ -39,7 +41,7 @@ class StandIns final : public platform::HostInstallation, public platform::Shell
 
   // For the verifier.
 
-  std::optional<scenario::Answer> answerOf(const std::wstring& member) const;
+  std::optional<Answer> answerOf(const std::wstring& member) const;
   void note(const wchar_t* file, const std::wstring& line);
 
  private:
@@ -50,4 +52,4 @@ class StandIns final : public platform::HostInstallation, public platform::Shell
   std::set<std::wstring> loaded_;
 };
 
-}  // namespace nv::test
+}  // namespace nv::scenario

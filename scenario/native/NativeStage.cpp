@@ -1,4 +1,4 @@
-#include "tests/stage/NativeStage.h"
+#include "scenario/native/NativeStage.h"
 
 #include <algorithm>
 
@@ -8,35 +8,35 @@
 #include "scenario/Failure.h"
 #include "scenario/Player.h"
 #include "scenario/Text.h"
-#include "tests/stage/Properties.h"
+#include "scenario/native/Properties.h"
 
-namespace nv::test {
-
-using scenario::Dialog;
-using scenario::Failure;
-using scenario::noDialog;
-using scenario::Showing;
+namespace nv::scenario {
 
 namespace {
 
-/// Fails when something that can be seen in the form overlaps something else, or reaches out of what it stands in.
+/// Fails when something that can be seen in the form has no size, overlaps something else, or reaches out of what it
+/// stands in.
 void checkLayout(const User& user) {
-  const auto& controls = user.form().controls();
-  for (auto one = controls.begin(); one != controls.end(); ++one) {
-    const std::wstring name = (*one)->fullName();
-    if (!user.visible(name)) continue;
-    const forms::Place place = user.seen(name).place;
-    const forms::Frame* const frame = (*one)->frame();
-    const forms::Place around = frame != nullptr ? user.seen(frame->fullName()).place : user.form().place();
+  struct Shown {
+    const forms::Control* control;
+    forms::Place place;
+  };
+  std::vector<Shown> shown;
+  for (const forms::Control* control : user.form().controls()) {
+    if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});
+  }
+  for (const auto& [control, place] : shown) {
+    if (place.width <= 0 || place.height <= 0) throw Failure(control->fullName() + L" has no size");
+    const forms::Frame* const frame = control->frame();
+    const forms::Place around = frame != nullptr ? frame->place() : user.form().place();
     if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
-      throw Failure(name + L" reaches out of what it stands in");
+      throw Failure(control->fullName() + L" reaches out of what it stands in");
     }
-    for (auto other = controls.begin(); other != one; ++other) {
-      if ((*other)->frame() != frame || !user.visible((*other)->fullName())) continue;
-      const forms::Place second = user.seen((*other)->fullName()).place;
-      if (place.left < second.right() && second.left < place.right() && place.top < second.bottom() &&
-          second.top < place.bottom()) {
-        throw Failure(name + L" overlaps " + (*other)->fullName());
+    for (const auto& [other, second] : shown) {
+      if (other == control) break;
+      if (other->frame() == frame && place.left < second.right() && second.left < place.right() &&
+          place.top < second.bottom() && second.top < place.bottom()) {
+        throw Failure(control->fullName() + L" overlaps " + other->fullName());
       }
     }
   }
@@ -86,7 +86,7 @@ template <class Work>
 auto NativeStage::onHost(Work work) {
   auto result = thread_.begin(std::move(work));
   if (!ready(result)) {
-    if (const auto& box = messageBox()) scenario::failUnexpected(*box);
+    if (const auto& box = messageBox()) failUnexpected(*box);
     throw Failure(L"the call does not return");
   }
   settle();
@@ -144,11 +144,11 @@ void NativeStage::release(const std::wstring& instance) {
   onHost([&] { instances_.erase(instance); });
 }
 
-void NativeStage::put(const std::wstring& property, const scenario::Value& value) {
+void NativeStage::put(const std::wstring& property, const Value& value) {
   onHost([&random = *inUse().random, &property, &value] { putProperty(random, property, value); });
 }
 
-scenario::Value NativeStage::get(const std::wstring& property) {
+Value NativeStage::get(const std::wstring& property) {
   return onHost([&random = *inUse().random, &property] { return getProperty(random, property); });
 }
 
@@ -259,9 +259,9 @@ Dialog NativeStage::awaitDialog(const std::wstring& name) {
   return found.back();
 }
 
-void NativeStage::click(Dialog dialog, const std::wstring& control, scenario::MouseButton button) {
+void NativeStage::click(Dialog dialog, const std::wstring& control, MouseButton button) {
   User user = reaching(dialog, control);
-  const bool left = button == scenario::MouseButton::left;
+  const bool left = button == MouseButton::left;
   menuOf_ = left ? nullptr : dynamic_cast<forms::TextBox*>(&user.control(control));
   act([=]() mutable { left ? user.click(control) : user.rightClick(control); });
 }
@@ -276,13 +276,11 @@ void NativeStage::choose(Dialog dialog, const std::wstring& list, const std::wst
   act([=]() mutable { user.choose(list, cell); });
 }
 
-void NativeStage::press(const scenario::Chord& chord) {
+void NativeStage::press(const Chord& chord) {
   const int code = chord.back();
   int shift = 0;
   for (std::size_t i = 0; i + 1 < chord.size(); ++i) {
-    shift |= chord[i] == scenario::keys::shift     ? forms::shiftKey
-             : chord[i] == scenario::keys::control ? forms::controlKey
-                                                   : forms::altKey;
+    shift |= chord[i] == keys::shift ? forms::shiftKey : chord[i] == keys::control ? forms::controlKey : forms::altKey;
   }
   User user = activeUser();
   if (auto* const field = std::exchange(menuOf_, nullptr)) {
@@ -318,7 +316,7 @@ void NativeStage::endSession(Dialog dialog) {
 
 bool NativeStage::hostEnabled() const {
   return std::ranges::none_of(component_.forms.all(), [this](const auto& form) {
-    const FormWindow* const window = widgetset_.window(*form);
+    const test::FormWindow* const window = widgetset_.window(*form);
     return window != nullptr && window->visible() && window->modal();
   });
 }
@@ -353,7 +351,7 @@ bool isPlace(std::wstring_view aspect) {
 
 std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstring_view aspect) {
   const forms::Control& control = user.control(name);
-  const Seen& seen = user.seen(name);
+  const test::Seen& seen = user.seen(name);
   const auto* const field = dynamic_cast<const forms::TextField*>(&control);
   const bool list = control.kind() == forms::Kind::comboBox || control.kind() == forms::Kind::dropDownList;
   if (aspect == L"text" || aspect == L"caption") return seen.text;
@@ -365,7 +363,7 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   if (aspect == L"font") return seen.font.name;
   if (aspect == L"maxlength") return std::to_wstring(seen.maxLength);
   if (aspect == L"rows") return list ? std::to_wstring(seen.rows.size()) : L"no list";
-  if (aspect == L"row") return list ? scenario::replaced(user.row(name), L";", L"\t") : L"no list";
+  if (aspect == L"row") return list ? replaced(user.row(name), L";", L"\t") : L"no list";
   if (aspect == L"columns") {
     const auto* const columns = dynamic_cast<const forms::DropDownList*>(&control);
     return columns != nullptr ? std::to_wstring(columns->columns().size()) : list ? L"1" : L"no list";
@@ -406,17 +404,17 @@ std::wstring NativeStage::look(Dialog dialog, const std::wstring& window, const 
   return lookAt(embedded ? place : forms::Place{0, 0, place.width, place.height}, aspect);
 }
 
-scenario::Message NativeStage::awaitMessageBox() {
+Message NativeStage::awaitMessageBox() {
   if (const auto& box = messageBox()) return *box;
   throw Failure(L"no message box appears");
 }
 
 void NativeStage::answer(const std::wstring& button) {
-  using Answer = platform::MessageBoxes::Answer;
+  using Button = platform::MessageBoxes::Answer;
   if (messages_.shown()->buttons.find(button) == std::wstring::npos) {
     throw Failure(L"the message box has no button for " + button);
   }
-  messages_.answer(button == L"yes" ? Answer::yes : button == L"no" ? Answer::no : Answer::ok);
+  messages_.answer(button == L"yes" ? Button::yes : button == L"no" ? Button::no : Button::ok);
   thread_.begin([] {});  // the box's loop looks again
   settle();
 }
@@ -424,12 +422,12 @@ void NativeStage::answer(const std::wstring& button) {
 // What is around
 
 std::wstring NativeStage::path(const std::wstring& file) const {
-  return installationRoot + scenario::replaced(file, L"/", L"\\");
+  return installationRoot + replaced(file, L"/", L"\\");
 }
 
 std::optional<std::vector<std::wstring>> NativeStage::lines(const std::wstring& file) {
   if (!files_.exists(path(file))) return std::nullopt;
-  return scenario::splitLines(files_.text(path(file)));
+  return splitLines(files_.text(path(file)));
 }
 
 bool NativeStage::exists(const std::wstring& fileOrFolder) {
@@ -472,4 +470,4 @@ void NativeStage::setCountries(const std::wstring& text) {
   files_.put(path(binaries) + L"FXCountries", StandIns::enciphered(text));
 }
 
-}  // namespace nv::test
+}  // namespace nv::scenario

@@ -1,5 +1,5 @@
 // The stage without windows: the component's rules with the windowless widgetset, on a machine in memory. It plays in
-// milliseconds, under sanitizers, what nvhost plays with the real DLL. For tests only.
+// milliseconds, under sanitizers, what nvhost plays with the real DLL.
 #pragma once
 
 #include <map>
@@ -10,15 +10,18 @@
 #include "component/ClsRandom.h"
 #include "component/core/Component.h"
 #include "scenario/Stage.h"
-#include "tests/stage/ComponentThread.h"
-#include "tests/stage/StandIns.h"
+#include "scenario/native/ComponentThread.h"
+#include "scenario/native/StandIns.h"
 #include "tests/support/FakeServices.h"
 #include "tests/support/User.h"
 #include "tests/support/Windowless.h"
 
-namespace nv::test {
+namespace nv::scenario {
 
-class NativeStage final : public scenario::Stage {
+using test::User;
+using test::WindowlessWidgetset;
+
+class NativeStage final : public Stage {
  public:
   /// @param countries the deciphered sample list of countries.
   explicit NativeStage(std::wstring countries);
@@ -32,31 +35,31 @@ class NativeStage final : public scenario::Stage {
   void create(const std::wstring& instance) override;
   void use(const std::wstring& instance) override;
   void release(const std::wstring& instance) override;
-  void put(const std::wstring& property, const scenario::Value& value) override;
-  scenario::Value get(const std::wstring& property) override;
+  void put(const std::wstring& property, const Value& value) override;
+  Value get(const std::wstring& property) override;
   const std::vector<std::wstring>& readable() override;
   std::vector<std::wstring> events() override { return inUse().events; }
   void forgetEvents() override;
   void unload() override;
-  void beginShow(scenario::Showing kind) override;
-  scenario::Dialog awaitShown() override;
+  void beginShow(Showing kind) override;
+  Dialog awaitShown() override;
   void endShow() override;
   std::int32_t result() const override { return result_; }
 
-  scenario::Dialog awaitDialog(const std::wstring& name) override;
-  bool isUp(scenario::Dialog dialog) override { return formOf(dialog) != nullptr; }
-  void click(scenario::Dialog dialog, const std::wstring& control, scenario::MouseButton button) override;
-  void choose(scenario::Dialog dialog, const std::wstring& list, const std::wstring& cell) override;
-  void press(const scenario::Chord& chord) override;
+  Dialog awaitDialog(const std::wstring& name) override;
+  bool isUp(Dialog dialog) override { return formOf(dialog) != nullptr; }
+  void click(Dialog dialog, const std::wstring& control, MouseButton button) override;
+  void choose(Dialog dialog, const std::wstring& list, const std::wstring& cell) override;
+  void press(const Chord& chord) override;
   void type(const std::wstring& text) override;
-  void close(scenario::Dialog dialog) override;
+  void close(Dialog dialog) override;
   void closeHost() override;
-  void endSession(scenario::Dialog dialog) override;
-  std::wstring look(scenario::Dialog dialog, const std::wstring& window, const std::wstring& aspect) override;
-  std::optional<scenario::Message> messageBox() override { return messages_.shown(); }
-  scenario::Message awaitMessageBox() override;
+  void endSession(Dialog dialog) override;
+  std::wstring look(Dialog dialog, const std::wstring& window, const std::wstring& aspect) override;
+  std::optional<Message> messageBox() override { return messages_.shown(); }
+  Message awaitMessageBox() override;
   void answer(const std::wstring& button) override;
-  void shot(scenario::Dialog, const std::wstring&) override {}
+  void shot(Dialog, const std::wstring&) override {}
   void compareSize() override {}
 
   std::optional<std::vector<std::wstring>> lines(const std::wstring& file) override;
@@ -83,17 +86,17 @@ class NativeStage final : public scenario::Stage {
   class Messages final : public platform::MessageBoxes {
    public:
     explicit Messages(NativeStage& stage) : stage_(stage) {}
-    const std::optional<scenario::Message>& shown() const { return shown_; }
+    const std::optional<Message>& shown() const { return shown_; }
     void answer(Answer answer) { answer_ = answer; }
     Answer show(std::wstring_view text, std::wstring_view caption, Icon icon, Buttons buttons) override;
 
    private:
     NativeStage& stage_;
-    std::optional<scenario::Message> shown_;
+    std::optional<Message> shown_;
     std::optional<Answer> answer_;
   };
 
-  class Machine final : public FakeMachine {
+  class Machine final : public test::FakeMachine {
    public:
     explicit Machine(WindowlessWidgetset& widgetset) : widgetset_(widgetset) {}
     void emptyClipboard() override { widgetset_.clipboard.clear(); }
@@ -114,13 +117,13 @@ class NativeStage final : public scenario::Stage {
 
     std::vector<std::wstring> events;
     std::unique_ptr<ClsRandom> random;
-    scenario::Dialog embedded = scenario::noDialog;
+    Dialog embedded = noDialog;
   };
 
   struct Show {
     std::wstring instance;
     bool modal;
-    std::vector<scenario::Dialog> before;  // the dialogs that were up when it began
+    std::vector<Dialog> before;  // the dialogs that were up when it began
     std::future<std::int32_t> returned;
   };
 
@@ -132,12 +135,12 @@ class NativeStage final : public scenario::Stage {
   void settle();
 
   Instance& inUse();
-  std::vector<scenario::Dialog> dialogs(std::wstring_view name) const;
-  std::shared_ptr<forms::Form> formOf(scenario::Dialog dialog) const;
-  User userOf(scenario::Dialog dialog);
+  std::vector<Dialog> dialogs(std::wstring_view name) const;
+  std::shared_ptr<forms::Form> formOf(Dialog dialog) const;
+  User userOf(Dialog dialog);
   User activeUser();
   /// The user, if the control can be clicked.
-  User reaching(scenario::Dialog dialog, const std::wstring& control);
+  User reaching(Dialog dialog, const std::wstring& control);
   bool hostEnabled() const;
   std::wstring path(const std::wstring& file) const;
 
@@ -157,4 +160,4 @@ class NativeStage final : public scenario::Stage {
   ComponentThread thread_;            // last: it uses the members above
 };
 
-}  // namespace nv::test
+}  // namespace nv::scenario
