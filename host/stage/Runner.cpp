@@ -16,7 +16,7 @@ namespace {
 
 constexpr DWORD failedExit = 1;
 
-struct HandleCloser {
+struct ProcessCloser {
   void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
 
@@ -32,8 +32,8 @@ bool passes(const Folders& folders, const std::filesystem::path& file) {
   PROCESS_INFORMATION process{};
   DWORD exit = failedExit;
   if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process)) {
-    const std::unique_ptr<void, HandleCloser> thread(process.hThread);
-    const std::unique_ptr<void, HandleCloser> own(process.hProcess);
+    const std::unique_ptr<void, ProcessCloser> thread(process.hThread);
+    const std::unique_ptr<void, ProcessCloser> own(process.hProcess);
     WaitForSingleObject(process.hProcess, INFINITE);
     GetExitCodeProcess(process.hProcess, &exit);
     if (exit == 0 || exit == failedExit) return exit == 0;
