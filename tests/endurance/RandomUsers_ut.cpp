@@ -127,7 +127,7 @@ class Session : public BillerTest {
     if (dice_.oneIn(5)) store.PayeeCountry = L"ZZ";
     if (dice_.oneIn(5)) {
       store.IPCurrencyList = StringArray({{0, 0}});
-      store.IPCurrencyList.at({0}) = L"CHF - Swiss franc";
+      store.IPCurrencyList.at({0}) = L"XXA - Swiss franc";
     }
     store.IPBillerCurrencies = StringArray({{0, 0}});
     store.IPBillerCurrencies.at({0}) = L"EUR";
