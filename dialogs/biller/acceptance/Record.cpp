@@ -16,7 +16,7 @@ class NewValues {
   void store() {
     for (Value& value : values_) value.stored = std::move(value.entered);
   }
-  /// Whether one differs from what is stored, but for blanks around it.
+  /// Whether any value differs from the stored one, blanks around it aside.
   bool differ() const { return differ_; }
 
  private:
@@ -60,7 +60,7 @@ void frmRandomInfo::Acceptance::accept() {
   form_.unload();
 }
 
-/// Compared as the user sees them: a record that joins routing number and account is not a different one.
+/// Routing number and account are compared one by one: that the record joins them is no difference.
 void frmRandomInfo::Acceptance::storeRoutingNumberDetails() {
   const ForeignAccount stored = foreignAccount(store());
   std::wstring name(textOf(form_.txtBankName));
