@@ -20,11 +20,12 @@ class ModuleReference {
   ModuleReference& operator=(const ModuleReference&) = delete;
 };
 
-bool moduleInUse();
 /// IClassFactory::LockServer.
 void lockModule(bool lock);
+/// DllCanUnloadNow. When the answer is yes, the type library has been let go of.
+bool mayUnloadModule();
 
-/// A type of the embedded type library, which is read once and kept while the module is in use.
+/// A type of the embedded type library, which is read once and kept until the DLL may be unloaded.
 /// Fails with an HRESULT when the library cannot be read.
 HRESULT typeInfo(REFGUID guid, ComPtr<ITypeInfo>& info);
 
