@@ -16,8 +16,9 @@ namespace {
 
 std::atomic<long> references;
 
-/// A thread's component and its widgetset.
+/// A thread's component and its widgetset. Keeps the DLL loaded, so that it keeps what the host has set.
 struct ThreadState {
+  ModuleReference module;
   WindowsWidgetset widgetset;
   Component component{windowsServices(), widgetset};
 };

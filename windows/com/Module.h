@@ -11,7 +11,7 @@ namespace nv::windows {
 /// Full path of the DLL.
 std::wstring modulePath();
 
-/// Keeps the DLL loaded as long as it lives: every object and every lock holds one.
+/// Keeps the DLL loaded as long as it lives: every object and every thread with a component holds one.
 class ModuleReference {
  public:
   ModuleReference();
@@ -30,7 +30,8 @@ bool mayUnloadModule();
 HRESULT typeInfo(REFGUID guid, ComPtr<ITypeInfo>& info);
 
 /// The component of the calling thread, made on first use. It lives as long as the thread or the last object that holds
-/// it, whichever is longer, so that values outlive one instance of the class and are seen by the next.
+/// it, whichever is longer, and keeps the DLL loaded, so that values outlive one instance of the class and are seen by
+/// the next.
 std::shared_ptr<Component> componentOfThisThread();
 
 }  // namespace nv::windows
