@@ -1,8 +1,8 @@
 #include "dialogs/support/modFormController.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
-#include <ranges>
 
 #include "component/core/ShowError.h"
 #include "component/core/Trace.h"
@@ -31,7 +31,7 @@ constexpr Style styles[] = {
 };
 
 const Style& styleOf(std::int16_t formStyle) {
-  return *std::ranges::find_if(styles | std::views::reverse, [=](const Style& row) { return row.from <= formStyle; });
+  return *std::find_if(std::rbegin(styles), std::rend(styles), [=](const Style& row) { return row.from <= formStyle; });
 }
 
 void setFontName(forms::Control& control, const std::wstring& name) {
