@@ -139,7 +139,8 @@ Action readReports(Tokens& tokens) {
       expected.push_back(L"CurrentFieldTop(" + player.stage().look(player.dialog(), name, L"top") + L")");
       click(player, name);
       const Names seen = player.stage().events();
-      if (seen != expected) differ(name + L" to be reported as " + expected.back(), joined(seen));
+      if (seen != expected)
+        differ(name + L" to be reported as " + expected.back(), seen.empty() ? L"none" : joined(seen));
     }
   };
 }

@@ -2,52 +2,18 @@
 
 #include <algorithm>
 
-#include "forms/DropDownList.h"
-#include "forms/Frame.h"
-#include "forms/Label.h"
 #include "scenario/Failure.h"
 #include "scenario/Player.h"
 #include "scenario/Text.h"
+#include "scenario/native/Look.h"
 #include "scenario/native/Properties.h"
 
 namespace nv::scenario {
 
 namespace {
 
-/// Fails when something that can be seen in the form has no size, overlaps something else, or reaches out of what it
-/// stands in.
-void checkLayout(const User& user) {
-  struct Shown {
-    const forms::Control* control;
-    forms::Place place;
-  };
-  std::vector<Shown> shown;
-  for (const forms::Control* control : user.form().controls()) {
-    if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});
-  }
-  for (const auto& [control, place] : shown) {
-    if (place.width <= 0 || place.height <= 0) throw Failure(control->fullName() + L" has no size");
-    const forms::Frame* const frame = control->frame();
-    const forms::Place around = frame != nullptr ? frame->place() : user.form().place();
-    if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
-      throw Failure(control->fullName() + L" reaches out of what it stands in");
-    }
-    for (const auto& [other, second] : shown) {
-      if (other == control) break;
-      if (other->frame() == frame && place.left < second.right() && second.left < place.right() &&
-          place.top < second.bottom() && second.top < place.bottom()) {
-        throw Failure(control->fullName() + L" overlaps " + other->fullName());
-      }
-    }
-  }
-}
-
 constexpr const wchar_t* dialogName = L"frmRandomInfo";
 constexpr const wchar_t* binaries = L"NORVIK/Bin/";
-
-std::wstring truth(bool value) {
-  return value ? L"true" : L"false";
-}
 
 }  // namespace
 
@@ -321,69 +287,6 @@ bool NativeStage::hostEnabled() const {
   });
 }
 
-namespace {
-
-std::wstring shownColour(forms::Colour colour) {
-  if (colour == forms::colours::buttonFace) return L"#F5F5F5";
-  if (colour == forms::colours::windowBackground) return L"#FFFFFF";
-  wchar_t text[8];
-  std::swprintf(text, std::size(text), L"#%02X%02X%02X", colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
-  return text;
-}
-
-/// A number of twips as exact as pixels are.
-std::wstring inPixels(forms::Twips twips) {
-  constexpr int pixel = 15;
-  return std::to_wstring((twips + pixel / 2) / pixel * pixel);
-}
-
-/// What is seen of a place; of a form itself its inside.
-std::wstring lookAt(const forms::Place& place, std::wstring_view aspect) {
-  if (aspect == L"left") return inPixels(place.left);
-  if (aspect == L"top") return inPixels(place.top);
-  if (aspect == L"width") return inPixels(place.width);
-  return inPixels(place.height);
-}
-
-bool isPlace(std::wstring_view aspect) {
-  return aspect == L"left" || aspect == L"top" || aspect == L"width" || aspect == L"height";
-}
-
-std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstring_view aspect) {
-  const forms::Control& control = user.control(name);
-  const test::Seen& seen = user.seen(name);
-  const auto* const field = dynamic_cast<const forms::TextField*>(&control);
-  const bool list = control.kind() == forms::Kind::comboBox || control.kind() == forms::Kind::dropDownList;
-  if (aspect == L"text" || aspect == L"caption") return seen.text;
-  if (aspect == L"visible") return truth(user.visible(name));
-  if (aspect == L"focused") return truth(user.focus() == name);
-  if (aspect == L"checked") return truth(seen.checked);
-  if (aspect == L"masked") return truth(seen.mask != 0);
-  if (aspect == L"selection") return field != nullptr ? user.selected(name) : L"";
-  if (aspect == L"font") return seen.font.name;
-  if (aspect == L"maxlength") return std::to_wstring(seen.maxLength);
-  if (aspect == L"rows") return list ? std::to_wstring(seen.rows.size()) : L"no list";
-  if (aspect == L"row") return list ? replaced(user.row(name), L";", L"\t") : L"no list";
-  if (aspect == L"columns") {
-    const auto* const columns = dynamic_cast<const forms::DropDownList*>(&control);
-    return columns != nullptr ? std::to_wstring(columns->columns().size()) : list ? L"1" : L"no list";
-  }
-  if (aspect == L"backcolor") {
-    const auto* const label = dynamic_cast<const forms::Label*>(&control);
-    if (label == nullptr || !label->transparent()) return shownColour(seen.backColor);
-    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).backColor
-                                                  : user.form().backColor());
-  }
-  forms::Place place = seen.place;
-  for (const forms::Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
-    place.left += frame->place().left;
-    place.top += frame->place().top;
-  }
-  return lookAt(place, aspect);
-}
-
-}  // namespace
-
 std::wstring NativeStage::look(Dialog dialog, const std::wstring& window, const std::wstring& aspect) {
   if (window == L"host") return truth(aspect == L"visible" || (aspect == L"enabled" && hostEnabled()));
   if (window == L"form" && !isUp(dialog)) return truth(false);
@@ -394,14 +297,8 @@ std::wstring NativeStage::look(Dialog dialog, const std::wstring& window, const 
     if (aspect == L"enabled") return truth(takesInput && user.enabled(window));
     return lookAtControl(user, window, aspect);
   }
-  if (aspect == L"text" || aspect == L"caption") return user.title();
-  if (aspect == L"visible") return truth(user.open());
   if (aspect == L"enabled") return truth(takesInput);
-  if (aspect == L"backcolor") return shownColour(user.form().backColor());
-  const forms::Place place = user.form().place();
-  if (!isPlace(aspect)) throw Failure(L"nothing is known of the " + aspect + L" of a form");
-  const bool embedded = user.form().border() == forms::Border::embedded;
-  return lookAt(embedded ? place : forms::Place{0, 0, place.width, place.height}, aspect);
+  return lookAtForm(user, aspect);
 }
 
 Message NativeStage::awaitMessageBox() {

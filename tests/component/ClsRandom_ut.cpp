@@ -57,6 +57,19 @@ TEST_F(ShowTest, AnErrorWhileLoadingIsTheResultOrReachesTheHost) {
   EXPECT_TRUE(dialog().open()) << "the next one works";
 }
 
+TEST_F(ShowTest, AnotherInstanceLeavesTheKindOfABillerThatIsShownAlone) {
+  unitedStates();
+  component.store.PayeeFXBankAccount = component.store.PayeeEmail = L"";
+  whenModal([this](User& user) {
+    const ClsRandom another(component, host);
+    EXPECT_EQ(component.store.WhatKindOfBiller, L" ") << "the record's";
+    messages.expect({L"An email address is required for USD payments.", user.form().caption()});
+    user.click(L"cmd_ok");
+    user.closeBox();
+  });
+  random.ShowForm();
+}
+
 TEST_F(ShowTest, TheHostMayReplaceTheDialogWhileItIsBeingShown) {
   widgetset.whenShown = [&] {
     random.Unload_From_Remote();

@@ -107,6 +107,19 @@ TEST_F(TextFieldTest, KeyBecomesTextOneStepAfterTheOther) {
   EXPECT_EQ(form->journal, (Texts{L"down 65", L"form a", L"press b", L"change c"}));
 }
 
+TEST_F(TextFieldTest, AKeySentByAHandlerArrivesWhenTheHandlersHaveReturned) {
+  User user = shown();
+  form->whenKeyPressed = [this](wchar_t& key) {
+    if (key == L'a') form->sendKey(L'9');
+  };
+  form->first.keyPress = [&](wchar_t& key) {
+    if (key == L'a') user.settle();  // as while a message box is up
+    form->second.setFocus();
+  };
+  user.type(L"first", L"a");
+  EXPECT_EQ(form->first.text() + L"/" + form->second.text(), L"a/9");
+}
+
 TEST_F(TextFieldTest, HandlersDiscardKeys) {
   User user = shown();
   user.click(L"first");

@@ -83,15 +83,6 @@ class ComponentTest : public testing::Test {
       L"Countries\r\nCanada,CA,1\r\nFrance,FR,33\r\n\"Korea, Republic of\",KR,82\r\nSwitzerland,CH,41\r\n"
       L"United States,US,1\r\n";
 
-  /// Whether the labels stand in the trace in this order, others between them or not.
-  static bool inOrder(const Texts& trace, const Texts& labels) {
-    auto at = labels.begin();
-    for (const std::wstring& line : trace) {
-      if (at != labels.end() && line == *at) ++at;
-    }
-    return at == labels.end();
-  }
-
   FakeMessageBoxes messages;
   FakeFiles files;
   FakeMachine machine;

@@ -141,26 +141,17 @@ class FakeMachine : public platform::Machine {
 /// A shell that writes down what it is asked to open.
 class FakeShell : public platform::Shell {
  public:
-  struct Help {
-    std::wstring file;
-    std::uint32_t topic;
-    std::intptr_t window;
-    friend bool operator==(const Help&, const Help&) = default;
-  };
-
   int result = 42;
   std::function<void()> whenAsked;  // what it throws, opening fails with
   std::vector<std::wstring> opened;
-  std::vector<Help> helps;
 
   int open(const std::wstring& address) override {
     if (whenAsked) whenAsked();
     opened.push_back(address);
     return result;
   }
-  void showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) override {
+  void showHelp(const std::wstring&, std::uint32_t, std::intptr_t) override {
     if (whenAsked) whenAsked();
-    helps.push_back({file, topic, window});
   }
 };
 

@@ -2,6 +2,7 @@
 #include "windows/services/AccountVerifier.h"
 
 #include <functional>
+#include <optional>
 
 #include "platform/RuntimeError.h"
 #include "tests/support/FakeServices.h"
@@ -204,7 +205,7 @@ TEST_F(VerifierFaultsTest, AreToldAndLoggedOnceAndTheNextQuestionIsAnswered) {
   struct Check {
     const wchar_t* member;
     const wchar_t* label;
-    std::function<std::int16_t()> ask;
+    std::function<std::optional<std::int16_t>()> ask;
   };
   std::wstring message;
   std::int16_t length = 0;
@@ -236,7 +237,7 @@ TEST_F(VerifierFaultsTest, AreToldAndLoggedOnceAndTheNextQuestionIsAnswered) {
       messages.expect({std::wstring(L"The following error: '") + fault.description + L" (Error " + fault.number +
                            L")' occurred in procedure '" + check.label + L"'.",
                        L"NVRandom", platform::MessageBoxes::Icon::critical});
-      EXPECT_EQ(check.ask(), 0);
+      EXPECT_FALSE(check.ask().value_or(0));
       EXPECT_EQ(files.text(L"C:\\Apps\\error.log"), machine.clock + L",NVRandom, , ," + fault.number + L",\"" +
                                                         fault.description + L"\",\"" + check.label + L"\"\r\n");
       files.put(L"C:\\Apps\\error.log", {});
