@@ -18,6 +18,10 @@ TEST_F(FocusTest, TheNewControlIsActiveBeforeTheOldOneHearsOfIt) {
   user.click(L"second");
   EXPECT_EQ(receiver, L"second");
   EXPECT_EQ(form->journal, (Texts{L"first lost focus", L"second got focus"}));
+
+  widgetset.window(*form)->setFocused(form->first);  // the keyboard has gone astray
+  form->second.setFocus();
+  EXPECT_EQ(user.focus(), L"second");
 }
 
 TEST_F(FocusTest, ALostFocusHandlerMovesTheFocusAgain) {

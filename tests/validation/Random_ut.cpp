@@ -172,7 +172,7 @@ TEST_F(RandomTest, OpenBrowserTellsWhatWentWrong) {
                                    L"http://",
                                    L"http:\\\\example.com",
                                    L"https://example.com/\" --x",
-                                   L"www.example.com pay",
+                                   L"www.example.com/a pay",
                                    L""};
   for (const wchar_t* address : others) {
     files.put(L"error.log", {});
