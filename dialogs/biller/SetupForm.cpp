@@ -59,12 +59,6 @@ void selectDiscounts(frmRandomInfo& form) {
   if (offered) form.chkDiscountsApply.setChecked(form.store().PayeeDiscountsApply == L"1");
 }
 
-void showMarks(frmRandomInfo& form, int first, int last, bool visible) {
-  for (forms::Label& mark : form.lblAsterisk) {
-    if (mark.index() >= first && mark.index() <= last) mark.setVisible(visible);
-  }
-}
-
 }  // namespace
 
 void frmRandomInfo::Form_Load() {
@@ -153,8 +147,9 @@ void frmRandomInfo::selectCountry() {
 
 void frmRandomInfo::SetupBusinessForm() {
   trace(component(), L"RandomInfo - SetupBusinessForm");
-  showMarks(*this, 0, 7, true);
-  showMarks(*this, 50, 52, false);
+  for (forms::Label& mark : lblAsterisk) {
+    if (mark.index() >= 50) mark.setVisible(false);  // those are an individual's
+  }
   lblNotification.setVisible(false);
   fraBusinessNum.setVisible(domestic());
   switchBusinessNumber(!international_ && !chkBNNotAvailable.checked());
@@ -179,14 +174,14 @@ void frmRandomInfo::SetupBusinessForm() {
 
 void frmRandomInfo::SetupIndividualForm() {
   trace(component(), L"RandomInfo - SetupIndividualForm");
-  showMarks(*this, 50, 52, true);
   fraBusinessNum.setEnabled(false);
   switchBusinessNumber(false);
   chkBNNotAvailable.setEnabled(false);
   chkBNNotAvailable.setBackColor(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(accountCaption);
   // Of the address block this is shown, and nothing else.
-  const std::initializer_list<const forms::Control*> shown = {&lblEmail, &ran_payee_email, &imgHelpCSFTInfo[3]};
+  const std::initializer_list<const forms::Control*> shown = {&lblEmail, &ran_payee_email, &imgHelpCSFTInfo[3],
+                                                              &lblAsterisk[2]};
   for (forms::Control* control : controls()) {
     if (control->frame() == &Frame3) control->setVisible(std::ranges::find(shown, control) != shown.end());
   }
@@ -196,8 +191,6 @@ void frmRandomInfo::SetupIndividualForm() {
        std::initializer_list<forms::Control*>{&lbl_note, &lblFXBankingInfo, &cmdFXBankingInfo})
     control->setVisible(false);
   fraBankAcctInfo.setVisible(true);
-  showMarks(*this, 2, 2, true);
-  lblAsterisk[2].setEnabled(true);
   arrangeIndividual();
   lblEmail.setCaption(L"Recipient Email Address");
   fraBankInfo.setVisible(false);

@@ -88,6 +88,16 @@ TEST_F(AddressTest, APostOfficeBoxIsOneThatBeginsTheAddress) {
       {L"P.O. 12", 0},
   };
   for (const Case& c : cases) EXPECT_EQ(Random::Has_PO_Box_Address(component, c.street), c.box) << c.street;
+
+  struct : FakeMachine {
+    std::wstring upperCase(std::wstring_view) override { throw RuntimeError(ErrorNumber::outOfMemory); }
+  } failing;
+  const platform::Services others{messages, files, failing, shell, installation};
+  Component other{others, widgetset};
+  messages.expect({.text = L"The following error: 'Out of memory (Error 7)' occurred in procedure "
+                           L"'Random.Has_PO_Box_Address'.",
+                   .icon = platform::MessageBoxes::Icon::critical});
+  EXPECT_EQ(Random::Has_PO_Box_Address(other, L"PO BOX 12"), 0);
 }
 
 }  // namespace

@@ -280,7 +280,7 @@ TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
       {L"12345E+10", false},
       {L".12345678", false},
       {L"1234567..", false},
-      {L"12345678E", false},
+      {L"13345678E", false},
       {L"+-1234567", false},
       {L",12345678", false},
   };
