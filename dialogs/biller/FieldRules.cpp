@@ -42,7 +42,9 @@ void frmRandomInfo::txtBusinessNum_Change() {
 
 void frmRandomInfo::txtBusinessNum_LostFocus() {
   const forms::Control* const receiver = activeControl();
-  if (receiver == &cmd_cancel || receiver == &chkBNNotAvailable || receiver == &optCIndividual) return;
+  const std::initializer_list<const forms::Control*> waysOut = {&cmd_cancel, &cmd_help, &chkBNNotAvailable,
+                                                                &optCIndividual};
+  if (std::ranges::find(waysOut, receiver) != waysOut.end()) return;
   if (txtBusinessNum.text().empty()) return;
   const Busy busy(*this);
   if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text())) return;

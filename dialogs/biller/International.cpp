@@ -152,7 +152,7 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
     details.swift = account.number;
     details.account = account.account;
   }
-  const auto bank = std::make_shared<frmFXBankInfo>(component());
+  const auto bank = std::make_shared<frmFXBankInfo>(component(), domestic());
   bank->load();
   const forms::UnloadOnExit unloaded(*bank);
   bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
@@ -172,10 +172,22 @@ void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {
       {&Store::PayeeFXBankAccount, unitedStates ? bank.routing + bank.usAccount : std::move(bank.account)},
       {&Store::PayeeFXBankSwift, unitedStates ? std::wstring() : std::move(bank.swift)},
   };
-  for (auto& [member, value] : values) {
-    if (trimmed(store().*member) != value) foreignBankChanged_ = true;
-    provisional_.put(member, std::move(value));
+  for (auto& [member, value] : values) provisional_.put(member, std::move(value));
+}
+
+/// Routing number and account apart: that the record joins them is no difference. In the United States mode the user
+/// enters nothing else.
+std::vector<std::wstring> frmRandomInfo::foreignBank() const {
+  const Store& record = store();
+  const ForeignAccount account = foreignAccount(record);
+  std::vector<std::wstring_view> texts = {record.PayeeFXBankName, account.number, account.account};
+  if (domestic()) {
+    texts.insert(texts.end(), {record.PayeeFXBankAddress, record.PayeeFXBankCity, record.PayeeFXBankProv,
+                               record.PayeeFXBankCountry});
   }
+  std::vector<std::wstring> bank;
+  for (const std::wstring_view text : texts) bank.emplace_back(trimmed(text));
+  return bank;
 }
 
 }  // namespace nv

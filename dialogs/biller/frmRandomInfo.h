@@ -218,6 +218,8 @@ class frmRandomInfo : public FieldForm {
   void cmbCurrencyCode_LostFocus();
   void ran_payee_country_LostFocus();
   void storeForeignBank(frmFXBankInfo::Details bank);
+  /// The record's foreign bank as the user sees it, each text without the blanks around it.
+  std::vector<std::wstring> foreignBank() const;
 
   // What only one field does (FieldRules.cpp).
   bool fitsPostal(wchar_t key) const;
@@ -252,12 +254,12 @@ class frmRandomInfo : public FieldForm {
   std::wstring kindOfBiller_;
   std::wstring homeCurrency_;
   BankTexts opening_;
+  std::vector<std::wstring> openingBank_;
   ProvisionalValues provisional_{store()};
-  bool foreignCurrency_ = false;     // confirmed as international: nothing is asked, a foreign bank is required
-  bool international_ = false;       // shown as international, by SetFXBiller
-  bool foreignBankChanged_ = false;  // the record's foreign bank differs from what the dialog opened with
-  bool readOnly_ = false;            // shown for viewing only
-  bool confirming_ = false;          // the bank account is being entered a second time
+  bool foreignCurrency_ = false;  // confirmed as international: nothing is asked, a foreign bank is required
+  bool international_ = false;    // shown as international, by SetFXBiller
+  bool readOnly_ = false;         // shown for viewing only
+  bool confirming_ = false;       // the bank account is being entered a second time
   std::int32_t closeResult_ = 0;
   forms::Twips frame3Height_ = 0;  // as designed
 };

@@ -19,7 +19,8 @@ constexpr const wchar_t* billerForm = L"RandomInfo";
 
 }  // namespace
 
-frmFXBankInfo::frmFXBankInfo(Component& component) : FieldForm(component, formName, formName, forms::Border::dialog) {
+frmFXBankInfo::frmFXBankInfo(Component& component, bool domestic)
+    : FieldForm(component, formName, formName, forms::Border::dialog), domestic_(domestic) {
   setCaption(L"International Payment Banking Information");
   cmd_cancel.setCancels(true);
   for (forms::StyledButton* button : {&cmd_ok, &cmd_cancel}) button->setFont({.name = L"Tahoma"});

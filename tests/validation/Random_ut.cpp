@@ -202,7 +202,7 @@ TEST_F(RandomTest, EveryHelperWritesItsLabel) {
   Random::ComboBoxAutoComplete(component, form->combo);
   Random::OpenBrowser(component);
   Random::Has_PO_Box_Address(component, L"");
-  Random::ValidateABANumber(component, L"");
+  Random::ValidateABANumber(component, L"", true);
   EXPECT_EQ(traced(),
             (Texts{L"Random - CleanseCharacters", L"Random - PadLeft", L"Random - PadRight", L"Random - IsAlpha",
                    L"Random - Fileexists", L"Random - Get_Windows_Dir", L"Random - ComboBoxAutoComplete",

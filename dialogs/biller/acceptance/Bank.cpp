@@ -102,7 +102,7 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
   for (TextBox* number : {&routing, &account}) {
     if (onlyZeros(number->text())) return Verdict::stopSelected(*number);
   }
-  if (!Random::ValidateABANumber(component(), routing.text())) return Verdict::stopSelected(routing);
+  if (!Random::ValidateABANumber(component(), routing.text(), form_.domestic())) return Verdict::stopSelected(routing);
   TextBox& confirmation = form_.txtConfirmBankAccountNumber;
   if (confirmation.text().empty()) {
     form_.lblBankInfoConfirm.setVisible(true);
@@ -117,7 +117,6 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
 Verdict frmRandomInfo::Acceptance::checkForeignBank() {
   if (hasRoutingNumberDetails()) storeRoutingNumberDetails();
   if (!form_.foreignCurrency_ || !store().PayeeFXBankAccount.empty()) return Verdict::passed();
-  if (!form_.domestic()) return Verdict::stop();
   const wchar_t* const message = L"Banking information is required for international payments.";
   // With the Canadian dollar there is no button: the way to it leads through the currency.
   if (!form_.cmdFXBankingInfo.available()) return Verdict::stopAt(form_.cmbCurrencyCode).saying(message);
@@ -125,7 +124,7 @@ Verdict frmRandomInfo::Acceptance::checkForeignBank() {
 }
 
 Verdict frmRandomInfo::Acceptance::checkBankAccount() {
-  if (!anyBankNumber() || !form_.fraBankAcctInfo.visible()) return Verdict::passed();
+  if (!anyBankNumber() || !form_.fraBankAcctInfo.reachable()) return Verdict::passed();
   for (TextBox* number : {&form_.txtTransit, &form_.txtBankID, &form_.txtAccount}) {
     if (onlyZeros(textOf(*number))) return Verdict::stopSelected(*number);
   }
