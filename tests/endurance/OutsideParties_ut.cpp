@@ -146,7 +146,7 @@ struct Interruption {
 
 const Interruption interruptions[] = {
     {"OK again", true, [](Asking&, User& user) { user.click(L"cmd_ok"); }},
-    {"Alt+O", true, [](Asking&, User& user) { user.altKey(L'O'); }},
+    {"Alt+O", true, [](Asking&, User& user) { EXPECT_TRUE(user.altKey(L'O')); }},
     {"typing", true,
      [](Asking&, User& user) {
        user.type(L"1\t2\r ");
