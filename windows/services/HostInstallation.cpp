@@ -8,6 +8,7 @@
 #include "windows/Handles.h"
 #include "windows/Paths.h"
 #include "windows/services/AccountVerifier.h"
+#include "windows/services/Libraries.h"
 
 namespace nv::windows {
 
@@ -21,26 +22,12 @@ std::wstring applicationFolder() {
   return program.substr(0, program.find_last_of(L'\\'));
 }
 
-/// While it lives, the system shows no message box about a file that is not a library.
-class QuietLoading {
- public:
-  QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
-  ~QuietLoading() { SetThreadErrorMode(before_, nullptr); }
-  QuietLoading(const QuietLoading&) = delete;
-  QuietLoading& operator=(const QuietLoading&) = delete;
-
- private:
-  DWORD before_ = 0;
-};
-
 /// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
 /// search that the current directory takes part in. It is never freed: it may keep state between calls.
 HMODULE library(const std::wstring& folder, const wchar_t* name) {
-  const QuietLoading quiet;
   for (const std::wstring& place : {folder, applicationFolder(), directory(GetSystemDirectoryW)}) {
     if (!isFullPath(place)) continue;
-    const HMODULE module = LoadLibraryExW(joined(place, name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (module != nullptr) return module;
+    if (const HMODULE module = loadLibrary(joined(place, name))) return module;
   }
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }
