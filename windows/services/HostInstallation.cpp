@@ -32,17 +32,25 @@ HMODULE library(const std::wstring& folder, const wchar_t* name) {
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }
 
-/// The path for a library that knows the ANSI code page alone. A folder with other characters is named as the system
-/// has abbreviated it, if it has; else this fails with "Path not found".
+/// The text for a library that knows the ANSI code page alone. A number is checked as it is or not at all: this fails
+/// with "Invalid procedure call or argument" when the code page lacks one of its characters.
+std::string inAnsi(const std::wstring& text) {
+  const auto bytes = exactlyInAnsiCodePage(text);
+  if (!bytes) throw RuntimeError(ErrorNumber::invalidCall);
+  return *bytes;
+}
+
+/// The path for such a library. A folder with other characters is named as the system has abbreviated it, if it has;
+/// else this fails with "Path not found".
 std::string inAnsiPath(const std::wstring& path) {
-  const auto fits = [](const std::wstring& text) { return fromAnsiCodePage(inAnsiCodePage(text)) == text; };
-  if (fits(path)) return inAnsiCodePage(path);
+  if (const auto bytes = exactlyInAnsiCodePage(path)) return *bytes;
   const std::size_t name = path.find_last_of(L'\\') + 1;
   wchar_t folder[MAX_PATH];
   const DWORD length = GetShortPathNameW(path.substr(0, name).c_str(), folder, MAX_PATH);
-  const std::wstring abbreviated = std::wstring(folder, length < MAX_PATH ? length : 0) + path.substr(name);
-  if (length == 0 || !fits(abbreviated)) throw RuntimeError(ErrorNumber::pathNotFound);
-  return inAnsiCodePage(abbreviated);
+  if (length != 0 && length < MAX_PATH) {
+    if (const auto bytes = exactlyInAnsiCodePage(std::wstring(folder, length) + path.substr(name))) return *bytes;
+  }
+  throw RuntimeError(ErrorNumber::pathNotFound);
 }
 
 template <class Function>
@@ -91,7 +99,7 @@ std::unique_ptr<platform::AccountVerifier> HostInstallation::createVerifier() {
 std::int16_t HostInstallation::checkBankId(const std::wstring& folder, const std::wstring& bankId) {
   using CheckBankId = short __stdcall(char* bankId);
   const auto check = entryPoint<CheckBankId>(library(folder, bankLibrary), "_Check_bank_id@4");
-  return check(inAnsiCodePage(bankId).data());
+  return check(inAnsi(bankId).data());
 }
 
 std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, const std::wstring& bankId,
@@ -102,8 +110,8 @@ std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, cons
   const auto check = entryPoint<CheckBankAccount>(library(folder, bankLibrary), "_Check_bank_account2@24");
   MessageBuffer buffer;
   short errorLength = 0;
-  const short result = check(inAnsiCodePage(bankId).data(), inAnsiCodePage(transit).data(),
-                             inAnsiCodePage(account).data(), buffer.data(), &errorLength, 0);
+  const short result =
+      check(inAnsi(bankId).data(), inAnsi(transit).data(), inAnsi(account).data(), buffer.data(), &errorLength, 0);
   message = buffer.text();
   return result;
 }
