@@ -269,6 +269,7 @@ TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
       {L"100200308", true, L"100200308RT0001"},
       {L"100200308RT0009", true, L"100200308RT0001"},
       {L"100200308 and more", true, L"100200308RT0001"},
+      {L"1335E5678", true, L"1335E5678RT0001"},  // a number, too
       // Numbers in the general sense that the account rules refuse then.
       {L"1234567.8", false},
       {L"-12345678", false},

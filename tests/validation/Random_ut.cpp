@@ -203,10 +203,12 @@ TEST_F(RandomTest, EveryHelperWritesItsLabel) {
   Random::OpenBrowser(component);
   Random::Has_PO_Box_Address(component, L"");
   Random::ValidateABANumber(component, L"", true);
-  EXPECT_EQ(traced(),
-            (Texts{L"Random - CleanseCharacters", L"Random - PadLeft", L"Random - PadRight", L"Random - IsAlpha",
-                   L"Random - Fileexists", L"Random - Get_Windows_Dir", L"Random - ComboBoxAutoComplete",
-                   L"Random - OpenBrowser", L"Random - Has_PO_Box_Address", L"Random - ValidateABANumber"}));
+  std::wstring refusal;
+  Random::VerifyAccount(component, L"", L"", refusal, 0, false);
+  EXPECT_EQ(traced(), (Texts{L"Random - CleanseCharacters", L"Random - PadLeft", L"Random - PadRight",
+                             L"Random - IsAlpha", L"Random - Fileexists", L"Random - Get_Windows_Dir",
+                             L"Random - ComboBoxAutoComplete", L"Random - OpenBrowser", L"Random - Has_PO_Box_Address",
+                             L"Random - ValidateABANumber", L"Random - VerifyAccount"}));
 }
 
 }  // namespace
