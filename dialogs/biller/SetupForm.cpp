@@ -59,12 +59,6 @@ void selectDiscounts(frmRandomInfo& form) {
   if (offered) form.chkDiscountsApply.setChecked(form.store().PayeeDiscountsApply == L"1");
 }
 
-void showMarks(frmRandomInfo& form, int first, int last, bool visible) {
-  for (forms::Label& mark : form.lblAsterisk) {
-    if (mark.index() >= first && mark.index() <= last) mark.setVisible(visible);
-  }
-}
-
 }  // namespace
 
 void frmRandomInfo::Form_Load() {
@@ -73,6 +67,7 @@ void frmRandomInfo::Form_Load() {
   SetupForm();
   opening_ = {txtAccount.text(), txtBankID.text(), txtTransit.text(), txtRoutingNumber.text(),
               txtBankAccountNumber.text()};
+  openingBank_ = foreignBank();
 }
 
 void frmRandomInfo::SetupForm() {
@@ -143,18 +138,20 @@ void frmRandomInfo::selectProvince() {
 
 void frmRandomInfo::selectCountry() {
   const std::wstring& country = store().PayeeCountry;
-  if (country.empty()) {
+  const std::wstring_view code = trimmed(country);
+  // In the United States mode the user cannot mend what stands there: blanks are nothing.
+  if (domestic() ? country.empty() : code.empty()) {
     setCountry(!domestic() && homeCurrency_ == L"USD" ? unitedStatesCode : canadaCode);
   } else {
-    const std::wstring_view code = trimmed(country);
-    setCountry(code.size() == 3 ? std::wstring(code.substr(0, 2)) : country);
+    setCountry(code.size() == 3 ? std::wstring(code.substr(0, 2)) : domestic() ? country : std::wstring(code));
   }
 }
 
 void frmRandomInfo::SetupBusinessForm() {
   trace(component(), L"RandomInfo - SetupBusinessForm");
-  showMarks(*this, 0, 7, true);
-  showMarks(*this, 50, 52, false);
+  for (forms::Label& mark : lblAsterisk) {
+    if (mark.index() >= 50) mark.setVisible(false);  // those are an individual's
+  }
   lblNotification.setVisible(false);
   fraBusinessNum.setVisible(domestic());
   switchBusinessNumber(!international_ && !chkBNNotAvailable.checked());
@@ -179,14 +176,14 @@ void frmRandomInfo::SetupBusinessForm() {
 
 void frmRandomInfo::SetupIndividualForm() {
   trace(component(), L"RandomInfo - SetupIndividualForm");
-  showMarks(*this, 50, 52, true);
   fraBusinessNum.setEnabled(false);
   switchBusinessNumber(false);
   chkBNNotAvailable.setEnabled(false);
   chkBNNotAvailable.setBackColor(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(accountCaption);
   // Of the address block this is shown, and nothing else.
-  const std::initializer_list<const forms::Control*> shown = {&lblEmail, &ran_payee_email, &imgHelpCSFTInfo[3]};
+  const std::initializer_list<const forms::Control*> shown = {&lblEmail, &ran_payee_email, &imgHelpCSFTInfo[3],
+                                                              &lblAsterisk[2]};
   for (forms::Control* control : controls()) {
     if (control->frame() == &Frame3) control->setVisible(std::ranges::find(shown, control) != shown.end());
   }
@@ -196,8 +193,6 @@ void frmRandomInfo::SetupIndividualForm() {
        std::initializer_list<forms::Control*>{&lbl_note, &lblFXBankingInfo, &cmdFXBankingInfo})
     control->setVisible(false);
   fraBankAcctInfo.setVisible(true);
-  showMarks(*this, 2, 2, true);
-  lblAsterisk[2].setEnabled(true);
   arrangeIndividual();
   lblEmail.setCaption(L"Recipient Email Address");
   fraBankInfo.setVisible(false);
@@ -206,7 +201,7 @@ void frmRandomInfo::SetupIndividualForm() {
 void frmRandomInfo::selectCurrency() {
   const std::wstring& currency = store().PayeeCurrency;
   if (currency == separatorCode) return setCurrency(canadianDollar);
-  setCurrency(currency.empty() ? homeCurrency_ : currency);
+  setCurrency(currency.empty() || (!domestic() && trimmed(currency).empty()) ? homeCurrency_ : currency);
 }
 
 void frmRandomInfo::Form_Activate() {

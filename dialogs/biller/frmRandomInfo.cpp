@@ -26,14 +26,10 @@ frmRandomInfo::frmRandomInfo(Component& component, Border border)
   setCaption(domesticTitle);
   cmd_cancel.setCancels(true);
   for (forms::Label* data : {&ran_payee_name, &ran_payee_account}) data->setUsesMnemonic(false);
-  const std::initializer_list<forms::Control*> hidden = {&ran_Inter_payee_phone, &ran_inter_payee_faxnumber,
-                                                         &lblNotification,       &lblFXBankingInfo,
-                                                         &cmdFXBankingInfo,      &optBusiness,
-                                                         &optEmployee,           &lblbkclk,
-                                                         &lblbankaccount,        &fraBankInfo,
-                                                         &lblBankInfoConfirm,    &txtConfirmBankAccountNumber};
+  const std::initializer_list<forms::Control*> hidden = {
+      &lblNotification, &lblFXBankingInfo, &cmdFXBankingInfo, &optBusiness,        &optEmployee,
+      &lblbkclk,        &lblbankaccount,   &fraBankInfo,      &lblBankInfoConfirm, &txtConfirmBankAccountNumber};
   for (forms::Control* control : hidden) control->setVisible(false);
-  for (forms::Control* control : {&ran_Inter_payee_phone, &ran_inter_payee_faxnumber}) control->setEnabled(false);
   showConfirmation(false);
   connectFields(rows());
   connectKinds();

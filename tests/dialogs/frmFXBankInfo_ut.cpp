@@ -9,6 +9,9 @@ using ForeignBankTest = BillerTest;
 TEST_F(ForeignBankTest, ARunTimeErrorIsReportedAndLeavesTheDialogOpen) {
   international();
   User biller = shown();
+  for (const wchar_t* greyed : {L"optCBusiness", L"optCIndividual", L"lblBN", L"chkBNNotAvailable"}) {
+    EXPECT_FALSE(biller.seen(greyed).enabled) << greyed << L" is in a frame that cannot be reached, and shows it";
+  }
   widgetset.whenModal([this](User& user) {
     put(user, L"txtBankName", L"");
     messages.expect(

@@ -38,6 +38,15 @@ TEST(RuntimeError, StandsForWhateverWasThrown) {
       EXPECT_EQ(error.description(), c.description);
     }
   }
+  std::wstring texts;
+  for (std::int32_t number = 0; number < 1000; ++number) {
+    const RuntimeError error(static_cast<ErrorNumber>(number));
+    if (error.description() != L"Automation error") texts += std::to_wstring(number).append(error.description());
+  }
+  EXPECT_EQ(texts,
+            L"5Invalid procedure call or argument7Out of memory9Subscript out of range13Type mismatch"
+            L"48Error in loading DLL53File not found70Permission denied75Path/File access error76Path not found"
+            L"94Invalid use of Null429ActiveX component can't create object453Can't find DLL entry point");
 }
 
 }  // namespace nv::test

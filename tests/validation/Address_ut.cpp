@@ -48,6 +48,16 @@ TEST_F(AddressTest, APostOfficeBoxIsOneThatBeginsTheAddress) {
                                 L"    ", L"PO  BOXES 5", L"CASE 5", L"P.O. 12"}) {
     EXPECT_EQ(isBox(street), 0) << street;
   }
+
+  struct : FakeMachine {
+    std::wstring upperCase(std::wstring_view) override { throw RuntimeError(ErrorNumber::outOfMemory); }
+  } failing;
+  const platform::Services others{messages, files, failing, shell, installation};
+  Component other{others, widgetset};
+  messages.expect({.text = L"The following error: 'Out of memory (Error 7)' occurred in procedure "
+                           L"'Random.Has_PO_Box_Address'.",
+                   .icon = platform::MessageBoxes::Icon::critical});
+  EXPECT_EQ(Random::Has_PO_Box_Address(other, L"PO BOX 12"), 0);
 }
 
 }  // namespace

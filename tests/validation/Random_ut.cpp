@@ -2,6 +2,8 @@
 #include "dialogs/support/ComboBoxAutoComplete.h"
 #include "tests/support/ComponentTest.h"
 #include "tests/support/FormTest.h"
+#include "validation/AddressRules.h"
+#include "validation/BankChecks.h"
 #include "validation/SystemHelpers.h"
 #include "validation/TextHelpers.h"
 
@@ -170,7 +172,7 @@ TEST_F(RandomTest, OpenBrowserTellsWhatWentWrong) {
                                    L"http://",
                                    L"http:\\\\example.com",
                                    L"https://example.com/\" --x",
-                                   L"www.example.com pay",
+                                   L"www.example.com/a pay",
                                    L""};
   for (const wchar_t* address : others) {
     files.put(L"error.log", {});
@@ -199,9 +201,14 @@ TEST_F(RandomTest, EveryHelperWritesItsLabel) {
   Random::Get_Windows_Dir(component);
   Random::ComboBoxAutoComplete(component, form->combo);
   Random::OpenBrowser(component);
+  Random::Has_PO_Box_Address(component, L"");
+  Random::ValidateABANumber(component, L"", true);
+  std::wstring refusal;
+  Random::VerifyAccount(component, L"", L"", refusal, 0, false);
   EXPECT_EQ(traced(), (Texts{L"Random - CleanseCharacters", L"Random - PadLeft", L"Random - PadRight",
                              L"Random - IsAlpha", L"Random - Fileexists", L"Random - Get_Windows_Dir",
-                             L"Random - ComboBoxAutoComplete", L"Random - OpenBrowser"}));
+                             L"Random - ComboBoxAutoComplete", L"Random - OpenBrowser", L"Random - Has_PO_Box_Address",
+                             L"Random - ValidateABANumber", L"Random - VerifyAccount"}));
 }
 
 }  // namespace

@@ -23,6 +23,30 @@ class ClosedLibrariesTest : public StandInsTest {
   HostInstallation libraries;
 };
 
+TEST_F(ClosedLibrariesTest, AreAskedAboutANumberAsItIsOrNotAtAll) {
+  if (GetACP() == CP_UTF8) return;  // it has every character
+  EXPECT_THROW(libraries.checkBankId(dllPath(), L"00\u4e09"), RuntimeError);
+  EXPECT_EQ(libraries.checkBankId(dllPath(), L"0É3"), 1);
+  EXPECT_EQ(asked(), std::vector<std::wstring>{L"Check_bank_id \"0É3\""});
+}
+
+TEST_F(ClosedLibrariesTest, BringWhatTheyNeedThemselves) {
+  const fs::path built = programFolder() / L"libraries";
+  const fs::path planted = fs::path(installation.root()) / L"planted";
+  installation.makeFolder(L"planted");
+  ASSERT_TRUE(CopyFileW((built / L"NVDependent.dll").c_str(), file(L"Acctvfy.dll").c_str(), FALSE));
+  fs::copy_file(built / L"NVDependency.dll", planted / L"NVDependency.dll");
+
+  const fs::path before = fs::current_path();
+  fs::current_path(planted);
+  EXPECT_EQ(errorIn(dllPath()), 48);
+  EXPECT_EQ(GetModuleHandleW(L"NVDependency.dll"), nullptr) << "loaded from the current directory";
+  fs::current_path(before);
+
+  fs::copy_file(built / L"NVDependency.dll", file(L"NVDependency.dll"));
+  EXPECT_EQ(libraries.checkBankId(dllPath(), L"003"), 17) << "it is found beside the library that needs it";
+}
+
 TEST_F(ClosedLibrariesTest, AreFoundInTheInstallationAlone) {
   EXPECT_EQ(errorIn(dllPath() + L"nowhere\\"), 48);
   EXPECT_EQ(errorIn(L""), 48);
@@ -58,20 +82,6 @@ class SharedInstallation : public StandInsTest {
  public:
   using StandInsTest::installation;
 
-  /// Starts this test once more, in a process of its own.
-  static HANDLE startAgain() {
-    wchar_t program[MAX_PATH];
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    std::wstring command = L"\"" + std::wstring(program) + L"\" --gtest_brief=1 --gtest_filter=" + nameOfTest();
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(
-        CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
-    CloseHandle(process.hThread);
-    return process.hProcess;
-  }
-
  private:
   void TestBody() override {}
 };
@@ -100,17 +110,12 @@ TEST(SharedInstallations, GiveEveryProcessItsCountries) {
 
   const SharedInstallation shared;
   SetEnvironmentVariableW(variable, shared.installation.dllPath().c_str());
+  wchar_t program[MAX_PATH];
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
   HANDLE processes[6];
-  for (HANDLE& process : processes) process = SharedInstallation::startAgain();
+  for (HANDLE& process : processes) process = startTests(program, nameOfTest());
   SetEnvironmentVariableW(variable, nullptr);
-  constexpr DWORD aMinute = 60'000;
-  EXPECT_EQ(WAIT_OBJECT_0, WaitForMultipleObjects(std::size(processes), processes, TRUE, aMinute));
-  for (const HANDLE process : processes) {
-    DWORD failed = 1;
-    GetExitCodeProcess(process, &failed);
-    EXPECT_EQ(0U, failed);
-    CloseHandle(process);
-  }
+  for (const HANDLE process : processes) EXPECT_EQ(0U, exitCode(process));
   EXPECT_EQ(shared.installation.lines(L"error.log"), std::nullopt);
   EXPECT_FALSE(shared.installation.exists(L"NORVIK\\Bin\\FXCountries.dec"));
 }
