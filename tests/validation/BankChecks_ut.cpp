@@ -188,7 +188,7 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
       L"\\b");
   std::mt19937 random(1);
   int accepted = 0;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 10'000; ++i) {
     std::wstring number;
     int d[9];
     for (int& digit : d) {
@@ -203,7 +203,7 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     EXPECT_EQ(Random::ValidateABANumber(component, number, false), everywhere) << number;
     accepted += everywhere ? 1 : 0;
   }
-  EXPECT_GT(accepted, 200);
+  EXPECT_GT(accepted, 100);
 }
 
 TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
