@@ -11,17 +11,12 @@ constexpr DISPID cancelEvent = 3;
 
 /// Shows the embedded dialog and closes it as the user does, which raises Cancel.
 void showAndClose(_ClsRandom* object) {
-  long result = -1;
-  ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
-  EXPECT_EQ(0, result);
-  long handle = 0;
-  ASSERT_EQ(S_OK, object->Get_hWnd(&handle));
-  SendMessageW(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)), WM_CLOSE, 0, 0);
+  SendMessageW(shownEmbedded(object), WM_CLOSE, 0, 0);
 }
 
-class Events : public testing::Test {
+class Events : public StandInsTest {
  protected:
-  Events() { putText(object.Get(), &_ClsRandom::put_DLLPath, countries.path().c_str()); }
+  Events() { putText(object.Get(), &_ClsRandom::put_DLLPath, dllPath().c_str()); }
 
   /// A listener that notes the events under a letter and then does something.
   Sink::Handler noting(
@@ -34,8 +29,6 @@ class Events : public testing::Test {
     };
   }
 
-  Apartment apartment;
-  CountryFolder countries;
   ComPtr<_ClsRandom> object = Server::get().create();
   ComPtr<IConnectionPoint> point = eventsOf(object.Get());
   std::string heard;
@@ -92,9 +85,9 @@ using ReleasingHost = StandInsTest;
 
 TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
   const LastEvent events[] = {
-      {"OK", okEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_ok"), BM_CLICK, 0, 0); }},
+      {"OK", okEvent, [](HWND dialog) { press(dialog, L"cmd_ok"); }},
       {"another field", fieldEvent, clickOnTransit},
-      {"Cancel", cancelEvent, [](HWND dialog) { SendMessageW(findControl(dialog, L"cmd_cancel"), BM_CLICK, 0, 0); }},
+      {"Cancel", cancelEvent, [](HWND dialog) { press(dialog, L"cmd_cancel"); }},
       {"the close box", cancelEvent, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); }},
   };
   for (const LastEvent& c : events) {
@@ -103,12 +96,7 @@ TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
     set(object.Get(), "individual");
     object->put_Add(1);
     auto point = eventsOf(object.Get());
-    long handle = 0;
-    long result = -1;
-    ASSERT_EQ(S_OK, object->ShowForm_Remote(&result));
-    ASSERT_EQ(0, result);
-    ASSERT_EQ(S_OK, object->Get_hWnd(&handle));
-    const HWND dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    const HWND dialog = shownEmbedded(object.Get());
     Sink sink([&](DISPID event, const DISPPARAMS&) {
       if (event != c.event) return S_OK;
       point.Reset();
@@ -128,13 +116,10 @@ TEST_F(Events, ReleasingTheObjectTakesItsDialogAwayInSilence) {
   Sink sink(noting('x'));
   DWORD cookie = 0;
   point->Advise(&sink, &cookie);
-  long handle = 0;
-  long result = 0;
-  object->ShowForm_Remote(&result);
-  object->Get_hWnd(&handle);
+  const HWND dialog = shownEmbedded(object.Get());
   point.Reset();
   object.Reset();
-  EXPECT_FALSE(IsWindow(reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle))));
+  EXPECT_FALSE(IsWindow(dialog));
   EXPECT_EQ("", heard);
   EXPECT_EQ(0U, sink.references);
 }

@@ -53,17 +53,17 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     std::string events;  // o: OK, c: Cancel
     bool accepted;
   };
-  const auto press = [](const Held& held, WPARAM key) {
+  const auto type = [](const Held& held, WPARAM key) {
     PostMessageW(findControl(held.dialog, L"ran_payee_email"), WM_KEYDOWN, key, 1);
   };
   long result = -1;
   const Case cases[] = {
       {"nothing", [](Held&) {}, "o", true},
-      {"OK again", [](Held& held) { SendMessageW(findControl(held.dialog, L"cmd_ok"), BM_CLICK, 0, 0); }, "o", true},
-      {"typing", [&](Held& held) { press(held, L'X'); }, "o", true},
+      {"OK again", [](Held& held) { press(held.dialog, L"cmd_ok"); }, "o", true},
+      {"typing", [&](Held& held) { type(held, L'X'); }, "o", true},
       {"a character that a tool sends",
        [](Held& held) { SendMessageW(findControl(held.dialog, L"ran_payee_email"), WM_UNICHAR, L'X', 1); }, "o", true},
-      {"Escape", [&](Held& held) { press(held, VK_ESCAPE); }, "o", true},
+      {"Escape", [&](Held& held) { type(held, VK_ESCAPE); }, "o", true},
       {"another show", [&](Held& held) { held.object->ShowForm_Remote(&result); }, "o", true},
       {"the close box", [](Held& held) { SendMessageW(held.dialog, WM_CLOSE, 0, 0); }, "c", false},
       {"unloading", [](Held& held) { held.object->Unload_From_Remote(); }, "", false},
@@ -84,10 +84,7 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
     });
     DWORD cookie = 0;
     held.point->Advise(&sink, &cookie);
-    long handle = 0;
-    ASSERT_EQ(S_OK, held.object->ShowForm_Remote(&result));
-    ASSERT_EQ(S_OK, held.object->Get_hWnd(&handle));
-    held.dialog = reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+    held.dialog = shownEmbedded(held.object.Get());
     const HWND mail = findControl(held.dialog, L"ran_payee_email");
     SendMessageW(mail, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"new@mail.example"));
 
@@ -97,7 +94,7 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
       happened = true;
       c.meanwhile(held);
     });
-    SendMessageW(findControl(held.dialog, L"cmd_ok"), BM_CLICK, 0, 0);
+    press(held.dialog, L"cmd_ok");
 
     EXPECT_TRUE(happened) << "the verifier was asked";
     EXPECT_FALSE(IsWindow(held.dialog));

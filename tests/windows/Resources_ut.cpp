@@ -1,5 +1,5 @@
 // What the DLL says of itself, and what its windows are made of in a host that asks for nothing.
-#include "tests/windows/Server.h"
+#include "tests/windows/StandIns.h"
 #include "windows/SystemFunction.h"
 
 namespace nv::windows::test {
@@ -24,15 +24,10 @@ TEST(Version, IsThatOfTheProject) {
 
 namespace {
 
-class Resources : public ::testing::Test {
+class Resources : public StandInsTest {
  protected:
-  Resources() { putText(object.Get(), &_ClsRandom::put_DLLPath, countries_.path().c_str()); }
+  Resources() { putText(object.Get(), &_ClsRandom::put_DLLPath, dllPath().c_str()); }
 
- private:
-  Apartment apartment_;
-  CountryFolder countries_;
-
- protected:
   ComPtr<_ClsRandom> object = Server::get().create();
 };
 

@@ -2,9 +2,8 @@
 // in the windows that a dialog gives back.
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
+#include "host/base/File.h"
 #include "tests/windows/StandIns.h"
 
 namespace nv::windows::test {
@@ -46,16 +45,6 @@ class Secrets : public StandInsTest {
     putText(object.Get(), setter, std::wstring(text.begin(), text.end()).c_str());
   }
 
-  HWND show() {
-    long result = -1;
-    long handle = 0;
-    EXPECT_EQ(S_OK, object->ShowForm_Remote(&result));
-    EXPECT_EQ(S_OK, object->Get_hWnd(&handle));
-    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
-  }
-
-  static void press(HWND dialog, const wchar_t* button) { SendMessageW(findControl(dialog, button), BM_CLICK, 0, 0); }
-
   ComPtr<_ClsRandom> object = Server::get().create();
 };
 
@@ -67,8 +56,7 @@ LRESULT CALLBACK answerWhenActive(int code, WPARAM wparam, LPARAM lparam) {
 }
 
 std::string bytesOf(const fs::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  return host::readFile(path).value_or("");
 }
 
 /// Every file below the folder that holds the text, in either width of character.
@@ -89,7 +77,7 @@ TEST_F(Secrets, WindowsAreGivenBackWithoutTheirTexts) {
   for (const wchar_t* const button : {L"cmd_cancel", L"cmd_ok"}) {
     windowsGone = 0;
     textsGone.clear();
-    press(show(), button);
+    press(shownEmbedded(object.Get()), button);
     EXPECT_GT(windowsGone, 100);
     for (const std::string_view secret : {account, transit}) {
       const std::wstring text(secret.begin(), secret.end());
@@ -104,7 +92,7 @@ TEST_F(Secrets, NoFileTellsOfAnAccount) {
        {L"ValidateBankAccount 0 \"no such account\"", L"ValidateBankAccount fails -2147467259 \"out of order\"",
         L"ValidateBankAccount 1"}) {
     tell(answer);
-    const HWND dialog = show();
+    const HWND dialog = shownEmbedded(object.Get());
     press(dialog, L"cmd_ok");
     EXPECT_EQ(IsWindow(dialog) != FALSE, !std::wstring_view(answer).ends_with(L" 1")) << answer;
     press(dialog, L"cmd_cancel");

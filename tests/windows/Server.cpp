@@ -92,22 +92,6 @@ void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)
   EXPECT_HRESULT_SUCCEEDED((object->*setter)(value.get()));
 }
 
-CountryFolder::CountryFolder() {
-  wchar_t folder[MAX_PATH];
-  GetTempPathW(MAX_PATH, folder);
-  root_ = folder;
-  path_ = root_ + L"NORVIK\\";
-  CreateDirectoryW(path_.c_str(), nullptr);
-  const FileHandle file(CreateFileW((path_ + L"FXCountries").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-CountryFolder::~CountryFolder() {
-  DeleteFileW((path_ + L"FXCountries").c_str());
-  RemoveDirectoryW(path_.c_str());
-  DeleteFileW((root_ + L"error.log").c_str());  // there is nothing to decipher the file with
-}
-
 std::wstring nameOf(HWND window) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"NVRandom.Name")));
   wchar_t name[256] = L"";
@@ -119,6 +103,19 @@ HWND findControl(HWND parent, const wchar_t* name) {
   Search search{name, nullptr};
   EnumChildWindows(parent, visit, reinterpret_cast<LPARAM>(&search));
   return search.found;
+}
+
+HWND shownEmbedded(_ClsRandom* object) {
+  long result = -1;
+  long handle = 0;
+  EXPECT_EQ(S_OK, object->ShowForm_Remote(&result));
+  EXPECT_EQ(0, result);
+  EXPECT_EQ(S_OK, object->Get_hWnd(&handle));
+  return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle));
+}
+
+void press(HWND dialog, const wchar_t* button) {
+  SendMessageW(findControl(dialog, button), BM_CLICK, 0, 0);
 }
 
 }  // namespace nv::windows::test

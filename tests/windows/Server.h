@@ -79,25 +79,16 @@ ComPtr<IConnectionPoint> eventsOf(_ClsRandom* object);
 std::wstring getText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*getter)(BSTR*));
 void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)(BSTR), const wchar_t* text);
 
-/// An installation with a country file and nothing else, so that the dialog opens without a word.
-class CountryFolder {
- public:
-  CountryFolder();
-  ~CountryFolder();
-  CountryFolder(const CountryFolder&) = delete;
-  CountryFolder& operator=(const CountryFolder&) = delete;
-  /// To be set as DLLPath.
-  const std::wstring& path() const { return path_; }
-
- private:
-  std::wstring root_;
-  std::wstring path_;
-};
-
 /// The name of the form or control that a window belongs to; empty when it is none of ours.
 std::wstring nameOf(HWND window);
 
 /// The first window below `parent` that carries this control name; nullptr when there is none.
 HWND findControl(HWND parent, const wchar_t* name);
+
+/// The object's embedded dialog, shown.
+HWND shownEmbedded(_ClsRandom* object);
+
+/// Clicks on a button of a dialog, and waits until that is worked off.
+void press(HWND dialog, const wchar_t* button);
 
 }  // namespace nv::windows::test
