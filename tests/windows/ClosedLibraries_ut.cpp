@@ -198,7 +198,7 @@ void countCountries(const wchar_t* dllPath) {
   std::wstring path(dllPath);
   std::ranges::replace(path, L'\\', L'/');
   path.pop_back();
-  putText(object.get(), &_ClsRandom::put_DLLPath, path.c_str());  // however hosts write it
+  putText(object.Get(), &_ClsRandom::put_DLLPath, path.c_str());  // however hosts write it
   for (int show = 0; show < 12; ++show) {
     long dialog = 0;
     ASSERT_EQ(S_OK, object->Get_hWnd(&dialog));
