@@ -222,7 +222,7 @@ TEST(ComContract, LateBoundPutsTakeWhatHostsHandOver) {
   text.vt = VT_BSTR;
   text.bstrVal = SysAllocString(L"KENORA");
   EXPECT_EQ(S_OK, put(city, DISPATCH_PROPERTYPUTREF, text)) << "a plain value by reference";
-  EXPECT_EQ(L"KENORA", getText(object.get(), &_ClsRandom::get_PayeeCity));
+  EXPECT_EQ(L"KENORA", getText(object.Get(), &_ClsRandom::get_PayeeCity));
   Variant list;
   list.vt = VT_ARRAY | VT_BSTR;
   list.parray = SafeArrayCreateVector(VT_BSTR, 0, 2);
