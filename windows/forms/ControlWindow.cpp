@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/Frame.h"
+#include "platform/ScopedValue.h"
 #include "windows/forms/FormWindow.h"
 
 namespace nv::windows {
@@ -101,6 +102,10 @@ forms::Colour ControlWindow::containerColour() const {
 LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_DESTROY) wipeText(window);
   if (destroying_ && message == WM_COMMAND) return 0;
+  if (pressing_ && message == WM_LBUTTONUP) {
+    release_ = lparam;
+    return 0;
+  }
   return handle(window, message, wparam, lparam);
 }
 
@@ -170,10 +175,8 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   if (button == forms::leftButton && control_.takesFocus() && !control_.hasFocus()) {
     // The focus moves before the window acts on the click, so that the lostFocus of the field being left runs first.
     // When that asked the user a question, or the focus went elsewhere, the click is dropped.
-    const LONG time = GetMessageTime();
-    form().focus(control_);
-    const bool askedMeanwhile = GetMessageTime() != time && GetKeyState(VK_LBUTTON) >= 0;
-    if (window_ == nullptr || !control_.hasFocus() || askedMeanwhile) return false;
+    if (!focusForPress() || window_ == nullptr) return false;
+    if (release_) PostMessageW(window, WM_LBUTTONUP, 0, *release_);
   }
   POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
   MapWindowPoints(window, window_, &point, 1);
@@ -181,6 +184,20 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   control_.mouseDown.raise({button, shiftState(), scale.twips(point.x), scale.twips(point.y)});
   return window_ != nullptr;
 }
+/// Moves the focus here. Returns whether the press goes on: an outside party that was asked about the field being left
+/// may have let the button's release through, or one elsewhere.
+bool ControlWindow::focusForPress() {
+  const bool held = GetKeyState(VK_LBUTTON) < 0;  // not so when a tool sends the messages
+  const unsigned asked = FocusRestorer::count();
+  release_.reset();
+  {
+    const ScopedValue pressing(pressing_, true);
+    form().focus(control_);
+  }
+  const bool releasedElsewhere = held && !release_ && GetKeyState(VK_LBUTTON) >= 0;
+  return control_.hasFocus() && FocusRestorer::count() == asked && !releasedElsewhere;
+}
+
 
 bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
   HWND child = nullptr;

@@ -2,6 +2,8 @@
 // mouse and focus to the form.
 #pragma once
 
+#include <optional>
+
 #include "forms/Control.h"
 #include "windows/Handles.h"
 #include "windows/forms/MessageHandler.h"
@@ -78,7 +80,7 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   void destroyed(HWND window) final;
   void wipeText(HWND window);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
-  bool mouseDown(HWND window, int button, LPARAM lparam);
+  bool focusForPress();
   void place();
 
   FormWindow& owner_;
@@ -89,3 +91,5 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
 };
 
 }  // namespace nv::windows
+  bool pressing_ = false;          // a press waits until the field being left has been
+  std::optional<LPARAM> release_;  // of the button meanwhile, and where
