@@ -49,6 +49,10 @@ bool Control::reachable() const {
   return control == nullptr;
 }
 
+bool Control::takesInput() const {
+  return reachable() && !form().busy();
+}
+
 void Control::setBackColor(Colour colour) {
   if (colour == backColor_) return;
   backColor_ = colour;

@@ -82,6 +82,8 @@ class Control {
   bool available() const { return visible_ && enabled_; }
   /// Available, and so is every frame around it.
   bool reachable() const;
+  /// Reachable, and the form is not busy. Whatever a widgetset reports of the user, by whichever route, is asked this.
+  bool takesInput() const;
 
   Colour backColor() const { return backColor_; }
   void setBackColor(Colour colour);

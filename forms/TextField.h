@@ -30,7 +30,8 @@ class TextField : public Control {
 
   Event<> change;
 
-  /// For the widgetset: the user changed the text. `selection` includes the caret.
+  /// For the widgetset: the user changed the text. `selection` includes the caret. While the form is busy the window
+  /// gets its text back, whoever changed it.
   void onUserText(std::wstring text, Selection selection);
 
   /// For the widgetset: the selection last set by code or passed to `onUserText`.
