@@ -168,7 +168,6 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
   return pass(window, message, wparam, lparam);
 }
 
-/// Returns whether the window is to see the button, too.
 bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   if (form().busy()) return false;
   form().activated();  // now and not later, since it may move the focus

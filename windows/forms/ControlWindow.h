@@ -68,6 +68,8 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   virtual HWND focusWindow() const { return window_; }
   /// Where the window stands, in pixels of its parent.
   virtual RECT area() const;
+  /// A button goes down. Returns whether the window is to see it, too.
+  bool mouseDown(HWND window, int button, LPARAM lparam);
   /// The same for fields of one line: no taller than their text needs, so that text and label keep to one line.
   RECT lineArea() const;
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
