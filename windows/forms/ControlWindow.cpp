@@ -21,7 +21,7 @@ void ControlWindow::create(HWND parent) {
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
                       (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
   window_ = createWindow({kind.windowClass, style, kind.extendedStyle}, control_.caption().c_str(), area(), parent);
-  nameWindow(window_, control_.fullName().c_str());
+  nameWindow(window_, control_.fullName());
   created();
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
 }

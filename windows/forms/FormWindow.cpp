@@ -60,7 +60,7 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
   try {
     scale_ = Scale(dpiOf(window_));
     scroller_ = Scroller(window_);
-    nameWindow(window_, form.windowName().data());  // a literal
+    nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
     arrange(true);
