@@ -38,11 +38,11 @@ HWND hostWindow() {
   return front == nullptr ? nullptr : GetAncestor(front, GA_ROOT);
 }
 
-RECT workAreaOf(HWND window) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
+/// The system's window of the thread's input method, or one of the method's own.
+bool isInputMethod(HWND window) {
+  wchar_t name[8] = L"";
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring_view(name) == L"IME" || (GetClassLongPtrW(window, GCL_STYLE) & CS_IME) != 0;
 }
 
 SIZE sizeOf(const RECT& rect) {
@@ -145,9 +145,18 @@ void FormWindow::sendKey(wchar_t key) {
   PostMessageW(window_, messageKey, key, 0);
 }
 
+/// Whether a window is the form's own, or belongs, at any remove, to it or to the input method: a list, a tool, a
+/// choice of characters.
+bool FormWindow::helps(HWND window) const {
+  for (; window != nullptr; window = GetWindow(window, GW_OWNER)) {
+    if (window == window_ || isInputMethod(window)) return true;
+  }
+  return false;
+}
+
 void FormWindow::disableOthers() {
   forEachThreadWindow([this](HWND other) {
-    if (other != window_ && IsWindowEnabled(other) && GetWindow(other, GW_OWNER) != window_) disabled_.push_back(other);
+    if (IsWindowEnabled(other) && !helps(other)) disabled_.push_back(other);
     return true;
   });
   for (const HWND other : disabled_) EnableWindow(other, FALSE);
