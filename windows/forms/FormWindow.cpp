@@ -54,11 +54,11 @@ SIZE sizeOf(const RECT& rect) {
 FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(form), palette_(palette) {
   const HWND owner = embedded() ? nullptr : hostWindow();
   // Created on its owner's screen: the dpi is that of the window.
-  const RECT work = workAreaOf(owner);
+  const RECT work = screens.workAreaOf(owner);
   window_ = createWindow({formClass, styleOf(form), extendedStyleOf(form)}, form.caption().c_str(),
                          {work.left, work.top, work.left, work.top}, owner);
   try {
-    scale_ = Scale(dpiOf(window_));
+    scale_ = Scale(screens.dpiOf(window_));
     scroller_ = Scroller(window_);
     nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
@@ -192,7 +192,7 @@ void FormWindow::arrange(bool centre) {
   SIZE outer = sizeOf(frame);
 
   const HWND owner = GetWindow(window_, GW_OWNER);
-  const RECT work = workAreaOf(owner == nullptr ? window_ : owner);
+  const RECT work = screens.workAreaOf(centre && owner != nullptr ? owner : window_);
   const SIZE room = sizeOf(work);
   // What does not fit is reached by scrolling; a bar along one side takes its width from the other.
   if (outer.cy > room.cy) outer.cx += systemMetric(SM_CXVSCROLL, scale_.dpi());
@@ -225,13 +225,12 @@ void FormWindow::rescale(int dpi) {
 /// A host may reparent the embedded form at any time: the window styles must follow.
 void FormWindow::adoptParent() {
   if (!embedded()) return;
-  const bool isChild = (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD) != 0;
+  constexpr auto popup = static_cast<LONG>(WS_POPUP);
+  const LONG style = GetWindowLongW(window_, GWL_STYLE);
   const bool hasParent = GetAncestor(window_, GA_PARENT) != GetDesktopWindow();
-  if (isChild == hasParent) return;
-  LONG style = GetWindowLongW(window_, GWL_STYLE);
-  style =
-      hasParent ? (style & ~static_cast<LONG>(WS_POPUP)) | WS_CHILD : (style & ~WS_CHILD) | static_cast<LONG>(WS_POPUP);
-  SetWindowLongW(window_, GWL_STYLE, style);
+  const LONG adopted = hasParent ? (style & ~popup) | WS_CHILD : (style & ~WS_CHILD) | popup;
+  if (adopted != style) SetWindowLongW(window_, GWL_STYLE, adopted);
+  rescale(screens.dpiOf(GetAncestor(window_, GA_ROOT)));
 }
 
 void FormWindow::bringIntoView(const forms::Control& control) {
@@ -311,12 +310,13 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
     case messageDpiChanged: {
       // The place that the system proposes stays on the new screen.
       const RECT& proposed = *reinterpret_cast<const RECT*>(lparam);
-      SetWindowPos(window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+      const SIZE size = sizeOf(proposed);
+      SetWindowPos(window, nullptr, proposed.left, proposed.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
       rescale(HIWORD(wparam));
       return 0;
     }
     case messageDpiChangedAfterParent:
-      rescale(dpiOf(window));
+      adoptParent();
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:

@@ -7,6 +7,8 @@ namespace nv::windows {
 
 int dpiOf(HWND window) {
   static const auto getDpiForWindow = systemFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+namespace {
+
   if (getDpiForWindow != nullptr) {
     const UINT dpi = getDpiForWindow(window);
     if (dpi != 0) return static_cast<int>(dpi);
@@ -19,6 +21,17 @@ int dpiOf(HWND window) {
 
 int systemMetric(int index, int dpi) {
   static const auto metricForDpi = systemFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
+RECT workAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+}  // namespace
+
+Screens screens{dpiOf, workAreaOf};
+
   return metricForDpi == nullptr ? GetSystemMetrics(index) : metricForDpi(index, static_cast<UINT>(dpi));
 }
 

@@ -10,8 +10,15 @@
 
 namespace nv::windows {
 
-/// Dots per inch at which a window is drawn, by its monitor where the system tells that, else by its screen.
-int dpiOf(HWND window);
+/// What the system says of a window's screen. Tests put others in its place.
+struct Screens {
+  /// Dots per inch at which the window is drawn, by its screen where the system tells that, else by its desktop.
+  int (*dpiOf)(HWND window);
+  /// What task bars leave of its screen, in pixels.
+  RECT (*workAreaOf)(HWND window);
+};
+extern Screens screens;
+
 /// One of GetSystemMetrics' measures, in pixels at that dpi.
 int systemMetric(int index, int dpi);
 /// Widens the inside of a window, in pixels, by its frame.
