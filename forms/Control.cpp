@@ -53,9 +53,9 @@ bool Control::takesInput() const {
   return reachable() && !form().busy();
 }
 
-void Control::setBackColor(Colour colour) {
-  if (colour == backColor_) return;
-  backColor_ = colour;
+void Control::setColours(const Colours& colours) {
+  if (colours == colours_) return;
+  colours_ = colours;
   changed(Attribute::appearance);
 }
 

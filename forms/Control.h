@@ -85,8 +85,8 @@ class Control {
   /// Reachable, and the form is not busy. Whatever a widgetset reports of the user, by whichever route, is asked this.
   bool takesInput() const;
 
-  Colour backColor() const { return backColor_; }
-  void setBackColor(Colour colour);
+  const Colours& colours() const { return colours_; }
+  void setColours(const Colours& colours);
   const Font& font() const { return font_; }
   void setFont(Font font);
 
@@ -139,7 +139,7 @@ class Control {
   Place place_;
   bool visible_ = true;
   bool enabled_ = true;
-  Colour backColor_ = colours::buttonFace;
+  Colours colours_ = colours::buttonFace;
   Font font_;
   std::wstring tag_;
   ControlPeer* peer_ = nullptr;

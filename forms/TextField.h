@@ -38,9 +38,7 @@ class TextField : public Control {
   Selection lastSelection() const { return selection_; }
 
  protected:
-  TextField(Parent parent, Kind kind, Name name) : Control(parent, kind, name) {
-    setBackColor(colours::windowBackground);
-  }
+  TextField(Parent parent, Kind kind, Name name) : Control(parent, kind, name) { setColours(colours::window); }
 
   /// Called after the text has changed, before `change`: lists join or part text and row here.
   virtual void textChanged(bool /*byUser*/) {}

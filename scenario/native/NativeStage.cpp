@@ -324,8 +324,8 @@ bool NativeStage::hostEnabled() const {
 namespace {
 
 std::wstring shownColour(forms::Colour colour) {
-  if (colour == forms::colours::buttonFace) return L"#F5F5F5";
-  if (colour == forms::colours::windowBackground) return L"#FFFFFF";
+  if (colour == forms::colours::buttonFace.back) return L"#F5F5F5";
+  if (colour == forms::colours::window.back) return L"#FFFFFF";
   wchar_t text[8];
   std::swprintf(text, std::size(text), L"#%02X%02X%02X", colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
   return text;
@@ -370,9 +370,9 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   }
   if (aspect == L"backcolor") {
     const auto* const label = dynamic_cast<const forms::Label*>(&control);
-    if (label == nullptr || !label->transparent()) return shownColour(seen.backColor);
-    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).backColor
-                                                  : user.form().backColor());
+    if (label == nullptr || !label->transparent()) return shownColour(seen.colours.back);
+    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).colours.back
+                                                  : user.form().colours().back);
   }
   forms::Place place = seen.place;
   for (const forms::Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
@@ -397,7 +397,7 @@ std::wstring NativeStage::look(Dialog dialog, const std::wstring& window, const 
   if (aspect == L"text" || aspect == L"caption") return user.title();
   if (aspect == L"visible") return truth(user.open());
   if (aspect == L"enabled") return truth(takesInput);
-  if (aspect == L"backcolor") return shownColour(user.form().backColor());
+  if (aspect == L"backcolor") return shownColour(user.form().colours().back);
   const forms::Place place = user.form().place();
   if (!isPlace(aspect)) throw Failure(L"nothing is known of the " + aspect + L" of a form");
   const bool embedded = user.form().border() == forms::Border::embedded;

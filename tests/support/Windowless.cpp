@@ -54,7 +54,7 @@ void ControlWindow::update(Attribute aspect) {
       if (const auto* box = dynamic_cast<forms::TextBox*>(field_)) seen_.mask = box->passwordChar();
       break;
     case Attribute::appearance:
-      seen_.backColor = control_.backColor();
+      seen_.colours = control_.colours();
       seen_.font = control_.font();
       break;
     case Attribute::value:

@@ -90,13 +90,13 @@ void ControlWindow::place() {
 
 HBRUSH ControlWindow::handleCtlColor(HDC context) {
   SetBkColor(context, rgb(background()));
-  SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+  SetTextColor(context, rgb(colours().text));
   return owner_.brush(background());
 }
 
-forms::Colour ControlWindow::containerColour() const {
+const forms::Colours& ControlWindow::containerColours() const {
   const forms::Frame* const frame = control_.frame();
-  return frame != nullptr ? frame->backColor() : form().backColor();
+  return frame != nullptr ? frame->colours() : form().colours();
 }
 
 LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -183,6 +183,7 @@ bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   control_.mouseDown.raise({button, shiftState(), scale.twips(point.x), scale.twips(point.y)});
   return window_ != nullptr;
 }
+
 /// Moves the focus here. Returns whether the press goes on: an outside party that was asked about the field being left
 /// may have let the button's release through, or one elsewhere.
 bool ControlWindow::focusForPress() {
@@ -196,7 +197,6 @@ bool ControlWindow::focusForPress() {
   const bool releasedElsewhere = held && !release_ && GetKeyState(VK_LBUTTON) >= 0;
   return control_.hasFocus() && FocusRestorer::count() == asked && !releasedElsewhere;
 }
-
 
 bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
   HWND child = nullptr;

@@ -191,6 +191,7 @@ void FormWindow::arrange(bool centre) {
   addFrame(frame, styleOf(form()), extendedStyleOf(form()), scale_.dpi());
   SIZE outer = sizeOf(frame);
 
+  // A new dialog comes up on its owner's screen; later it stays on the one that the user has dragged it to.
   const HWND owner = GetWindow(window_, GW_OWNER);
   const RECT work = screens.workAreaOf(centre && owner != nullptr ? owner : window_);
   const SIZE room = sizeOf(work);
@@ -222,7 +223,7 @@ void FormWindow::rescale(int dpi) {
   for (const auto& control : controls_) control->rescale();
 }
 
-/// A host may reparent the embedded form at any time: the window styles must follow.
+/// A host may reparent the embedded form at any time: window styles and dpi must follow.
 void FormWindow::adoptParent() {
   if (!embedded()) return;
   constexpr auto popup = static_cast<LONG>(WS_POPUP);
@@ -320,6 +321,7 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
+      for (const auto& control : controls_) control->update(Attribute::appearance);
       RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       break;
     default:
@@ -337,7 +339,7 @@ void FormWindow::destroyed(HWND window) {
 void FormWindow::paintBackground(HDC context) const {
   RECT client;
   GetClientRect(window_, &client);
-  FillRect(context, &client, palette_.brush(form().backColor()));
+  FillRect(context, &client, palette_.brush(form().colours().back));
 }
 
 }  // namespace nv::windows

@@ -73,7 +73,7 @@ class FrameWindow final : public ControlWindow {
     InflateRect(&gap, owner().scale().pixels(45), 0);
     FillRect(context, &gap, owner().brush(background()));
     SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    SetTextColor(context, rgb(colours().text));
     DrawTextW(context, caption.c_str(), -1, &text, DT_SINGLELINE | DT_END_ELLIPSIS);
   }
 };

@@ -1,14 +1,16 @@
 #include "windows/forms/Graphics.h"
 
+#include <cstdlib>
+
 #include "windows/Instance.h"
 #include "windows/SystemFunction.h"
 
 namespace nv::windows {
 
-int dpiOf(HWND window) {
-  static const auto getDpiForWindow = systemFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
 namespace {
 
+int dpiOf(HWND window) {
+  static const auto getDpiForWindow = systemFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
   if (getDpiForWindow != nullptr) {
     const UINT dpi = getDpiForWindow(window);
     if (dpi != 0) return static_cast<int>(dpi);
@@ -19,8 +21,6 @@ namespace {
   return dpi;
 }
 
-int systemMetric(int index, int dpi) {
-  static const auto metricForDpi = systemFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
 RECT workAreaOf(HWND window) {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof(monitor);
@@ -32,6 +32,8 @@ RECT workAreaOf(HWND window) {
 
 Screens screens{dpiOf, workAreaOf};
 
+int systemMetric(int index, int dpi) {
+  static const auto metricForDpi = systemFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
   return metricForDpi == nullptr ? GetSystemMetrics(index) : metricForDpi(index, static_cast<UINT>(dpi));
 }
 
@@ -48,6 +50,15 @@ void addFrame(RECT& inside, DWORD style, DWORD extendedStyle, int dpi) {
 COLORREF rgb(forms::Colour colour) {
   constexpr forms::Colour systemColour = 0x80000000U;
   return (colour & systemColour) != 0 ? GetSysColor(static_cast<int>(colour & ~systemColour)) : colour;
+}
+
+int brightness(COLORREF colour) {
+  return (299 * GetRValue(colour) + 587 * GetGValue(colour) + 114 * GetBValue(colour)) / 1000;
+}
+
+bool readable(COLORREF text, COLORREF background) {
+  constexpr int difference = 80;
+  return std::abs(brightness(text) - brightness(background)) >= difference;
 }
 
 HBRUSH Palette::brush(forms::Colour colour) {

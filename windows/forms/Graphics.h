@@ -41,6 +41,10 @@ class Scale {
 };
 
 COLORREF rgb(forms::Colour colour);
+/// How bright a colour looks, 0 to 255.
+int brightness(COLORREF colour);
+/// Whether text of one colour can be told from a background of the other.
+bool readable(COLORREF text, COLORREF background);
 
 /// Brushes, fonts and icons, made once each and kept for all forms of a thread. What is handed out stays the palette's.
 class Palette {
