@@ -147,6 +147,20 @@ Medians classCreation() {
                  repeated([&] { made<IDispatch>(*bare.Get(), IID_IDispatch); }));
 }
 
+Medians briefUse() {
+  const auto bare = factoryOf(dictionaryClass);
+  const Bstr key = Bstr::copyOf(L"PayeeName");
+  const Bstr content = Bstr::copyOf(value);
+  VARIANT ourArguments[] = {text(content)};
+  VARIANT bareArguments[] = {text(content), text(key)};
+  const auto use = [](IClassFactory& factory, const wchar_t* member, auto& arguments) {
+    put(made<IDispatch>(factory, IID_IDispatch).Get(), member, arguments);
+  };
+  // Nothing of ours is held in between: what the first object brings is not to be brought again by the next.
+  return compare(repeated([&] { use(*Server::get().factory().Get(), L"PayeeName", ourArguments); }),
+                 repeated([&] { use(*bare.Get(), L"Item", bareArguments); }));
+}
+
 Medians traceLine() {
   const Workplace workplace(L"traceLine");
   const auto object = workplace.object();

@@ -13,6 +13,8 @@ Medians vtableGet();
 Medians lateBoundPut();
 Medians lateBoundGet();
 Medians classCreation();
+/// An object for one late-bound put, the only one of its DLL.
+Medians briefUse();
 Medians traceLine();
 Medians switchedOffTrace();
 

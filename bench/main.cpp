@@ -33,6 +33,7 @@ const Row rows[] = {
     {"property put, late bound", "Scripting.Dictionary item put", 1, lateBoundPut},
     {"property get, late bound", "Scripting.Dictionary item get", 1, lateBoundGet},
     {"class creation", "Scripting.Dictionary creation", noGoal, classCreation},
+    {"create, put, release", "a Scripting.Dictionary for a put", 3, briefUse},
     {"library load", "mapping the file, system imports", noGoal, libraryLoad},
     {"library size, stripped", "1 MB", 1, librarySize},
     {"dialog open, first time", "the same windows", 1.3, firstOpening},

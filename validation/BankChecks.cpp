@@ -140,10 +140,10 @@ std::optional<std::int16_t> ValidateBankAccount(Component& component, std::wstri
                       });
 }
 
-bool ValidateABANumber(Component& component, std::wstring_view routingNumber) {
+bool ValidateABANumber(Component& component, std::wstring_view routingNumber, bool domestic) {
   trace(component, L"Random - ValidateABANumber");
   constexpr std::size_t digits = 9;
-  if (component.store.WhatKindOfBiller != L" ") {
+  if (!domestic) {
     const std::wstring_view prefix = routingNumber.substr(0, 2);
     if (prefix.size() < 2 || !isDigit(prefix[0]) || !isDigit(prefix[1])) return false;
     const int region = 10 * (prefix[0] - L'0') + prefix[1] - L'0';

@@ -37,6 +37,7 @@ std::optional<std::int16_t> ValidateBankAccount(Component& component, std::wstri
 
 /// Whether a United States routing number has 9 digits and the right checksum and, unless the biller is a domestic one,
 /// an assigned prefix.
-bool ValidateABANumber(Component& component, std::wstring_view routingNumber);
+/// @param domestic the biller's mode: in the dialog, that of its set-up.
+bool ValidateABANumber(Component& component, std::wstring_view routingNumber, bool domestic);
 
 }  // namespace nv::Random

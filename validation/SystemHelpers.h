@@ -18,10 +18,10 @@ bool Fileexists(Component& component, const std::wstring& path);
 /// Stores the Windows and the system directory, each with a trailing backslash.
 void Get_Windows_Dir(Component& component);
 
-/// Opens a web page in the user's browser, maximised. Tells the user when that did not work; a run-time error is reported
-/// under "Random.OpenBrowser".
-/// @param address of http or https, or without a scheme. Anything else, such as a path or a program, opens nothing and is
-/// reported as an error, but not to the user.
+/// Opens a web page in the user's browser, maximised. Tells the user when that did not work; a run-time error is
+/// reported under "Random.OpenBrowser".
+/// @param address of http or https, or without a scheme. Anything else, such as a path or a program, opens nothing and
+/// is reported as an error, but not to the user.
 void OpenBrowser(Component& component, std::wstring_view address = makersWebSite);
 
 }  // namespace nv::Random

@@ -25,7 +25,7 @@ bool frmRandomInfo::fitsPostal(wchar_t key) const {
   return position < canadianLength && (position % 2 == 0 ? isCapital(key) : isDigit(key));
 }
 
-/// A province that the host's text knows is the list's choice, too.
+/// Selects the province in the list as soon as its code is one that the host's text knows.
 void frmRandomInfo::chooseKnownProvince() {
   const std::wstring& province = ran_payee_prov.text();
   if (province.size() != 2 || !Random::lookupProvince(component(), province)) return;
@@ -42,11 +42,13 @@ void frmRandomInfo::txtBusinessNum_Change() {
 
 void frmRandomInfo::txtBusinessNum_LostFocus() {
   const forms::Control* const receiver = activeControl();
-  if (receiver == &cmd_cancel || receiver == &chkBNNotAvailable || receiver == &optCIndividual) return;
+  const std::initializer_list<const forms::Control*> waysOut = {&cmd_cancel, &cmd_help, &chkBNNotAvailable,
+                                                                &optCIndividual};
+  if (std::ranges::find(waysOut, receiver) != waysOut.end()) return;
   if (txtBusinessNum.text().empty()) return;
   const Busy busy(*this);
   if (Random::VerifyBusinessNumber(component(), txtBusinessNum.text())) return;
-  // To be typed over. An Enter that led here types a "9", though, which must not replace the number.
+  // Selected, so that typing replaces it - but not the "9" of an Enter that led here.
   txtBusinessNum.selectAll();
   if (typing()) txtBusinessNum.select(static_cast<int>(txtBusinessNum.text().size()), 0);
   txtBusinessNum.setFocus();
@@ -61,7 +63,7 @@ bool frmRandomInfo::hasBankNumbers() const {
   return !txtTransit.text().empty() || !txtBankID.text().empty() || !txtAccount.text().empty();
 }
 
-/// Once all bank numbers are gone, so is their re-keying.
+/// Without a bank number left, there is nothing to confirm.
 void frmRandomInfo::bankNumberChanged() {
   if (hasBankNumbers()) return;
   confirming_ = false;

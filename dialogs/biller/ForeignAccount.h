@@ -1,7 +1,6 @@
 // The two numbers of a foreign bank account as the record keeps them.
 #pragma once
 
-#include <algorithm>
 #include <string>
 
 #include "component/core/Store.h"
@@ -14,9 +13,9 @@ struct ForeignAccount {
   std::wstring account;
 };
 
-/// Of a bank of the United States the account field holds the 9-digit routing number followed by the account, unless
-/// the routing number stands in the field for the SWIFT code, where accepting such a biller puts it. Otherwise the two
-/// are kept apart.
+/// The record joins the two only for a bank of the United States: the account field holds the 9-digit routing number,
+/// directly followed by the account, and the SWIFT code is empty. A biller accepted in US mode keeps them apart, with
+/// the routing number in place of the SWIFT code.
 inline ForeignAccount foreignAccount(const Store& store) {
   constexpr std::size_t routingNumberLength = 9;
   const std::wstring& account = store.PayeeFXBankAccount;

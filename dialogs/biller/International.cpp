@@ -12,7 +12,8 @@ using platform::MessageBoxes;
 
 namespace {
 
-/// Asks whether the biller is for an international payment, and says so when that is not possible.
+/// Asks whether the biller is for an international payment. Without the host's settings for one, Yes is answered with
+/// an explanation, and counts as No.
 bool acceptsInternational(frmRandomInfo& form) {
   if (form.message(L"Is this biller for an international payment?", MessageBoxes::Icon::information,
                    MessageBoxes::Buttons::yesNo) != MessageBoxes::Answer::yes) {
@@ -26,7 +27,7 @@ bool acceptsInternational(frmRandomInfo& form) {
   return false;
 }
 
-/// The telephone code of the chosen country, for a number to be entered anew.
+/// Takes over the telephone code of the chosen country, and empties the number: it is to be entered anew.
 void takeTelephoneCode(frmRandomInfo& form) {
   if (const auto row = form.ran_payee_country.selectedRow()) {
     const std::wstring code(form.ran_payee_country.cell(*row, countryPhone));
@@ -57,8 +58,8 @@ void frmRandomInfo::SetFXBiller(bool isFX) {
   }
 }
 
-/// What made the biller international lasts until country and currency are both those of an ordinary one.
-void frmRandomInfo::endInternationalAtHome() {
+/// The flag ends only at home: when country and currency are both domestic again.
+void frmRandomInfo::clearForeignCurrencyAtHome() {
   if ((inCanada() || inUnitedStates()) && cmbCurrencyCode.text() == canadianDollar) foreignCurrency_ = false;
 }
 
@@ -90,7 +91,7 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   const std::wstring code = cmbCurrencyCode.text().substr(0, 3);
   if (code == canadianDollar) {
     SetFXBiller(false);
-    endInternationalAtHome();
+    clearForeignCurrencyAtHome();
     return;
   }
   const bool foreign = code != separatorCode;
@@ -103,7 +104,7 @@ void frmRandomInfo::cmbCurrencyCode_LostFocus() {
   } else {
     setCurrency(canadianDollar);
     SetFXBiller(false);
-    endInternationalAtHome();
+    clearForeignCurrencyAtHome();
   }
 }
 
@@ -128,7 +129,7 @@ void frmRandomInfo::ran_payee_country_LostFocus() {
     if (foreignCurrency_ || !domestic()) takeTelephoneCode(*this);
   }
   if (!abroad() && cmbCurrencyCode.text() == canadianDollar) SetFXBiller(false);
-  endInternationalAtHome();
+  clearForeignCurrencyAtHome();
   SetFXPhoneNumber(!inCanada() && !inUnitedStates());
 }
 
@@ -151,7 +152,7 @@ void frmRandomInfo::ShowFXBankingInfoScreen() {
     details.swift = account.number;
     details.account = account.account;
   }
-  const auto bank = std::make_shared<frmFXBankInfo>(component());
+  const auto bank = std::make_shared<frmFXBankInfo>(component(), domestic());
   bank->load();
   const forms::UnloadOnExit unloaded(*bank);
   bank->fill(details, ran_payee_prov.entries(), ran_payee_country.rows());
@@ -171,10 +172,22 @@ void frmRandomInfo::storeForeignBank(frmFXBankInfo::Details bank) {
       {&Store::PayeeFXBankAccount, unitedStates ? bank.routing + bank.usAccount : std::move(bank.account)},
       {&Store::PayeeFXBankSwift, unitedStates ? std::wstring() : std::move(bank.swift)},
   };
-  for (auto& [member, value] : values) {
-    if (trimmed(store().*member) != value) foreignBankChanged_ = true;
-    provisional_.put(member, std::move(value));
+  for (auto& [member, value] : values) provisional_.put(member, std::move(value));
+}
+
+/// Routing number and account apart: that the record joins them is no difference. In the United States mode the user
+/// enters nothing else.
+std::vector<std::wstring> frmRandomInfo::foreignBank() const {
+  const Store& record = store();
+  const ForeignAccount account = foreignAccount(record);
+  std::vector<std::wstring_view> texts = {record.PayeeFXBankName, account.number, account.account};
+  if (domestic()) {
+    texts.insert(texts.end(), {record.PayeeFXBankAddress, record.PayeeFXBankCity, record.PayeeFXBankProv,
+                               record.PayeeFXBankCountry});
   }
+  std::vector<std::wstring> bank;
+  for (const std::wstring_view text : texts) bank.emplace_back(trimmed(text));
+  return bank;
 }
 
 }  // namespace nv

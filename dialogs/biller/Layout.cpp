@@ -1,5 +1,7 @@
 // Where the biller dialog's controls stand: two columns of fields, the biller kind, the bank block. The rows are the
 // same in every mode; a mode stacks the blocks that it shows.
+#include <algorithm>
+
 #include "dialogs/biller/frmRandomInfo.h"
 #include "dialogs/support/Grid.h"
 
@@ -71,7 +73,8 @@ void arrangeAddress(frmRandomInfo& form) {
             form.txtBusinessNum,
             {form.chkBNNotAvailable, 1440}});
   kind.mark(form.lblAsterisk[7]).help(form.imgHelpCSFTInfo[4]);
-  form.fraBusinessNum.setPlace({blockLeft, left.bottom() + gap, blockWidth - 2 * blockLeft, kind.bottom() + gap});
+  form.fraBusinessNum.setPlace(
+      {blockLeft, std::max(left.bottom(), right.bottom()) + gap, blockWidth - 2 * blockLeft, kind.bottom() + gap});
   form.Frame3.setPlace(
       {blockLeft, frameHead + headPitch + textHeight + gap, blockWidth, form.fraBusinessNum.place().bottom() + gap});
 }

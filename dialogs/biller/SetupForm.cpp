@@ -67,6 +67,7 @@ void frmRandomInfo::Form_Load() {
   SetupForm();
   opening_ = {txtAccount.text(), txtBankID.text(), txtTransit.text(), txtRoutingNumber.text(),
               txtBankAccountNumber.text()};
+  openingBank_ = foreignBank();
 }
 
 void frmRandomInfo::SetupForm() {
@@ -137,11 +138,12 @@ void frmRandomInfo::selectProvince() {
 
 void frmRandomInfo::selectCountry() {
   const std::wstring& country = store().PayeeCountry;
-  if (country.empty()) {
+  const std::wstring_view code = trimmed(country);
+  // In the United States mode the user cannot mend what stands there: blanks are nothing.
+  if (domestic() ? country.empty() : code.empty()) {
     setCountry(!domestic() && homeCurrency_ == L"USD" ? unitedStatesCode : canadaCode);
   } else {
-    const std::wstring_view code = trimmed(country);
-    setCountry(code.size() == 3 ? std::wstring(code.substr(0, 2)) : country);
+    setCountry(code.size() == 3 ? std::wstring(code.substr(0, 2)) : domestic() ? country : std::wstring(code));
   }
 }
 
@@ -199,7 +201,7 @@ void frmRandomInfo::SetupIndividualForm() {
 void frmRandomInfo::selectCurrency() {
   const std::wstring& currency = store().PayeeCurrency;
   if (currency == separatorCode) return setCurrency(canadianDollar);
-  setCurrency(currency.empty() ? homeCurrency_ : currency);
+  setCurrency(currency.empty() || (!domestic() && trimmed(currency).empty()) ? homeCurrency_ : currency);
 }
 
 void frmRandomInfo::Form_Activate() {

@@ -211,13 +211,15 @@ class frmRandomInfo : public FieldForm {
 
   // The international state and the decisions that lead to it (International.cpp).
   void SetFXBiller(bool isFX);
-  void endInternationalAtHome();
+  void clearForeignCurrencyAtHome();
   void SetFXPhoneNumber(bool isFX);
   void ShowFXBankingInfoScreen();
   bool FXCurrencyExists(std::wstring_view code);
   void cmbCurrencyCode_LostFocus();
   void ran_payee_country_LostFocus();
   void storeForeignBank(frmFXBankInfo::Details bank);
+  /// The record's foreign bank as the user sees it, each text without the blanks around it.
+  std::vector<std::wstring> foreignBank() const;
 
   // What only one field does (FieldRules.cpp).
   bool fitsPostal(wchar_t key) const;
@@ -247,15 +249,17 @@ class frmRandomInfo : public FieldForm {
     std::wstring bankAccountNumber;
   };
 
-  std::wstring kindOfBiller_;  // WhatKindOfBiller and CurrencyCodeFromMain when the dialog was set up: hosts that
-  std::wstring homeCurrency_;  // create another ClsRandom meanwhile change the record's
+  // WhatKindOfBiller and CurrencyCodeFromMain as they were at set-up: a host that creates another ClsRandom resets
+  // both.
+  std::wstring kindOfBiller_;
+  std::wstring homeCurrency_;
   BankTexts opening_;
+  std::vector<std::wstring> openingBank_;
   ProvisionalValues provisional_{store()};
-  bool foreignCurrency_ = false;     // the biller has been accepted as an international one
-  bool international_ = false;       // as SetFXBiller has it
-  bool foreignBankChanged_ = false;  // the record's foreign bank differs from what the dialog opened with
-  bool readOnly_ = false;            // shown for viewing only
-  bool confirming_ = false;          // the bank account is being entered a second time
+  bool foreignCurrency_ = false;  // confirmed as international: nothing is asked, a foreign bank is required
+  bool international_ = false;    // shown as international, by SetFXBiller
+  bool readOnly_ = false;         // shown for viewing only
+  bool confirming_ = false;       // the bank account is being entered a second time
   std::int32_t closeResult_ = 0;
   forms::Twips frame3Height_ = 0;  // as designed
 };

@@ -53,7 +53,7 @@ Verdict frmFXBankInfo::checkUnitedStates() const {
   if (txtUSABA.text().empty() || txtUSBankAccount.text().empty()) {
     return refusal(L"You must enter both an ABA Routing # and an Account #.", L"Bank Account Number Validation");
   }
-  if (Random::ValidateABANumber(component(), txtUSABA.text())) return Verdict::passed();
+  if (Random::ValidateABANumber(component(), txtUSABA.text(), domestic_)) return Verdict::passed();
   return refusal(
       L"The ABA Routing # that you have entered is not valid. Please make sure you enter a valid 9 digit ABA Routing "
       L"#.",

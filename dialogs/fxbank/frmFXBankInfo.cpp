@@ -19,7 +19,8 @@ constexpr const wchar_t* billerForm = L"RandomInfo";
 
 }  // namespace
 
-frmFXBankInfo::frmFXBankInfo(Component& component) : FieldForm(component, formName, formName, forms::Border::dialog) {
+frmFXBankInfo::frmFXBankInfo(Component& component, bool domestic)
+    : FieldForm(component, formName, formName, forms::Border::dialog), domestic_(domestic) {
   setCaption(L"International Payment Banking Information");
   cmd_cancel.setCancels(true);
   for (forms::StyledButton* button : {&cmd_ok, &cmd_cancel}) button->setFont({.name = L"Tahoma"});
@@ -27,7 +28,7 @@ frmFXBankInfo::frmFXBankInfo(Component& component) : FieldForm(component, formNa
   connectFields(rows());
   onClick(cmd_ok, [this] { cmd_ok_Click(); });
   onClick(cmd_cancel, [this] { unload(); });
-  // Not a procedure of its own: what was typed last decides whether the province is completed.
+  // Not traced: it only notes the key, which decides whether the province is completed.
   cmbBankProv.keyDown = [this](forms::KeyDown& key) { lastKeyInProvince_ = key.code; };
   arrange();
 }
@@ -72,7 +73,7 @@ std::vector<Field> frmFXBankInfo::rows() {
   const auto number = [&text](forms::TextBox& field, int length, forms::Control& next) {
     Field row = text(field, length, next);
     row.unmasks = true;
-    row.left = onlyTraced;
+    row.whenLeft = onlyTraced;
     row.paste = Paste::refused;
     row.guardsOf = billerForm;
     return row;
@@ -83,7 +84,7 @@ std::vector<Field> frmFXBankInfo::rows() {
     return row;
   };
   Field routingConfirmation = confirmation(txtUSABAConf, routingLength, txtUSBankAccountConf);
-  routingConfirmation.shapes = &txtUSABA;  // the other box is meant
+  routingConfirmation.shapedInstead = &txtUSABA;  // not its own text: kept as hosts know it
   return {
       text(txtBankName, addressLength, txtBankStreet),
       text(txtBankStreet, addressLength, txtBankCity),
@@ -94,7 +95,7 @@ std::vector<Field> frmFXBankInfo::rows() {
        .keys = isCapital,
        .shape = Shape::asTyped,
        .changed = [this] { cmbBankProv_Change(); }},
-      {.field = cmbBankCountry, .width = 2400, .keys = isCapital, .left = [this] { cmbBankCountry_LostFocus(); }},
+      {.field = cmbBankCountry, .width = 2400, .keys = isCapital, .whenLeft = [this] { cmbBankCountry_LostFocus(); }},
       number(txtSwiftNumber, swiftLength, txtBankAccount),
       number(txtBankAccount, accountLength, cmd_ok),
       confirmation(txtSwiftNumberConf, swiftLength, txtBankAccountConf),
@@ -171,7 +172,7 @@ void frmFXBankInfo::setEnabled(Section& section, bool enabled) {
   }
 }
 
-/// What was typed in a section that is left is gone, an open confirmation included.
+/// Empties and closes the section that is left, its open confirmation included.
 void frmFXBankInfo::discard(Section& section) {
   if (section.confirmLabel.visible()) confirming_ = false;
   section.number.setText({});

@@ -19,7 +19,8 @@ namespace nv {
 
 class frmFXBankInfo : public FieldForm {
  public:
-  explicit frmFXBankInfo(Component& component);
+  /// @param domestic the biller's mode, which decides on routing numbers.
+  frmFXBankInfo(Component& component, bool domestic);
 
   /// What the dialog shows and hands back. Of the two pairs of numbers the one for the country counts.
   struct Details {
@@ -122,6 +123,7 @@ class frmFXBankInfo : public FieldForm {
                          txtBankAccount, lblConfirmInt,  txtSwiftNumberConf, txtBankAccountConf};
   Section unitedStates_{fraUSBanks,       lblUSABA,     txtUSABA,     lblUSBankAccount,
                         txtUSBankAccount, lblConfirmUS, txtUSABAConf, txtUSBankAccountConf};
+  bool domestic_;
   bool accepted_ = false;
   bool accountChanged_ = false;
   bool confirming_ = false;  // a confirmation is open

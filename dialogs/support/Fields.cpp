@@ -14,7 +14,7 @@ using forms::TextField;
 
 namespace {
 
-/// Whether the key event is Shift+Insert or Control+V, with whatever other modifiers but Alt.
+/// Shift+Insert or Control+V, whatever other modifiers are held; with Alt it is none of them.
 bool pastes(const forms::KeyDown& key) {
   constexpr int v = 86;
   if ((key.shift & forms::altKey) != 0) return false;
@@ -53,7 +53,7 @@ void FieldForm::connect(const Field& row) {
   }
   if (row.reportsTop) on(control.gotFocus, label({}, L"GotFocus"), [this, &row] { reportTop(row.field); });
   const std::wstring_view object = row.guardsOf.empty() ? name() : row.guardsOf;
-  if (row.left) on(control.lostFocus, {object, control.name(), L"LostFocus"}, [&row] { row.left(); });
+  if (row.whenLeft) on(control.lostFocus, {object, control.name(), L"LostFocus"}, [&row] { row.whenLeft(); });
   if (row.paste == Paste::refused) {
     static_cast<TextBox&>(control).setTakesPaste(false);
     on(control.keyDown, {object, control.name(), L"KeyDown"}, [](forms::KeyDown& key) {
@@ -80,7 +80,7 @@ void FieldForm::filterKey(const Field& row, wchar_t& key) {
 void FieldForm::changeText(const Field& row, TextField& field) {
   if (row.unmasks) static_cast<TextBox&>(field).setPasswordChar(0);
   if (row.shape != Shape::asTyped) {
-    TextField& shaped = row.shapes != nullptr ? *row.shapes : field;
+    TextField& shaped = row.shapedInstead != nullptr ? *row.shapedInstead : field;
     std::wstring text = Random::CleanseCharacters(component(), shaped.text());
     std::erase_if(text, [&row](wchar_t character) { return refuses(row, character); });
     if (row.shape == Shape::trimmedUpperCase) text = trimmed(text);
@@ -93,7 +93,7 @@ void FieldForm::changeText(const Field& row, TextField& field) {
 }
 
 void FieldForm::lead(const Field& row, const Field::Leads& candidates) {
-  if (!row.field.hasFocus()) return;  // what code puts into a field leads nobody away from another
+  if (!row.field.hasFocus()) return;  // text set by code must not take the user to another field
   const auto next = std::ranges::find_if(
       candidates, [](const Control* candidate) { return candidate != nullptr && candidate->reachable(); });
   if (next != candidates.end()) (*next)->setFocus();

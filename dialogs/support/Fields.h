@@ -16,7 +16,7 @@
 
 namespace nv {
 
-/// The case that a key is brought to.
+/// The case that a key is brought to: `upper` as the system has it, `asciiUpper` for a to z alone.
 enum class Case { asTyped, upper, asciiUpper };
 
 /// What a change of the text, however it came about, makes of it. An unwatched field has no change procedure.
@@ -44,13 +44,13 @@ struct Field {
 
   // Changes
   Shape shape = Shape::unwatched;
-  bool unmasks = false;                // of a text box: what is edited is seen in clear
-  std::function<void()> changed{};     // what else a change does
-  forms::TextField* shapes = nullptr;  // the field that is shaped, if not this one
+  bool unmasks = false;                       // of a text box: a change removes its mask
+  std::function<void()> changed{};            // what else a change does
+  forms::TextField* shapedInstead = nullptr;  // the field that a change shapes, if not this one
 
   // Focus and pasting
-  bool reportsTop = false;       // hosts hear where the field is when it gets the focus
-  std::function<void()> left{};  // what happens when it loses the focus
+  bool reportsTop = false;           // hosts hear where the field is when it gets the focus
+  std::function<void()> whenLeft{};  // what happens when it loses the focus
   Paste paste = Paste::allowed;
 
   // The record
@@ -66,7 +66,7 @@ struct Field {
   std::wstring_view guardsOf{};    // the form's name in KeyDown, MouseDown and LostFocus
 };
 
-// Characters that may be typed; a digit is isDigit, a letter isCapital.
+// For `keys`, beside isDigit and isCapital.
 inline bool anyCharacter(wchar_t /*character*/) {
   return true;
 }
@@ -79,7 +79,7 @@ inline bool isAccountCharacter(wchar_t character) {
   return character != L' ' && character != controlV;
 }
 
-/// For `left`: a procedure that does nothing but leave its line in the trace.
+/// For `whenLeft`: a procedure that does nothing but leave its line in the trace.
 inline void onlyTraced() {}
 
 class FieldForm : public ComponentForm {
@@ -95,7 +95,7 @@ class FieldForm : public ComponentForm {
 
   /// Shows the record's values in these fields.
   void showValues(std::initializer_list<forms::Control*> fields);
-  /// These are not to be shown.
+  /// These fields keep what they show.
   void passOver(std::initializer_list<forms::Control*> fields);
   /// Shows the record's values in the fields that were neither shown nor passed over.
   void showOtherValues();
@@ -103,7 +103,7 @@ class FieldForm : public ComponentForm {
   /// The value of the record that a row stands for, as its field holds it now; nothing when it is not to be stored.
   std::optional<std::wstring> valueOf(const Field& row) const;
 
-  /// Whether the focus goes to the cancel button: who leaves the dialog decides nothing by leaving a field.
+  /// Whether the focus goes to the cancel button: a user who cancels is asked nothing about the field being left.
   bool leavesToCancel() const;
 
   /// Tells the host where a field is.

@@ -1,4 +1,4 @@
-// What a check of an acceptance comes to.
+// The result of a check of an acceptance.
 #pragma once
 
 #include <string>
@@ -10,21 +10,20 @@
 
 namespace nv {
 
-/// Either there is nothing to object to, or the acceptance stops: with what the user is told, and where the mending is
-/// to be done.
+/// The check has passed, or the acceptance stops: with what the user is told, and the field that is to be corrected.
 class [[nodiscard]] Verdict {
  public:
   static Verdict passed() { return Verdict(false); }
   static Verdict stop() { return Verdict(true); }
   static Verdict stopAt(forms::Control& control) { return stop().at(control); }
-  /// The field is emptied, of blanks as a rule.
+  /// Empties the field, which holds nothing but blanks as a rule, and leads to it.
   static Verdict stopEmptied(forms::TextField& field);
-  /// The field's text is selected, to be typed over.
+  /// Selects the field's text, to be typed over.
   static Verdict stopSelected(forms::TextField& field);
 
-  /// @param message nothing is said if it is empty. @param caption of the box; the form's own, if not given.
+  /// @param message an empty one shows no box. @param caption of the box; by default the form's own.
   Verdict saying(std::wstring message, const wchar_t* caption = nullptr) &&;
-  /// What has been said leads on to a button, which is pressed if it is available.
+  /// Presses the button, if it is available, once the user has been told.
   Verdict pressing(forms::Button& button) &&;
 
   bool stops() const { return stops_; }

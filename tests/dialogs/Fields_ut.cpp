@@ -1,5 +1,6 @@
 // What every field must have, so that one that is added is not forgotten anywhere: a row that says all that a row of
 // its block says, a value of the record, a place in the layout.
+#include <algorithm>
 #include <set>
 
 #include "dialogs/biller/frmRandomInfo.h"
@@ -31,17 +32,21 @@ void expectRows(const FieldForm& form) {
     const bool list = row.field.kind() == forms::Kind::dropDownList;
     EXPECT_TRUE(list || row.length > 0) << row.field.fullName() << " has no length";
   }
-  EXPECT_EQ(rows, fields) << "rows beside the controls, in tab order";
+  const auto [row, field] = std::ranges::mismatch(rows, fields);
+  EXPECT_TRUE(rows == fields) << "in tab order, the row of " << (row == rows.end() ? L"none" : *row) << " stands for "
+                              << (field == fields.end() ? L"no field" : *field);
 }
 
 TEST_F(Fields, EveryFieldHasItsRow) {
   expectRows(frmRandomInfo(component, forms::Border::embedded));
-  expectRows(frmFXBankInfo(component));
+  expectRows(frmFXBankInfo(component, true));
 }
 
 TEST_F(Fields, ARowOfTheAddressSaysAllThereIs) {
   const frmRandomInfo form(component, forms::Border::embedded);
   const std::set<std::wstring_view> noTop = {L"cmbCurrencyCode"};
+  // Where the address begins, and the country codes, which begin with a value.
+  const std::set<std::wstring_view> notLedTo = {L"ran_payee_street", L"txtPhoneCountryCode", L"txtFaxCountryCode"};
   for (const Field& row : form.fields()) {
     if (row.field.frame() != &form.Frame3 || row.field.kind() == forms::Kind::checkBox) continue;
     const std::wstring name = row.field.fullName();
@@ -49,6 +54,10 @@ TEST_F(Fields, ARowOfTheAddressSaysAllThereIs) {
     EXPECT_NE(row.next.front(), nullptr) << name << ": Enter leads nowhere";
     EXPECT_NE(row.reportsTop, noTop.contains(row.field.name())) << name << ": hosts do not hear where it is";
     EXPECT_NE(row.record, nullptr) << name << ": is no value of the record";
+    const bool ledTo = std::ranges::any_of(form.fields(), [&](const Field& other) {
+      return std::ranges::find(other.next, &row.field) != other.next.end();
+    });
+    EXPECT_NE(ledTo, notLedTo.contains(row.field.name())) << name << ": no field leads to it";
     if (row.field.kind() != forms::Kind::dropDownList) {
       EXPECT_NE(row.shape, Shape::unwatched) << name << ": changes are not watched";
     }

@@ -26,7 +26,7 @@ TEST_F(SetupFormTest, EachModeIsAsHighAsWhatItShows) {
       if (component.store.WhatKindOfBiller != L" ") {
         EXPECT_EQ(user.seen(L"Label15").place.top, frame.bottom() + 40);
         for (const wchar_t* bank : {L"fraBankInfo", L"fraBankAcctInfo"}) {
-          if (user.visible(bank)) EXPECT_EQ(frame.height, user.seen(bank).place.bottom() + 100);
+          EXPECT_TRUE(!user.visible(bank) || frame.height == user.seen(bank).place.bottom() + 100) << bank;
         }
       }
     }

@@ -151,7 +151,7 @@ const Interruption interruptions[] = {
      [](Asking&, User& user) {
        user.type(L"1\t2\r ");
        forms::Form& form = user.form();
-       if (form.busy()) EXPECT_EQ(form.characterTyped(*form.activeControl(), L'1'), 0) << "its key came before";
+       EXPECT_TRUE(!form.busy() || form.characterTyped(*form.activeControl(), L'1') == 0) << "its key came before";
      }},
     {"Delete", true, [](Asking&, User& user) { user.key(User::deleteKey); }},
     {"choosing", true, [](Asking&, User& user) { user.choose(L"ran_payee_country", L"France"); }},

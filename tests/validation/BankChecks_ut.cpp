@@ -213,10 +213,8 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.number);
-    component.store.WhatKindOfBiller = L" ";
-    EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.domestic);
-    component.store.WhatKindOfBiller = L"U";
-    EXPECT_EQ(Random::ValidateABANumber(component, c.number), c.unitedStates);
+    EXPECT_EQ(Random::ValidateABANumber(component, c.number, true), c.domestic);
+    EXPECT_EQ(Random::ValidateABANumber(component, c.number, false), c.unitedStates);
   }
 
   const std::wregex prefix(
@@ -235,11 +233,9 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     // The checksum in the form in which the banks publish it.
     const int sum = 3 * (d[0] + d[3] + d[6]) + 7 * (d[1] + d[4] + d[7]) + (d[2] + d[5] + d[8]);
     const bool domestic = sum % 10 == 0 && number.front() != L' ';
-    component.store.WhatKindOfBiller = L" ";
-    EXPECT_EQ(Random::ValidateABANumber(component, number), domestic) << number;
-    component.store.WhatKindOfBiller = L"U";
+    EXPECT_EQ(Random::ValidateABANumber(component, number, true), domestic) << number;
     const bool everywhere = domestic && std::regex_search(number.substr(0, 2), prefix);
-    EXPECT_EQ(Random::ValidateABANumber(component, number), everywhere) << number;
+    EXPECT_EQ(Random::ValidateABANumber(component, number, false), everywhere) << number;
     accepted += everywhere ? 1 : 0;
   }
   EXPECT_GT(accepted, 200);

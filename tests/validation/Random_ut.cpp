@@ -202,7 +202,7 @@ TEST_F(RandomTest, EveryHelperWritesItsLabel) {
   Random::ComboBoxAutoComplete(component, form->combo);
   Random::OpenBrowser(component);
   Random::Has_PO_Box_Address(component, L"");
-  Random::ValidateABANumber(component, L"");
+  Random::ValidateABANumber(component, L"", true);
   std::wstring refusal;
   Random::VerifyAccount(component, L"", L"", refusal, 0, false);
   EXPECT_EQ(traced(), (Texts{L"Random - CleanseCharacters", L"Random - PadLeft", L"Random - PadRight",

@@ -53,8 +53,6 @@ LRESULT CALLBACK lookWhenActive(int code, WPARAM wparam, LPARAM lparam) {
   return CallNextHookEx(nullptr, code, wparam, lparam);
 }
 
-}  // namespace
-
 /// This program has no manifest: its own controls are the old ones, before and after.
 TEST_F(Resources, WindowsUseTheCurrentControlsInAnyHost) {
   const auto hostsEdit = [] {
@@ -87,5 +85,7 @@ TEST_F(Resources, ModalDialogsKnowTheirScreensDpi) {
   EXPECT_EQ(unaware, awareness(ofThread()));
   setThread(before);
 }
+
+}  // namespace
 
 }  // namespace nv::windows::test

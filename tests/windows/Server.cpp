@@ -33,13 +33,13 @@ std::wstring serverPath() {
 }
 
 Server& Server::get() {
-  static Server server;
+  static Server& server = *new Server(serverPath());  // never unloaded: programs end anywhere
   return server;
 }
 
-Server::Server() : module_(LoadLibraryW(serverPath().c_str())) {
+Server::Server(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {
   if (module_ == nullptr) {
-    fprintf(stderr, "NVRANDOM_DLL must name the DLL under test; '%ls' cannot be loaded\n", serverPath().c_str());
+    fprintf(stderr, "NVRANDOM_DLL must name the DLL under test; '%ls' cannot be loaded\n", path.c_str());
     std::abort();
   }
   bind(module_, "DllGetClassObject", getClassObject_);

@@ -15,10 +15,15 @@ namespace nv::windows::test {
 /// Path of the DLL under test: the environment's NVRANDOM_DLL.
 std::wstring serverPath();
 
-/// The DLL, loaded once for all tests.
+/// The DLL, loaded as long as it lives.
 class Server {
  public:
+  /// The one that all tests share.
   static Server& get();
+  explicit Server(const std::wstring& path);
+  ~Server() { FreeLibrary(module_); }
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
 
   HRESULT getClassObject(REFCLSID classId, REFIID iid, void** object) const;
   HRESULT canUnloadNow() const { return canUnloadNow_(); }
@@ -30,8 +35,6 @@ class Server {
   ComPtr<_ClsRandom> create() const;
 
  private:
-  Server();
-
   HMODULE module_;
   HRESULT(WINAPI* getClassObject_)(REFCLSID, REFIID, void**);
   HRESULT(WINAPI* canUnloadNow_)();

@@ -41,7 +41,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
 }
 
 STDAPI DllCanUnloadNow() {
-  return moduleInUse() ? S_FALSE : S_OK;
+  return mayUnloadModule() ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

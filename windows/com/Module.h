@@ -11,7 +11,7 @@ namespace nv::windows {
 /// Full path of the DLL.
 std::wstring modulePath();
 
-/// Keeps the DLL loaded as long as it lives: every object and every lock holds one.
+/// Keeps the DLL loaded as long as it lives: every object and every thread with a component holds one.
 class ModuleReference {
  public:
   ModuleReference();
@@ -20,16 +20,18 @@ class ModuleReference {
   ModuleReference& operator=(const ModuleReference&) = delete;
 };
 
-bool moduleInUse();
 /// IClassFactory::LockServer.
 void lockModule(bool lock);
+/// DllCanUnloadNow. When the answer is yes, the type library has been let go of.
+bool mayUnloadModule();
 
-/// A type of the embedded type library, which is read once and kept while the module is in use.
+/// A type of the embedded type library, which is read once and kept until the DLL may be unloaded.
 /// Fails with an HRESULT when the library cannot be read.
 HRESULT typeInfo(REFGUID guid, ComPtr<ITypeInfo>& info);
 
 /// The component of the calling thread, made on first use. It lives as long as the thread or the last object that holds
-/// it, whichever is longer, so that values outlive one instance of the class and are seen by the next.
+/// it, whichever is longer, and keeps the DLL loaded, so that values outlive one instance of the class and are seen by
+/// the next.
 std::shared_ptr<Component> componentOfThisThread();
 
 }  // namespace nv::windows

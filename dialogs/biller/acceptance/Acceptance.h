@@ -82,8 +82,8 @@ class frmRandomInfo::Acceptance {
   Component& component() const { return form_.component(); }
   Store& store() const { return form_.store(); }
   bool anyBankNumber() const { return !empty(form_.txtBankID) || !empty(form_.txtTransit) || !empty(form_.txtAccount); }
-  /// The numbers of an international biller are not checked, nor are those that the user cannot see and mend.
-  bool checksBankNumbers() const { return !form_.foreignCurrency_ && form_.fraBankAcctInfo.visible(); }
+  /// The numbers of an international biller are not checked, nor are those that the user cannot see.
+  bool checksBankNumbers() const { return !form_.foreignCurrency_ && form_.fraBankAcctInfo.reachable(); }
   bool hasRoutingNumberDetails() const { return !form_.domestic() && form_.fraBankInfo.visible(); }
 
   frmRandomInfo& form_;

@@ -22,7 +22,7 @@ Verdict checkPlace(Component& component, TextBox& field, const wchar_t* message)
   return Verdict::stopAt(field).saying(message);
 }
 
-/// Whether the text has this form: "A" stands for a capital letter, "0" for a digit.
+/// Whether the text matches the form, in which "A" stands for a capital letter and "0" for a digit.
 bool hasForm(std::wstring_view text, std::wstring_view form) {
   return std::ranges::equal(text, form,
                             [](wchar_t c, wchar_t kind) { return kind == L'0' ? isDigit(c) : isCapital(c); });

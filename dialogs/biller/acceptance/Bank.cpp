@@ -41,7 +41,7 @@ std::wstring saidOr(const std::wstring& refusal, const wchar_t* otherwise) {
   return trimmed(refusal).empty() ? otherwise : refusal;
 }
 
-/// Masks a number and opens its confirmation; a number of the record may be longer than one can be typed.
+/// Masks a number and makes room for its confirmation: a number of the record may be longer than can be typed.
 void maskAndConfirm(TextBox& number, TextBox& confirmation) {
   number.setPasswordChar(maskCharacter);
   confirmation.setMaxLength(std::max(number.maxLength(), static_cast<int>(number.text().size())));
@@ -94,7 +94,7 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
   for (TextBox* field : {&form_.txtBankName, &routing, &account}) {
     const wchar_t shown = field->passwordChar();
     field->setText(std::wstring(textOf(*field)));
-    field->setPasswordChar(shown);  // blanks that go are no correction
+    field->setPasswordChar(shown);  // trimming must not unmask it
     if (field->text().empty()) {
       return Verdict::stopAt(*field).saying(L"Bank information is required for the biller.");
     }
@@ -102,7 +102,7 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
   for (TextBox* number : {&routing, &account}) {
     if (onlyZeros(number->text())) return Verdict::stopSelected(*number);
   }
-  if (!Random::ValidateABANumber(component(), routing.text())) return Verdict::stopSelected(routing);
+  if (!Random::ValidateABANumber(component(), routing.text(), form_.domestic())) return Verdict::stopSelected(routing);
   TextBox& confirmation = form_.txtConfirmBankAccountNumber;
   if (confirmation.text().empty()) {
     form_.lblBankInfoConfirm.setVisible(true);
@@ -117,7 +117,6 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
 Verdict frmRandomInfo::Acceptance::checkForeignBank() {
   if (hasRoutingNumberDetails()) storeRoutingNumberDetails();
   if (!form_.foreignCurrency_ || !store().PayeeFXBankAccount.empty()) return Verdict::passed();
-  if (!form_.domestic()) return Verdict::stop();
   const wchar_t* const message = L"Banking information is required for international payments.";
   // With the Canadian dollar there is no button: the way to it leads through the currency.
   if (!form_.cmdFXBankingInfo.available()) return Verdict::stopAt(form_.cmbCurrencyCode).saying(message);
@@ -125,7 +124,7 @@ Verdict frmRandomInfo::Acceptance::checkForeignBank() {
 }
 
 Verdict frmRandomInfo::Acceptance::checkBankAccount() {
-  if (!anyBankNumber() || !form_.fraBankAcctInfo.visible()) return Verdict::passed();
+  if (!anyBankNumber() || !form_.fraBankAcctInfo.reachable()) return Verdict::passed();
   for (TextBox* number : {&form_.txtTransit, &form_.txtBankID, &form_.txtAccount}) {
     if (onlyZeros(textOf(*number))) return Verdict::stopSelected(*number);
   }
@@ -154,7 +153,7 @@ Verdict frmRandomInfo::Acceptance::confirmAccount() {
   const auto confirmed = [](const Pair& pair) { return sameTrimmed(pair.confirmation, pair.field); };
   const bool right = form_.confirming_ && std::ranges::all_of(pairs, confirmed);
   if (right || std::ranges::all_of(pairs, unchanged)) {
-    // What was confirmed once is not asked for again, should a later check stop the acceptance.
+    // A later check may stop the acceptance: what is confirmed now is not asked for again.
     for (Pair& pair : pairs) {
       pair.opening = pair.field.text();
       pair.field.setPasswordChar(0);

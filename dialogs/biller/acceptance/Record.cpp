@@ -1,5 +1,4 @@
 // The record of an accepted biller.
-#include "dialogs/biller/ForeignAccount.h"
 #include "dialogs/biller/acceptance/Acceptance.h"
 
 namespace nv {
@@ -16,7 +15,7 @@ class NewValues {
   void store() {
     for (Value& value : values_) value.stored = std::move(value.entered);
   }
-  /// Whether one differs from what is stored, but for blanks around it.
+  /// Whether any value differs from the stored one, blanks around it aside.
   bool differ() const { return differ_; }
 
  private:
@@ -54,26 +53,20 @@ void frmRandomInfo::Acceptance::accept() {
   store().PayeeIndBussFlg = std::move(flag);  // follows the tag, and counts as no change
   form_.provisional_.keep();
 
-  const bool changed = values.differ() || form_.foreignBankChanged_;
+  const bool changed = values.differ() || form_.foreignBank() != form_.openingBank_;
   form_.closeResult_ = store().Add == flagFalse && !changed ? cancelledResult : 0;
   form_.CSBOK.raise();
   form_.unload();
 }
 
-/// Compared as the user sees them: a record that joins routing number and account is not a different one.
 void frmRandomInfo::Acceptance::storeRoutingNumberDetails() {
-  const ForeignAccount stored = foreignAccount(store());
-  std::wstring name(textOf(form_.txtBankName));
-  std::wstring number(textOf(form_.txtRoutingNumber));
-  std::wstring account(textOf(form_.txtBankAccountNumber));
-  if (trimmed(store().PayeeFXBankName) != name || trimmed(stored.number) != number ||
-      trimmed(stored.account) != account) {
-    form_.foreignBankChanged_ = true;
-  }
-  form_.provisional_.put(&Store::PayeeFXBankName, std::move(name));
-  form_.provisional_.put(&Store::PayeeFXBankAccount, std::move(account));
-  form_.provisional_.put(&Store::PayeeFXBankSwift, std::move(number));
-  form_.provisional_.put(&Store::PayeeFXBankCountry, unitedStatesCode);
+  const auto put = [this](std::wstring Store::*member, std::wstring_view value) {
+    form_.provisional_.put(member, std::wstring(value));
+  };
+  put(&Store::PayeeFXBankName, textOf(form_.txtBankName));
+  put(&Store::PayeeFXBankAccount, textOf(form_.txtBankAccountNumber));
+  put(&Store::PayeeFXBankSwift, textOf(form_.txtRoutingNumber));
+  put(&Store::PayeeFXBankCountry, unitedStatesCode);
 }
 
 }  // namespace nv

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t areaLength = 3, numberLength = 7;
 
-/// The countries whose numbers are held against the North American form. Their three-letter codes are not.
+/// Whether numbers are checked against the North American form. A country held by its three-letter code is exempt.
 bool dialsAsNorthAmerica(const frmRandomInfo& form) {
   const std::wstring& country = form.ran_payee_country.text();
   return country == canadaCode || country == unitedStatesCode;
