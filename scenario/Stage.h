@@ -81,6 +81,12 @@ class Stage {
   /// Waits for a dialog of that name.
   virtual Dialog awaitDialog(const std::wstring& name) = 0;
   virtual bool isUp(Dialog dialog) = 0;
+  /// The dialog that takes input, the foremost of them; none when there is none.
+  virtual Dialog front() = 0;
+  /// The controls of the dialog that a click reaches, by name.
+  virtual std::vector<std::wstring> reachable(Dialog dialog) = 0;
+  /// The control of the dialog that has the keyboard; empty when none has.
+  virtual std::wstring focus(Dialog dialog) = 0;
   /// A click on a control, into a field behind the end of its text.
   virtual void click(Dialog dialog, const std::wstring& control, MouseButton button) = 0;
   virtual void choose(Dialog dialog, const std::wstring& list, const std::wstring& cell) = 0;

@@ -7,6 +7,7 @@
 #include "scenario/Commands.h"
 #include "scenario/Failure.h"
 #include "scenario/Player.h"
+#include "scenario/RandomUser.h"
 #include "scenario/Text.h"
 
 namespace nv::scenario {
@@ -279,6 +280,12 @@ Action readRefused(Tokens& tokens) {
   };
 }
 
+Action readWander(Tokens& tokens) {
+  const std::int32_t steps = tokens.number();
+  const std::int32_t seed = tokens.take(L"seed") ? tokens.number() : 1;
+  return [=](Player& player, const Statement&) { wander(player, steps, static_cast<std::uint32_t>(seed)); };
+}
+
 // Windows
 
 Action readClose(Tokens& tokens) {
@@ -322,6 +329,7 @@ constexpr Command userTable[] = {
     {L"message", L"message \"TEXT\" [caption \"TEXT\"] [icon ICON] [buttons BUTTONS] [answer BUTTON]", atMessageBox,
      readMessage},
     {L"refused", L"refused CONTROL [\"SELECTION\"] [message ...]", inBlock, readRefused},
+    {L"wander", L"wander STEPS [seed N]", inBlock, readWander},
     {L"close", L"close [host]", inBlock, readClose},
     {L"endsession", L"endsession", inBlock, readEndSession},
     {L"in", L"in WINDOW", inBlock, readIn},

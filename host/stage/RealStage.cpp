@@ -195,6 +195,28 @@ bool RealStage::isUp(Dialog dialog) {
   return IsWindow(handleOf(dialog)) != FALSE;
 }
 
+Dialog RealStage::front() {
+  const auto up = dialogs(thread_.id(), {});
+  return up.empty() || !enabledForUser(up.front()) ? scenario::noDialog : dialogOf(up.front());
+}
+
+std::vector<std::wstring> RealStage::reachable(Dialog dialog) {
+  std::vector<std::wstring> names;
+  for (const HWND control : controlsIn(handleOf(dialog))) {
+    if (user_.reaches(control)) names.push_back(nameOf(control));
+  }
+  return names;
+}
+
+std::wstring RealStage::focus(Dialog dialog) {
+  return thread_.ask([form = handleOf(dialog)] {
+    for (HWND window = GetFocus(); window != nullptr && window != form; window = GetAncestor(window, GA_PARENT)) {
+      if (IsChild(form, window) && !nameOf(window).empty()) return nameOf(window);
+    }
+    return std::wstring();
+  });
+}
+
 HWND RealStage::hostWindow() {
   const auto found = instances_.find(inUse_);
   const HWND own = found == instances_.end() || !found->second.window ? nullptr : found->second.window->handle();

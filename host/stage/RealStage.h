@@ -57,6 +57,9 @@ class RealStage final : public scenario::Stage {
 
   scenario::Dialog awaitDialog(const std::wstring& name) override;
   bool isUp(scenario::Dialog dialog) override;
+  scenario::Dialog front() override;
+  std::vector<std::wstring> reachable(scenario::Dialog dialog) override;
+  std::wstring focus(scenario::Dialog dialog) override;
   void click(scenario::Dialog dialog, const std::wstring& control, scenario::MouseButton button) override;
   void choose(scenario::Dialog dialog, const std::wstring& list, const std::wstring& cell) override;
   void press(const scenario::Chord& chord) override { user_.press(chord); }

@@ -53,6 +53,12 @@ std::vector<HWND> dialogs(DWORD thread, std::wstring_view name) {
   return found;
 }
 
+std::vector<HWND> controlsIn(HWND dialog) {
+  auto windows = windowsIn(dialog);
+  std::erase_if(windows, [](HWND window) { return nameOf(window).empty(); });
+  return windows;
+}
+
 HWND controlIn(HWND dialog, std::wstring_view name) {
   const auto windows = windowsIn(dialog);
   const auto found = std::ranges::find(windows, name, nameOf);

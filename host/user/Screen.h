@@ -20,6 +20,9 @@ std::vector<HWND> topLevelWindows(DWORD thread);
 /// accept input come first, and among them the foremost.
 std::vector<HWND> dialogs(DWORD thread, std::wstring_view name);
 
+/// The controls of a dialog.
+std::vector<HWND> controlsIn(HWND dialog);
+
 /// The control of that name in a dialog, or null.
 HWND controlIn(HWND dialog, std::wstring_view name);
 

@@ -182,13 +182,18 @@ void User::type(const std::wstring& text) {
   settle();
 }
 
+bool User::reaches(HWND window) {
+  const HWND target = thread_.ask([window] { return typingField(window); });
+  return visibleToUser(target) && enabledForUser(target) && nv::host::reaches(clickPlace(target), target);
+}
+
 void User::click(HWND window, Button button) {
   const HWND target = thread_.ask([window] { return typingField(window); });
   const std::wstring name = nameOf(window);
   await(name + L" is not visible", [target] { return visibleToUser(target); });
   await(name + L" is disabled", [target] { return enabledForUser(target); });
   const POINT place = clickPlace(target);
-  if (!reaches(place, target)) throw Failure(name + L" is covered by another window");
+  if (!nv::host::reaches(place, target)) throw Failure(name + L" is covered by another window");
   clickAt(place, button);
 }
 

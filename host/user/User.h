@@ -42,6 +42,9 @@ class User {
   /// Waits until the dialog has a control of that name.
   HWND awaitControl(HWND dialog, const std::wstring& name);
 
+  /// Whether a click on the window would reach it.
+  bool reaches(HWND window);
+
   enum class Button { left, right };
   /// Clicks on the window: into a field behind the end of its text, on anything else in the middle.
   void click(HWND window, Button button = Button::left);

@@ -225,6 +225,25 @@ Dialog NativeStage::awaitDialog(const std::wstring& name) {
   return found.back();
 }
 
+Dialog NativeStage::front() {
+  const auto up = dialogs({});
+  const auto found = std::find_if(up.rbegin(), up.rend(), [this](Dialog dialog) {
+    const test::FormWindow* const window = widgetset_.window(*formOf(dialog));
+    return window != nullptr && widgetset_.takesInput(*window);
+  });
+  return found == up.rend() ? noDialog : *found;
+}
+
+std::vector<std::wstring> NativeStage::reachable(Dialog dialog) {
+  const User user = userOf(dialog);
+  std::vector<std::wstring> names;
+  for (const forms::Control* control : user.form().controls()) {
+    const std::wstring name = control->fullName();
+    if (user.visible(name) && user.enabled(name)) names.push_back(name);
+  }
+  return names;
+}
+
 void NativeStage::click(Dialog dialog, const std::wstring& control, MouseButton button) {
   User user = reaching(dialog, control);
   const bool left = button == MouseButton::left;

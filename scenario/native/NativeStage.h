@@ -48,6 +48,9 @@ class NativeStage final : public Stage {
 
   Dialog awaitDialog(const std::wstring& name) override;
   bool isUp(Dialog dialog) override { return formOf(dialog) != nullptr; }
+  Dialog front() override;
+  std::vector<std::wstring> reachable(Dialog dialog) override;
+  std::wstring focus(Dialog dialog) override { return userOf(dialog).focus(); }
   void click(Dialog dialog, const std::wstring& control, MouseButton button) override;
   void choose(Dialog dialog, const std::wstring& list, const std::wstring& cell) override;
   void press(const Chord& chord) override;

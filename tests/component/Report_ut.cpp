@@ -1,6 +1,5 @@
-// The trace and the error reporter: what they write and show, and that nothing ever comes of their own failures.
-#include <new>
-
+// The trace and the error reporter: what they write and show. What becomes of their own failures is in trace-faults and
+// error-log.scenario.
 #include "component/core/ShowError.h"
 #include "component/core/Trace.h"
 #include "tests/support/ComponentTest.h"
@@ -27,23 +26,6 @@ TEST_F(ReportTest, TheTraceIsOneLineForEachEntry) {
 
   WritePlayByPlay(component, L"anew", true);
   EXPECT_EQ(files.text(traceFile), traceLine + L"anew\r\n");
-}
-
-TEST_F(ReportTest, NoTraceIsWrittenUntilItIsOnAndTheRootKnown) {
-  files.makeFolder(dllPath);
-  files.makeFolder(L"\\Norvik");
-  struct Case {
-    std::int16_t enabled;
-    std::wstring_view dllPath;
-    std::size_t written;
-  };
-  for (const Case& c : {Case{0, dllPath, 0}, Case{-1, L"", 0}, Case{-1, L"C:\\Apps\\norvik", 0}, Case{1, dllPath, 1}}) {
-    SCOPED_TRACE(testing::Message() << c.enabled << " " << c.dllPath.data());
-    component.store.PlayByPlayEnabled = c.enabled;
-    component.store.DLLPath = c.dllPath;
-    WritePlayByPlay(component, L"label", false);
-    EXPECT_EQ(files.written().size(), c.written);
-  }
 }
 
 TEST_F(ReportTest, AnErrorIsTracedShownAndLogged) {
@@ -78,35 +60,6 @@ TEST_F(ReportTest, TheLogIsWrittenAsItComes) {
       L"before\r\n15/11/2026 1:58:04 PM,NVRandom, , ,-2147467259,\"say \"no\", twice\",\"Random.ValidateBankId\"\r\n")
       << "without a root, in the current directory";
   EXPECT_EQ(files.written(), Texts{L"error.log"}) << "and without a trace";
-}
-
-TEST_F(ReportTest, NoFailureOfTheReporterReachesAnybody) {
-  const auto outOfMemory = [] { throw std::bad_alloc(); };
-  struct Case {
-    const char* what;
-    std::function<void(ExpectedBox&)> arrange;
-    bool traced;
-    bool logged;
-  };
-  const Case cases[] = {
-      {"trace locked", [&](ExpectedBox&) { files.fail(traceFile, ErrorNumber::permissionDenied); }, false, true},
-      {"log read-only", [&](ExpectedBox&) { files.fail(errorLog, ErrorNumber::pathAccess); }, true, false},
-      {"no trace folder", [&](ExpectedBox&) { component.store.DLLPath = L"D:\\NORVIK"; }, false, false},
-      {"no memory for the line", [&](ExpectedBox&) { machine.whenAsked = outOfMemory; }, false, false},
-      {"no memory for the box", [&](ExpectedBox& box) { box.whileOpen = outOfMemory; }, true, true},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    files = FakeFiles();
-    machine.whenAsked = nullptr;
-    startTrace();
-    ExpectedBox box = errorBox;
-    c.arrange(box);
-    messages.expect(box);
-    ShowError(component, 5, L"D", L"P", false, L"");
-    EXPECT_EQ(!files.text(traceFile).empty(), c.traced);
-    EXPECT_EQ(files.text(errorLog), c.logged ? logLine : L"");
-  }
 }
 
 }  // namespace

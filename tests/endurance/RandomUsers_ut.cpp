@@ -11,13 +11,56 @@
 #include "dialogs/fxbank/frmFXBankInfo.h"
 #include "forms/TextField.h"
 #include "platform/Text.h"
+#include "scenario/RandomUser.h"
 #include "tests/support/BillerTest.h"
-#include "tests/support/RandomUser.h"
 
 namespace nv::test {
 namespace {
 
 using platform::MessageBoxes;
+
+/// The random user's hands in a form without windows.
+class FormHands final : public scenario::Hands {
+ public:
+  explicit FormHands(User& user) : user_(user) { user_.settle(); }
+
+  Texts reachable() override {
+    Texts names;
+    for (const forms::Control* control : user_.form().controls()) {
+      if (user_.open() && control->reachable()) names.push_back(control->fullName());
+    }
+    return names;
+  }
+  std::wstring textOf(const std::wstring& control) override { return user_.open() ? user_.text(control) : L""; }
+  void click(const std::wstring& control) override {
+    if (user_.open()) user_.click(control);
+  }
+  void rightClick(const std::wstring& control) override { user_.rightClick(control); }
+  void press(const scenario::Chord& chord) override {
+    int shift = 0;
+    for (const int code : chord) {
+      shift |= code == scenario::keys::shift ? forms::shiftKey : 0;
+      shift |= code == scenario::keys::control ? forms::controlKey : 0;
+      shift |= code == scenario::keys::alt ? forms::altKey : 0;
+    }
+    if (hasKeyboard()) user_.key(chord.back(), shift);
+  }
+  void type(const std::wstring& text) override {
+    for (const wchar_t c : text) {
+      if (hasKeyboard()) user_.type({&c, 1});
+    }
+  }
+  void paste(const std::wstring& text) override {
+    if (hasKeyboard()) user_.paste(text);
+  }
+  void close() override { user_.closeBox(); }
+  void endSession() override { user_.endSession(); }
+
+ private:
+  bool hasKeyboard() const { return user_.open() && user_.form().activeControl() != nullptr; }
+
+  User& user_;
+};
 
 /// What sessions came to, so that nobody takes idling for endurance.
 struct Tally {
@@ -73,22 +116,9 @@ class Session : public BillerTest {
     Store& store = component.store;
     store.PlayByPlayEnabled = flagTrue;
     files.makeFolder(L"C:\\Apps\\Norvik");
-    switch (dice_.below(5)) {
-      case 0:
-        individual();
-        break;
-      case 1:
-        unitedStates();
-        break;
-      case 2:
-        international();
-        break;
-      case 3:
-        bankAccount();
-        break;
-      default:
-        break;
-    }
+    const std::function<void()> billers[] = {[this] { individual(); }, [this] { unitedStates(); },
+                                             [this] { international(); }, [this] { bankAccount(); }, [] {}};
+    dice_.pick(billers)();
     for (Flag16* flag : {&store.Add, &store.InternationalPayment, &store.UseAcctvfy, &store.IPBillerNameAcctExist}) {
       if (dice_.oneIn(3)) *flag = flagTrue;
     }
@@ -97,7 +127,7 @@ class Session : public BillerTest {
     if (dice_.oneIn(5)) store.PayeeCountry = L"ZZ";
     if (dice_.oneIn(5)) {
       store.IPCurrencyList = StringArray({{0, 0}});
-      store.IPCurrencyList.at({0}) = L"CHF - Swiss franc";
+      store.IPCurrencyList.at({0}) = L"XXA - Swiss franc";
     }
     store.IPBillerCurrencies = StringArray({{0, 0}});
     store.IPBillerCurrencies.at({0}) = L"EUR";
@@ -230,7 +260,8 @@ class Session : public BillerTest {
     ++stepping_;
     for (const auto& form : component.forms.all()) seen_.insert(form);
     if (dice_.oneIn(30)) widgetset.pending.push_back([this] { meanwhile(true); });
-    user_.act(user);
+    FormHands hands(user);
+    if (user.open()) user_.act(hands);
     --stepping_;
     for (const auto& form : component.forms.all()) check(*form);
     checkRecord();
@@ -325,8 +356,8 @@ class Session : public BillerTest {
                store.PayeeFXBankAccount;
   }
 
-  Dice dice_;
-  RandomUser user_;
+  scenario::Dice dice_;
+  scenario::RandomUser user_;
   bool aloud_;
   Tally& tally_;
   std::shared_ptr<ClsRandom> object_;
@@ -342,7 +373,7 @@ TEST(RandomUsers, BreakNoRule) {
   const char* const seedWanted = std::getenv("NVRANDOM_SEED");
   const char* const secondsWanted = std::getenv("NVRANDOM_SECONDS");
   const auto begin = std::chrono::steady_clock::now();
-  constexpr std::uint32_t sessionsOfEveryRun = 400;
+  constexpr std::uint32_t sessionsOfEveryRun = 200;
   std::uint32_t first = secondsWanted != nullptr ? std::random_device()() : 1;
   if (seedWanted != nullptr) first = static_cast<std::uint32_t>(std::strtoul(seedWanted, nullptr, 10));
   printf("  seeds from %u on\n", first);

@@ -1,5 +1,4 @@
-// Restyling, seen on real windows: what a control with the exempting tag keeps, and its neighbour of the same kind
-// takes; and that what is written can be read, in a contrast theme, too.
+// Restyled forms on real windows: what is written can be read, in a contrast theme, too.
 #include <algorithm>
 #include <array>
 #include <map>
@@ -18,43 +17,6 @@ namespace nv::windows::test {
 
 namespace {
 
-constexpr forms::Colour designColour = 0x00C0FFC0;
-const forms::Font designFont{.name = L"Tahoma", .points = 8, .bold = false};
-
-class TwoLabels : public forms::Form {
- public:
-  explicit TwoLabels(Component& component)
-      : Form(component.widgetset, component.forms, L"TwoLabels", L"TwoLabels", forms::Border::dialog) {
-    setSize(3000, 900);
-    kept.setTag(modFormController::noStyleTag);
-    for (forms::Label* label : {&kept, &taken}) {
-      label->setTransparent(false);
-      label->setColours({designColour, 0});
-      label->setFont(designFont);
-      label->setPlace({150, label == &kept ? 150 : 450, 1500, 210});
-    }
-  }
-  forms::Label kept{*this, L"kept", L""};
-  forms::Label taken{*this, L"taken", L""};
-};
-
-/// What the window of a label shows.
-struct Shown {
-  std::wstring font;
-  COLORREF colour;
-};
-
-Shown shown(HWND form, const wchar_t* name) {
-  const HWND label = findControl(form, name);
-  LOGFONTW font{};
-  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof(font), &font);
-  RedrawWindow(label, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-  const HDC context = GetDC(label);
-  const COLORREF colour = GetPixel(context, 5, 5);
-  ReleaseDC(label, context);
-  return {font.lfFaceName, colour};
-}
-
 /// A component without an installation, that has all fonts.
 struct Styled {
   Styled() {
@@ -72,35 +34,6 @@ struct Styled {
   WindowsWidgetset widgetset;
   Component component{services, widgetset};
 };
-
-TEST(Styles, ATaggedControlKeepsItsDesign) {
-  struct Case {
-    std::int16_t style;
-    const wchar_t* font;
-    COLORREF colour;
-  };
-  const COLORREF buttonFace = GetSysColor(COLOR_BTNFACE);
-  for (const Case& c : {Case{0, L"MS Sans Serif", buttonFace}, Case{1, L"MS Sans Serif", buttonFace},
-                        Case{2, L"MS Sans Serif", RGB(255, 255, 255)}, Case{3, L"Segoe UI", RGB(255, 255, 255)}}) {
-    SCOPED_TRACE(c.style);
-    Styled styled;
-    Component& component = styled.component;
-    component.store.FormStyle = c.style;
-    {
-      const auto form = std::make_shared<TwoLabels>(component);
-      form->show();
-      modFormController::reStyleForm(component, *form);
-      const HWND window = reinterpret_cast<HWND>(form->handle());
-      const Shown kept = shown(window, L"kept");
-      EXPECT_EQ(kept.font, designFont.name);
-      EXPECT_EQ(kept.colour, designColour);
-      const Shown taken = shown(window, L"taken");
-      EXPECT_EQ(taken.font, c.font);
-      EXPECT_EQ(taken.colour, c.colour);
-      form->unload();
-    }
-  }
-}
 
 /// A scheme of system colours for the length of a scope: light on dark.
 class ContrastScheme {
