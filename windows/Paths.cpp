@@ -1,5 +1,7 @@
 #include "windows/Paths.h"
 
+#include "platform/RuntimeError.h"
+
 namespace nv::windows {
 
 namespace {
@@ -19,19 +21,36 @@ std::wstring filled(Fill&& fill) {
 
 }  // namespace
 
-std::string inAnsiCodePage(std::wstring_view text) {
-  const int length = static_cast<int>(text.size());
-  constexpr DWORD flags = WC_NO_BEST_FIT_CHARS;  // "?", not a similar character: a name must not change unnoticed
-  const int needed = WideCharToMultiByte(CP_ACP, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
+std::string inAnsiCodePage(std::wstring_view text, const Conversions& system) {
+  if (text.empty()) return {};
+  DWORD flags = WC_NO_BEST_FIT_CHARS;  // "?", not a similar character: a name must not change unnoticed
+  const auto convert = [&](char* bytes, int size) {
+    return system.toBytes(CP_ACP, flags, text.data(), static_cast<int>(text.size()), bytes, size, nullptr, nullptr);
+  };
+  int needed = convert(nullptr, 0);
+  if (needed == 0 && GetLastError() == ERROR_INVALID_FLAGS) {  // UTF-8, GB 18030: nothing is lacking there
+    flags = 0;
+    needed = convert(nullptr, 0);
+  }
   std::string bytes(static_cast<std::size_t>(needed), '\0');
-  WideCharToMultiByte(CP_ACP, flags, text.data(), length, bytes.data(), needed, nullptr, nullptr);
+  if (needed == 0 || convert(bytes.data(), needed) != needed) throw RuntimeError(ErrorNumber::invalidCall);
   return bytes;
 }
 
-std::wstring fromAnsiCodePage(std::string_view bytes) {
+std::optional<std::string> exactlyInAnsiCodePage(std::wstring_view text, const Conversions& system) {
+  std::string bytes = inAnsiCodePage(text, system);
+  if (fromAnsiCodePage(bytes, system) != text) return std::nullopt;
+  return bytes;
+}
+
+std::wstring fromAnsiCodePage(std::string_view bytes, const Conversions& system) {
+  if (bytes.empty()) return {};
   const int length = static_cast<int>(bytes.size());
   std::wstring text(bytes.size(), L'\0');  // never longer than its bytes
-  text.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), length)));
+  constexpr DWORD flags = 0;               // the only ones that every code page takes
+  const int written = system.toText(CP_ACP, flags, bytes.data(), length, text.data(), length);
+  if (written == 0) throw RuntimeError(ErrorNumber::invalidCall);
+  text.resize(static_cast<std::size_t>(written));
   return text;
 }
 

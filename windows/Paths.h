@@ -1,6 +1,7 @@
 // Conversion to and from the ANSI code page, and paths.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,11 +9,22 @@
 
 namespace nv::windows {
 
-/// The text in the ANSI code page; characters that it lacks become "?".
-std::string inAnsiCodePage(std::wstring_view text);
+/// The system's conversions. Tests put others in their place, which refuse what systems of other languages do.
+struct Conversions {
+  decltype(&WideCharToMultiByte) toBytes = WideCharToMultiByte;
+  decltype(&MultiByteToWideChar) toText = MultiByteToWideChar;
+};
 
-/// The text of bytes in the ANSI code page.
-std::wstring fromAnsiCodePage(std::string_view bytes);
+// Each fails with "Invalid procedure call or argument" when the system does not convert the text.
+
+/// The text in the ANSI code page; characters that it lacks become "?".
+std::string inAnsiCodePage(std::wstring_view text, const Conversions& system = {});
+
+/// The text in the ANSI code page, or nothing when that lacks one of its characters.
+std::optional<std::string> exactlyInAnsiCodePage(std::wstring_view text, const Conversions& system = {});
+
+/// The text of bytes in the ANSI code page. Bytes that mean nothing there become a character of the system's choice.
+std::wstring fromAnsiCodePage(std::string_view bytes, const Conversions& system = {});
 
 /// The path of a module; of the program for nullptr.
 std::wstring modulePath(HMODULE module);

@@ -213,9 +213,11 @@ TEST_F(VerifierFaultsTest, AreToldAndLoggedOnceAndTheNextQuestionIsAnswered) {
       {L"VerifyAccount", L"Random.VerifyAccount",
        [&] { return Random::VerifyAccount(component, L"003", L"123456", message, 0, false); }},
       {L"ValidateBankId", L"Random.ValidateBankId",
-       [&] { return Random::ValidateBankId(component, L"003", message, length, false); }},
+       [&] { return Random::ValidateBankId(component, L"003", message, length, false).value_or(0); }},
       {L"ValidateBankAccount", L"Random.ValidateBankAccount",
-       [&] { return Random::ValidateBankAccount(component, L"003", L"12345", L"77", message, length, false); }},
+       [&] {
+         return Random::ValidateBankAccount(component, L"003", L"12345", L"77", message, length, false).value_or(0);
+       }},
       {L"VerifyAccount", L"Random.VerifyAccount",
        [&] { return Random::VerifyBusinessNumber(component, L"815739254"); }},
   };

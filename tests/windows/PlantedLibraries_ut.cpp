@@ -1,9 +1,11 @@
 // Libraries that somebody has put into the current directory, where a careless program would find them.
-#include "tests/windows/StandIns.h"
-
-#include <psapi.h>
-
 #include <algorithm>
+
+#include "platform/RuntimeError.h"
+#include "tests/windows/StandIns.h"
+#include "windows/services/HostInstallation.h"
+// after <windows.h>
+#include <psapi.h>
 
 namespace nv::windows::test {
 
@@ -78,6 +80,24 @@ TEST_F(PlantedLibraries, AreNotLoadedFromTheCurrentDirectory) {
   EXPECT_EQ(50000, result);
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_NE(boxes.front().find(L"Error in loading DLL (Error 48)"), std::wstring::npos) << boxes.front();
+}
+
+TEST_F(PlantedLibraries, AreNotLoadedForAnotherLibraryEither) {
+  const fs::path built = programFolder() / L"libraries";
+  const fs::path planted = fs::path(installation.root()) / L"planted";
+  installation.makeFolder(L"planted");
+  ASSERT_TRUE(CopyFileW((built / L"NVDependent.dll").c_str(), file(L"Acctvfy.dll").c_str(), FALSE));
+  fs::copy_file(built / L"NVDependency.dll", planted / L"NVDependency.dll");
+
+  const fs::path before = fs::current_path();
+  fs::current_path(planted);
+  HostInstallation libraries;
+  EXPECT_THROW(libraries.checkBankId(dllPath(), L"003"), RuntimeError);
+  EXPECT_EQ(loadedFrom(planted), std::vector<std::wstring>());
+  fs::current_path(before);
+
+  fs::copy_file(built / L"NVDependency.dll", file(L"NVDependency.dll"));
+  EXPECT_EQ(libraries.checkBankId(dllPath(), L"003"), 17) << "it is found beside the library that needs it";
 }
 
 }  // namespace

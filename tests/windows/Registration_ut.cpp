@@ -96,7 +96,7 @@ TEST_F(Registration, PerUserAndBackLeavesNothingBehind) {
   EXPECT_EQ(before, classesOf(HKEY_CURRENT_USER));
 }
 
-TEST_F(Registration, KeepsTheTypeLibraryOfTheOtherWordSize) {
+TEST_F(Registration, KeepsWhatTheOtherWordSizeNeeds) {
   const std::wstring library = L"Software\\Classes\\TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}";
   const std::wstring other = library + L"\\" + libraryVersion + L"\\0\\" + (sizeof(void*) == 8 ? L"win32" : L"win64");
   ASSERT_EQ(S_OK, Server::get().registerServer());
@@ -107,7 +107,40 @@ TEST_F(Registration, KeepsTheTypeLibraryOfTheOtherWordSize) {
   ASSERT_EQ(S_OK, Server::get().unregisterServer());
   EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, KEY_READ, key.out()));
   key.reset();
+  EXPECT_EQ(L"{349A4C26-2CF1-4BB4-9ACA-C5FAF76E2124}", valueAt(HKEY_LOCAL_MACHINE, L"NVRandom.ClsRandom\\CLSID"));
   RegDeleteTreeW(HKEY_LOCAL_MACHINE, library.c_str());
+  ASSERT_EQ(S_OK, Server::get().unregisterServer());
+  EXPECT_EQ(L"", valueAt(HKEY_LOCAL_MACHINE, L"NVRandom.ClsRandom\\CLSID")) << "the last one takes it away";
+}
+
+TEST_F(Registration, LeavesTheMachineItsGroupsAndAUserWhatIsNotEmpty) {
+  constexpr const wchar_t* empty = L"Software\\NVRandom.Test";
+  RegistryKey registry;
+  ASSERT_EQ(ERROR_SUCCESS,
+            RegCreateKeyExW(HKEY_CURRENT_USER, empty, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, registry.out(), nullptr));
+  const auto remaining = [&](HKEY root, const wchar_t* scope) {
+    RegOverridePredefKey(root, registry.get());
+    EXPECT_EQ(S_OK, Server::get().install(true, scope));
+    if (root == HKEY_CURRENT_USER) {
+      RegistryKey foreign;
+      RegCreateKeyExW(root, L"Software\\Classes\\Interface\\{0}", 0, nullptr, 0, KEY_READ, nullptr, foreign.out(),
+                      nullptr);
+    }
+    EXPECT_EQ(S_OK, Server::get().install(false, scope));
+    RegOverridePredefKey(root, nullptr);
+    std::set<std::wstring> found;
+    collect(registry.get(), L"Software\\Classes", found);
+    RegDeleteTreeW(registry.get(), L"Software");
+    return found;
+  };
+  const std::wstring classes = L"Software\\Classes";
+  const std::set<std::wstring> groups = {classes, classes + L"\\CLSID", classes + L"\\Interface",
+                                         classes + L"\\TypeLib"};
+  EXPECT_EQ(groups, remaining(HKEY_LOCAL_MACHINE, L""));
+  const std::set<std::wstring> foreign = {classes, classes + L"\\Interface", classes + L"\\Interface\\{0}"};
+  EXPECT_EQ(foreign, remaining(HKEY_CURRENT_USER, L"user"));
+  registry.reset();
+  RegDeleteTreeW(HKEY_CURRENT_USER, empty);
 }
 
 }  // namespace

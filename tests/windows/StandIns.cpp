@@ -22,14 +22,42 @@ std::wstring nameOfTest() {
   return host::wide(test->test_suite_name()) + L"." + host::wide(test->name());
 }
 
-std::filesystem::path programFolder() {
+namespace {
+
+std::filesystem::path program() {
   wchar_t path[MAX_PATH];
   const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return std::filesystem::path(std::wstring(path, length)).parent_path();
+  return std::wstring(path, length);
+}
+
+}  // namespace
+
+std::filesystem::path programFolder() {
+  return program().parent_path();
+}
+
+HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter) {
+  std::wstring command = L"\"" + program.wstring() + L"\" --gtest_brief=1 --gtest_filter=" + filter;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION process{};
+  EXPECT_TRUE(CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                             &process));
+  CloseHandle(process.hThread);
+  return process.hProcess;
+}
+
+DWORD exitCode(HANDLE process) {
+  constexpr DWORD aMinute = 60'000;
+  EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process, aMinute));
+  DWORD code = 1;
+  GetExitCodeProcess(process, &code);
+  CloseHandle(process);
+  return code;
 }
 
 StandInsTest::StandInsTest()
-    : installation(programFolder() / L"installations" / nameOfTest(), hostFolder() / L"standins") {
+    : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
 }
 

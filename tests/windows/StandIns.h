@@ -25,6 +25,12 @@ std::wstring nameOfTest();
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
 
+/// Starts tests in a process of their own.
+/// @param program this one or a copy.
+HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter);
+/// Waits for the end of a process that was started so.
+DWORD exitCode(HANDLE process);
+
 class StandInsTest : public testing::Test {
  protected:
   StandInsTest();

@@ -102,7 +102,7 @@ bool hasSubkeys(HKEY classes, const std::wstring& key) {
          count != 0;
 }
 
-LSTATUS removeAll(HKEY classes) {
+LSTATUS removeAll(Scope scope, HKEY classes) {
   const Keys keys;
   LSTATUS first = ERROR_SUCCESS;
   const auto remove = [&](const std::wstring& key) {
@@ -110,16 +110,20 @@ LSTATUS removeAll(HKEY classes) {
     if (result != ERROR_SUCCESS && result != ERROR_FILE_NOT_FOUND && first == ERROR_SUCCESS) first = result;
   };
   remove(keys.classId);
-  remove(progId);
   for (const HostInterface& known : hostInterfaces) remove(interfaceKey(*known.iid));
   remove(interfaceKey(DIID___ClsRandom));
-  // The type library's key is shared by both word sizes, and by versions to come.
+  // The keys of the type library and of the program identifier are shared by both word sizes, and by versions to come:
+  // they go with the last of these.
   remove(keys.ofPlatform);
   if (!hasSubkeys(classes, keys.version + L"\\0")) remove(keys.version);
-  if (!hasSubkeys(classes, keys.library)) remove(keys.library);
-  // A user's first classes may have been ours.
-  for (const wchar_t* group : {L"CLSID", L"Interface", L"TypeLib"}) {
-    if (!hasSubkeys(classes, group)) remove(group);
+  if (!hasSubkeys(classes, keys.library)) {
+    remove(keys.library);
+    remove(progId);
+  }
+  if (scope == Scope::user) {  // whose first classes may have been ours
+    for (const wchar_t* group : {L"CLSID", L"Interface", L"TypeLib"}) {
+      RegDeleteKeyW(classes, group);  // refuses one that has subkeys
+    }
   }
   return first;
 }
@@ -134,7 +138,7 @@ HRESULT registerClass(Scope scope) {
       for (const Entry& entry : entries()) {
         result = write(classes.get(), entry);
         if (result == ERROR_SUCCESS) continue;
-        removeAll(classes.get());
+        removeAll(scope, classes.get());
         break;
       }
     }
@@ -146,7 +150,7 @@ HRESULT unregisterClass(Scope scope) {
   return guarded([scope] {
     RegistryKey classes;
     LSTATUS result = openClasses(scope, classes);
-    if (result == ERROR_SUCCESS) result = removeAll(classes.get());
+    if (result == ERROR_SUCCESS) result = removeAll(scope, classes.get());
     if (result != ERROR_SUCCESS) throw RuntimeError(HRESULT_FROM_WIN32(result), L"The class could not be unregistered");
   });
 }

@@ -8,6 +8,7 @@
 #include "windows/Handles.h"
 #include "windows/Paths.h"
 #include "windows/services/AccountVerifier.h"
+#include "windows/services/Libraries.h"
 
 namespace nv::windows {
 
@@ -21,41 +22,35 @@ std::wstring applicationFolder() {
   return program.substr(0, program.find_last_of(L'\\'));
 }
 
-/// While it lives, the system shows no message box about a file that is not a library.
-class QuietLoading {
- public:
-  QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
-  ~QuietLoading() { SetThreadErrorMode(before_, nullptr); }
-  QuietLoading(const QuietLoading&) = delete;
-  QuietLoading& operator=(const QuietLoading&) = delete;
-
- private:
-  DWORD before_ = 0;
-};
-
 /// A library by full path: of the installation's folder, else of the application's, else of the system's. Never by a
 /// search that the current directory takes part in. It is never freed: it may keep state between calls.
 HMODULE library(const std::wstring& folder, const wchar_t* name) {
-  const QuietLoading quiet;
   for (const std::wstring& place : {folder, applicationFolder(), directory(GetSystemDirectoryW)}) {
     if (!isFullPath(place)) continue;
-    const HMODULE module = LoadLibraryExW(joined(place, name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (module != nullptr) return module;
+    if (const HMODULE module = loadLibrary(joined(place, name))) return module;
   }
   throw RuntimeError(ErrorNumber::libraryNotLoadable);
 }
 
-/// The path for a library that knows the ANSI code page alone. A folder with other characters is named as the system
-/// has abbreviated it, if it has; else this fails with "Path not found".
+/// The text for a library that knows the ANSI code page alone. A number is checked as it is or not at all: this fails
+/// with "Invalid procedure call or argument" when the code page lacks one of its characters.
+std::string inAnsi(const std::wstring& text) {
+  const auto bytes = exactlyInAnsiCodePage(text);
+  if (!bytes) throw RuntimeError(ErrorNumber::invalidCall);
+  return *bytes;
+}
+
+/// The path for such a library. A folder with other characters is named as the system has abbreviated it, if it has;
+/// else this fails with "Path not found".
 std::string inAnsiPath(const std::wstring& path) {
-  const auto fits = [](const std::wstring& text) { return fromAnsiCodePage(inAnsiCodePage(text)) == text; };
-  if (fits(path)) return inAnsiCodePage(path);
+  if (const auto bytes = exactlyInAnsiCodePage(path)) return *bytes;
   const std::size_t name = path.find_last_of(L'\\') + 1;
   wchar_t folder[MAX_PATH];
   const DWORD length = GetShortPathNameW(path.substr(0, name).c_str(), folder, MAX_PATH);
-  const std::wstring abbreviated = std::wstring(folder, length < MAX_PATH ? length : 0) + path.substr(name);
-  if (length == 0 || !fits(abbreviated)) throw RuntimeError(ErrorNumber::pathNotFound);
-  return inAnsiCodePage(abbreviated);
+  if (length != 0 && length < MAX_PATH) {
+    if (const auto bytes = exactlyInAnsiCodePage(std::wstring(folder, length) + path.substr(name))) return *bytes;
+  }
+  throw RuntimeError(ErrorNumber::pathNotFound);
 }
 
 template <class Function>
@@ -104,7 +99,7 @@ std::unique_ptr<platform::AccountVerifier> HostInstallation::createVerifier() {
 std::int16_t HostInstallation::checkBankId(const std::wstring& folder, const std::wstring& bankId) {
   using CheckBankId = short __stdcall(char* bankId);
   const auto check = entryPoint<CheckBankId>(library(folder, bankLibrary), "_Check_bank_id@4");
-  return check(inAnsiCodePage(bankId).data());
+  return check(inAnsi(bankId).data());
 }
 
 std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, const std::wstring& bankId,
@@ -115,8 +110,8 @@ std::int16_t HostInstallation::checkBankAccount(const std::wstring& folder, cons
   const auto check = entryPoint<CheckBankAccount>(library(folder, bankLibrary), "_Check_bank_account2@24");
   MessageBuffer buffer;
   short errorLength = 0;
-  const short result = check(inAnsiCodePage(bankId).data(), inAnsiCodePage(transit).data(),
-                             inAnsiCodePage(account).data(), buffer.data(), &errorLength, 0);
+  const short result =
+      check(inAnsi(bankId).data(), inAnsi(transit).data(), inAnsi(account).data(), buffer.data(), &errorLength, 0);
   message = buffer.text();
   return result;
 }

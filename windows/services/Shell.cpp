@@ -2,6 +2,7 @@
 
 #include "windows/Handles.h"
 #include "windows/Paths.h"
+#include "windows/services/Libraries.h"
 
 namespace nv::windows {
 
@@ -24,7 +25,7 @@ std::wstring helpLibraryPath() {
 
 /// The viewer's function, or nullptr. Its library stays loaded: its windows outlive the call.
 HtmlHelpFunction htmlHelp() {
-  const HMODULE library = LoadLibraryExW(helpLibraryPath().c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  const HMODULE library = loadLibrary(helpLibraryPath());
   if (library == nullptr) return nullptr;
   return reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(GetProcAddress(library, "HtmlHelpW")));
 }
