@@ -98,13 +98,22 @@ void RandomUser::typeText(Hands& hands) {
   hands.type(text);
 }
 
-/// Types what a confirmation asks for, or empties a field.
+/// Types what the confirmations ask for and accepts, or empties a field.
 void RandomUser::confirm(Hands& hands) {
-  const std::wstring name = reachable(hands, [](const auto& each) { return !confirmedBy(each).empty(); });
-  say(name.empty() ? L"clear the field" : L"confirm in " + name);
-  if (!name.empty()) hands.click(name);
-  for (const wchar_t* key : {L"Home", L"Shift+End", L"Delete"}) hands.press(chordOf(key));
-  if (!name.empty()) hands.type(hands.textOf(confirmedBy(name)));
+  const auto enter = [&hands](const std::wstring& text) {
+    for (const wchar_t* key : {L"Home", L"Shift+End", L"Delete"}) hands.press(chordOf(key));
+    hands.type(text);
+  };
+  auto names = hands.reachable();
+  std::erase_if(names, [](const std::wstring& name) { return confirmedBy(name).empty(); });
+  say(names.empty() ? L"clear the field" : L"confirm");
+  if (names.empty()) return enter({});
+  for (const std::wstring& name : names) {
+    const std::wstring text = hands.textOf(confirmedBy(name));
+    hands.click(name);
+    enter(text);
+  }
+  hands.press(chordOf(L"Alt+O"));
 }
 
 void RandomUser::pressKey(Hands& hands) {

@@ -4,12 +4,10 @@
 
 #include "dialogs/biller/frmRandomInfo.h"
 #include "platform/Text.h"
-#include "tests/support/BillerTest.h"
+#include "tests/support/WholeShow.h"
 
 namespace nv::test {
 namespace {
-
-using platform::MessageBoxes;
 
 /// Who is asked: about a Canadian account the verifier or the library; in the United States nobody, but there is a
 /// link, and the style's font is still to be brought in.
@@ -17,7 +15,7 @@ enum class Scene { verifier, library, unitedStates };
 constexpr Scene scenes[] = {Scene::verifier, Scene::library, Scene::unitedStates};
 
 /// A business with a bank account in the embedded dialog, and a user who uses all that asks somebody outside.
-class Asking : public BillerTest {
+class Asking : public WholeShow {
  public:
   explicit Asking(Scene scene) : scene_(scene) {
     if (scene == Scene::unitedStates) {
@@ -34,18 +32,12 @@ class Asking : public BillerTest {
     component.store.USBillPaymentURL = L"http://norvik.example";
     component.store.PlayByPlayEnabled = flagTrue;
     files.makeFolder(L"C:\\Apps\\Norvik");
-    before = texts(component.store);
+    before = record();
     installation.whenAsked = [this](const std::wstring& name) { question(name); };
     files.whenUsed = [this](const std::wstring& path) { question(path == errorLog ? L"the log" : path); };
     machine.whenAsked = [this] { question(L"the machine"); };
     shell.whenAsked = [this] { question(L"the shell"); };
-    messages.answerAny = [this](std::wstring_view text, MessageBoxes::Buttons buttons) {
-      boxes.emplace_back(text);
-      return buttons == MessageBoxes::Buttons::ok ? MessageBoxes::Answer::ok : MessageBoxes::Answer::yes;
-    };
   }
-
-  void TestBody() override {}
 
   /// Whom the question in hand goes to; runs at each.
   std::function<void(const std::wstring& whom)> whenQuestioned;
@@ -62,15 +54,6 @@ class Asking : public BillerTest {
     user.click(L"cmd_ok");
   }
   std::size_t logLines() const { return static_cast<std::size_t>(std::ranges::count(files.text(errorLog), L'\n')); }
-  Texts record() const { return texts(component.store); }
-
-  using BillerTest::component;
-  using BillerTest::host;
-  using BillerTest::random;
-  using BillerTest::widgetset;
-
-  Texts before;
-  Texts boxes;
 
  private:
   void question(const std::wstring& whom) {

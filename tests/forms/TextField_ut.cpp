@@ -68,33 +68,6 @@ TEST_F(TextFieldTest, CaretStaysWithWhatIsTypedWhenAHandlerRewritesTheText) {
   }
 }
 
-TEST_F(TextFieldTest, MaxLengthBoundsTheUserAndNotCode) {
-  struct Case {
-    std::wstring before;
-    int maxLength;
-    std::function<void(User&)> act;
-    std::wstring after;
-  };
-  const auto typing = [](User& user) { user.type(L"56"); };
-  const Case cases[] = {
-      {L"1234", 0, typing, L"123456"},
-      {L"1234", 5, typing, L"12345"},
-      {L"1234", 5, [](User& user) { user.paste(L"5678"); }, L"12345"},
-      {L"123456789", 4, typing, L"123456789"},
-      {L"123456789", 4, [](User& user) { user.type(L"\b"); }, L"12345678"},
-  };
-  User user = shown();
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.before << " within " << c.maxLength);
-    form->first.setMaxLength(c.maxLength);
-    form->first.setText(c.before);
-    EXPECT_EQ(user.text(L"first"), c.before) << "a text set by code is shown whole";
-    user.click(L"first");
-    c.act(user);
-    EXPECT_EQ(form->first.text(), c.after);
-  }
-}
-
 TEST_F(TextFieldTest, KeyBecomesTextOneStepAfterTheOther) {
   User user = shown();
   user.click(L"first");
@@ -180,19 +153,6 @@ TEST_F(TextFieldTest, ATextSetByCodeStartsAtItsStartAndSelectionsAreCutOff) {
     form->first.select(c.start, c.length);
     EXPECT_EQ(user.selected(L"first"), c.selected);
   }
-}
-
-TEST_F(TextFieldTest, EnteringByKeyboardSelectsTheWholeText) {
-  form->second.setText(L"abc");
-  User user = shown();
-  user.click(L"first");
-  user.tab();
-  EXPECT_EQ(user.selected(L"second"), L"abc");
-  user.click(L"second");
-  EXPECT_EQ(user.selected(L"second"), L"");
-  user.altKey(L'i');
-  user.type(L"x");
-  EXPECT_EQ(form->second.text(), L"x");
 }
 
 }  // namespace

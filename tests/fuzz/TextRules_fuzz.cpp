@@ -105,7 +105,7 @@ void accounts(World& world, Input input) {
   Random::VerifyAccount(world.component, bankId, account, message, 0, false);
   Random::ValidateBankId(world.component, bankId, message, length, false);
   Random::ValidateBankAccount(world.component, bankId, transit, account, message, length, false);
-  Random::ValidateABANumber(world.component, account);
+  Random::ValidateABANumber(world.component, account, false);
 }
 
 using Cells = std::vector<std::wstring>;

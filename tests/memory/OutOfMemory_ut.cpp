@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "tests/support/BillerTest.h"
+#include "tests/support/WholeShow.h"
 
 namespace {
 
@@ -48,18 +48,13 @@ void operator delete(void* block, std::size_t /*size*/) noexcept {
 namespace nv::test {
 namespace {
 
-/// A show in a world of its own.
-class Show : public BillerTest {
+/// A show, and a user who does something of everything in it.
+class Show : public WholeShow {
  public:
   explicit Show(const std::function<void(Show&)>& arrange = nullptr) {
-    messages.answerAny = [this](std::wstring_view /*text*/, platform::MessageBoxes::Buttons buttons) {
-      ++boxes;
-      return buttons == platform::MessageBoxes::Buttons::ok ? platform::MessageBoxes::Answer::ok
-                                                            : platform::MessageBoxes::Answer::yes;
-    };
     widgetset.whenAnyModal = [this](User& user) { work(user); };
     if (arrange) arrange(*this);
-    before = texts(component.store);
+    before = record();
   }
 
   /// What every user does in every dialog, as far as it has it: looks at the cheque and the foreign bank, types a
@@ -95,19 +90,6 @@ class Show : public BillerTest {
     failed = false;
   }
 
-  void TestBody() override {}
-
-  using BillerTest::bankAccount;
-  using BillerTest::component;
-  using BillerTest::individual;
-  using BillerTest::international;
-  using BillerTest::random;
-  using BillerTest::texts;
-  using BillerTest::unitedStates;
-  using BillerTest::widgetset;
-
-  Texts before;
-  int boxes = 0;
   static constexpr const wchar_t* typedInto = L"ran_payee_email";
 
  private:
@@ -154,9 +136,9 @@ Unharmed unharmed(const Mode& mode) {
   const long begin = allocations;
   mode.show(show);
   const long count = allocations - begin;
-  EXPECT_EQ(show.boxes, 0) << mode.name;
+  EXPECT_EQ(show.boxes, Texts()) << mode.name;
   EXPECT_EQ(show.component.store.PayeeEmail == L"pay@acme.examplex", mode.accepted) << mode.name;
-  return {show.texts(show.component.store), count};
+  return {show.record(), count};
 }
 
 /// Lets the `nth` allocation of a show fail.
@@ -167,11 +149,11 @@ void harm(const Mode& mode, long nth, const Unharmed& whole) {
   Show::memoryIsBack();
   show.random.Unload_From_Remote();
   std::wstring& email = show.component.store.PayeeEmail;
-  if (show.texts(show.component.store) != show.before) {  // accepted, with the letter where and if it arrived
+  if (show.record() != show.before) {  // accepted, with the letter where and if it arrived
     const Texts arrived = {L"pay@acme.examplex", L"pay@acme.example", L"xpay@acme.example"};
     EXPECT_NE(std::ranges::find(arrived, email), arrived.end()) << email;
     email = arrived.front();
-    EXPECT_EQ(show.texts(show.component.store), whole.record) << "the record is half accepted";
+    EXPECT_EQ(show.record(), whole.record) << "the record is half accepted";
   }
   EXPECT_TRUE(returned || show.attempt([&] { mode.show(show); })) << "showing it again fails, too";
   show.random.Unload_From_Remote();

@@ -188,7 +188,7 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
       L"\\b");
   std::mt19937 random(1);
   int accepted = 0;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 10'000; ++i) {
     std::wstring number;
     int d[9];
     for (int& digit : d) {
@@ -203,7 +203,7 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     EXPECT_EQ(Random::ValidateABANumber(component, number, false), everywhere) << number;
     accepted += everywhere ? 1 : 0;
   }
-  EXPECT_GT(accepted, 200);
+  EXPECT_GT(accepted, 100);
 }
 
 TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
@@ -216,10 +216,9 @@ TEST_F(BankChecksTest, BusinessNumbersAreJudgedByTheirFirstNineCharacters) {
     EXPECT_FALSE(Random::VerifyBusinessNumber(component, number)) << number;
     EXPECT_EQ(asked(), Texts()) << number;
   }
-  EXPECT_TRUE(Random::VerifyBusinessNumber(component, L"1335E5678")) << "an exponent makes a number, too";
-  for (const wchar_t* number : {L"100200308", L"100200308RT0009", L"100200308 and more"}) {
+  for (const std::wstring number : {L"100200308", L"100200308RT0009", L"100200308 and more", L"1335E5678"}) {
     EXPECT_TRUE(Random::VerifyBusinessNumber(component, number)) << number;
-    EXPECT_EQ(asked().back(), L"VerifyAccount(001003, 100200308RT0001               , False)") << number;
+    EXPECT_EQ(asked().back(), L"VerifyAccount(001003, " + number.substr(0, 9) + L"RT0001               , False)");
   }
   installation.answers[L"VerifyAccount"] = {2, L"discarded"};
   EXPECT_TRUE(Random::VerifyBusinessNumber(component, L"100200308")) << "anything but zero accepts";

@@ -152,29 +152,28 @@ TEST_F(RandomTest, OpenBrowserTellsWhatWentWrong) {
     EXPECT_EQ(shell.opened.back(), std::wstring(L"http://") + address);
   }
   shell.opened.clear();
-  const wchar_t* const others[] = {L"C:\\Windows\\notepad.exe",
-                                   L"C:/Windows/notepad.exe",
-                                   L"notepad.EXE?x",
-                                   L"notepad",
-                                   L"../pay.example",
-                                   L"pay.htm",
-                                   L"\\\\server\\share\\x",
-                                   L"//server.example/x",
-                                   L"file:///C:/pay.htm",
-                                   L"ftp://example.com",
-                                   L"javascript:alert(1)",
-                                   L"mailto:pay@example.com",
-                                   L"pay@example.com",
-                                   L"example.com:x",
-                                   L"www..com",
-                                   L".com",
-                                   L"a.",
-                                   L"http://",
-                                   L"http:\\\\example.com",
-                                   L"https://example.com/\" --x",
-                                   L"www.example.com/a pay",
-                                   L""};
-  for (const wchar_t* address : others) {
+  for (const wchar_t* address : {L"C:\\Windows\\notepad.exe",
+                                 L"C:/Windows/notepad.exe",
+                                 L"notepad.EXE?x",
+                                 L"notepad",
+                                 L"../pay.example",
+                                 L"pay.htm",
+                                 L"\\\\server\\share\\x",
+                                 L"//server.example/x",
+                                 L"file:///C:/pay.htm",
+                                 L"ftp://example.com",
+                                 L"javascript:alert(1)",
+                                 L"mailto:pay@example.com",
+                                 L"pay@example.com",
+                                 L"example.com:x",
+                                 L"www..com",
+                                 L".com",
+                                 L"a.",
+                                 L"http://",
+                                 L"http:\\\\example.com",
+                                 L"https://example.com/\" --x",
+                                 L"www.example.com/a pay",
+                                 L""}) {
     files.put(L"error.log", {});
     Random::OpenBrowser(component, address);
     EXPECT_EQ(files.text(L"error.log"), machine.clock + L",NVRandom, , ,5,\"Invalid procedure call or argument\"," +

@@ -23,6 +23,30 @@ class ClosedLibrariesTest : public StandInsTest {
   HostInstallation libraries;
 };
 
+TEST_F(ClosedLibrariesTest, AreAskedAboutANumberAsItIsOrNotAtAll) {
+  if (GetACP() == CP_UTF8) return;  // it has every character
+  EXPECT_THROW(libraries.checkBankId(dllPath(), L"00\u4e09"), RuntimeError);
+  EXPECT_EQ(libraries.checkBankId(dllPath(), L"0É3"), 1);
+  EXPECT_EQ(asked(), std::vector<std::wstring>{L"Check_bank_id \"0É3\""});
+}
+
+TEST_F(ClosedLibrariesTest, BringWhatTheyNeedThemselves) {
+  const fs::path built = programFolder() / L"libraries";
+  const fs::path planted = fs::path(installation.root()) / L"planted";
+  installation.makeFolder(L"planted");
+  ASSERT_TRUE(CopyFileW((built / L"NVDependent.dll").c_str(), file(L"Acctvfy.dll").c_str(), FALSE));
+  fs::copy_file(built / L"NVDependency.dll", planted / L"NVDependency.dll");
+
+  const fs::path before = fs::current_path();
+  fs::current_path(planted);
+  EXPECT_EQ(errorIn(dllPath()), 48);
+  EXPECT_EQ(GetModuleHandleW(L"NVDependency.dll"), nullptr) << "loaded from the current directory";
+  fs::current_path(before);
+
+  fs::copy_file(built / L"NVDependency.dll", file(L"NVDependency.dll"));
+  EXPECT_EQ(libraries.checkBankId(dllPath(), L"003"), 17) << "it is found beside the library that needs it";
+}
+
 TEST_F(ClosedLibrariesTest, AreFoundInTheInstallationAlone) {
   EXPECT_EQ(errorIn(dllPath() + L"nowhere\\"), 48);
   EXPECT_EQ(errorIn(L""), 48);

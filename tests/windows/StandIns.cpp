@@ -1,8 +1,5 @@
 #include "tests/windows/StandIns.h"
 
-#include <fstream>
-#include <sstream>
-
 #include "host/application/BillerFile.h"
 #include "host/base/Text.h"
 
@@ -59,20 +56,6 @@ DWORD exitCode(HANDLE process) {
 StandInsTest::StandInsTest()
     : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
-}
-
-Record recordOf(_ClsRandom* object) {
-  Record record;
-  std::ifstream members(NV_INTERFACE_FILE);
-  for (std::string line; std::getline(members, line);) {
-    std::istringstream words(line);
-    std::string kind, number, name;
-    words >> kind >> number >> name;
-    if (kind != "get" || !name.starts_with("Payee")) continue;
-    record[host::wide(name)] = scenario::shown(host::getProperty(*object, host::wide(name)));
-  }
-  EXPECT_GT(record.size(), 30U);
-  return record;
 }
 
 void StandInsTest::set(_ClsRandom* object, const std::string& biller) const {

@@ -2,8 +2,6 @@
 // account verifier and the closed libraries.
 #pragma once
 
-#include <map>
-
 #include "host/application/Installation.h"
 #include "host/standins/Answers.h"
 #include "host/standins/Record.h"
@@ -14,10 +12,6 @@ namespace nv::windows::test {
 
 /// The billers of the scenarios, each of which every check accepts.
 inline constexpr const char* billers[] = {"business", "individual", "us", "abroad"};
-
-/// What a biller's record holds, by property.
-using Record = std::map<std::wstring, std::wstring>;
-Record recordOf(_ClsRandom* object);
 
 /// The running test, as a filter names it.
 std::wstring nameOfTest();
