@@ -9,13 +9,21 @@ namespace nv::forms {
 /// A colour value: 0x00BBGGRR, or 0x80000000 plus the index of a system colour, which follows the user's settings.
 using Colour = std::uint32_t;
 
+/// A background and the colour of text on it, which go together: in a contrast theme the system's text colour may be
+/// any, and cannot be read on a background that a style prescribes.
+struct Colours {
+  Colour back = 0;
+  Colour text = 0;
+  friend bool operator==(const Colours&, const Colours&) = default;
+};
+
 namespace colours {
 inline constexpr Colour system(std::uint32_t index) {
   return 0x80000000U | index;
 }
-inline constexpr Colour windowBackground = system(5);
-inline constexpr Colour buttonFace = system(15);
-inline constexpr Colour white = 0x00FFFFFFU;
+inline constexpr Colours window{system(5), system(8)};
+inline constexpr Colours buttonFace{system(15), system(18)};
+inline constexpr Colours blackOnWhite{0x00FFFFFFU, 0x00000000U};
 }  // namespace colours
 
 /// A font by name and size in points; what the machine does not have is replaced by the system's nearest.

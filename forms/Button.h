@@ -14,9 +14,13 @@ class Button : public CaptionedControl {
   bool useKey(const KeyDown& key) override;
   void useMnemonic() override { press(); }
 
-  /// Presses the button, for code and for the widgetset alike: raises `click` when the button is reachable.
+  /// Presses the button: raises `click` when the button is reachable.
   void press() {
     if (reachable()) click.raise();
+  }
+  /// For the widgetset: the user clicked.
+  void clicked() {
+    if (takesInput()) press();
   }
 
   /// A cancelling button is also pressed by Escape, wherever the focus is.

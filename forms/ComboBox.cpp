@@ -16,6 +16,14 @@ void ComboBox::add(std::wstring entry) {
   changed(Attribute::rows);
 }
 
+void ComboBox::picked(int index) {
+  if (takesInput()) {
+    setListIndex(index);
+  } else {
+    changed(Attribute::row);
+  }
+}
+
 void ComboBox::setListIndex(int index) {
   if (index < none || index >= listCount()) throw RuntimeError(ErrorNumber::invalidCall);
   const bool differs = index != listIndex_;

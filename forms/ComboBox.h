@@ -24,7 +24,7 @@ class ComboBox : public TextField {
   void setListIndex(int index);
 
   /// For the widgetset: the user picked an entry.
-  void picked(int index) { setListIndex(index); }
+  void picked(int index);
 
  private:
   void textChanged(bool byUser) override {

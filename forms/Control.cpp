@@ -49,9 +49,13 @@ bool Control::reachable() const {
   return control == nullptr;
 }
 
-void Control::setBackColor(Colour colour) {
-  if (colour == backColor_) return;
-  backColor_ = colour;
+bool Control::takesInput() const {
+  return reachable() && !form().busy();
+}
+
+void Control::setColours(const Colours& colours) {
+  if (colours == colours_) return;
+  colours_ = colours;
   changed(Attribute::appearance);
 }
 

@@ -82,9 +82,11 @@ class Control {
   bool available() const { return visible_ && enabled_; }
   /// Available, and so is every frame around it.
   bool reachable() const;
+  /// Reachable, and the form is not busy. Whatever a widgetset reports of the user, by whichever route, is asked this.
+  bool takesInput() const;
 
-  Colour backColor() const { return backColor_; }
-  void setBackColor(Colour colour);
+  const Colours& colours() const { return colours_; }
+  void setColours(const Colours& colours);
   const Font& font() const { return font_; }
   void setFont(Font font);
 
@@ -137,7 +139,7 @@ class Control {
   Place place_;
   bool visible_ = true;
   bool enabled_ = true;
-  Colour backColor_ = colours::buttonFace;
+  Colours colours_ = colours::buttonFace;
   Font font_;
   std::wstring tag_;
   ControlPeer* peer_ = nullptr;

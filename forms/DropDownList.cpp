@@ -81,6 +81,7 @@ std::optional<std::size_t> DropDownList::find(std::wstring_view text) const {
 }
 
 void DropDownList::picked(std::size_t row) {
+  if (!takesInput()) return;
   selectRow(row);
   setText(std::wstring(cell(row, textColumn_)));
   click.raise();

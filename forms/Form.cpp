@@ -52,9 +52,9 @@ void Form::move(Twips left, Twips top) {
   if (peer_) peer_->update(Attribute::place);
 }
 
-void Form::setBackColor(Colour colour) {
-  if (colour == backColor_) return;
-  backColor_ = colour;
+void Form::setColours(const Colours& colours) {
+  if (colours == colours_) return;
+  colours_ = colours;
   if (peer_) peer_->update(Attribute::appearance);
 }
 

@@ -47,8 +47,8 @@ class Form : public std::enable_shared_from_this<Form> {
   const Place& place() const { return place_; }
   void setSize(Twips width, Twips height);
   void move(Twips left, Twips top);
-  Colour backColor() const { return backColor_; }
-  void setBackColor(Colour colour);
+  const Colours& colours() const { return colours_; }
+  void setColours(const Colours& colours);
   const Font& font() const { return font_; }
   void setFont(Font font) { font_ = std::move(font); }
 
@@ -137,7 +137,7 @@ class Form : public std::enable_shared_from_this<Form> {
   Border border_;
   std::wstring caption_;
   Place place_;
-  Colour backColor_ = colours::buttonFace;
+  Colours colours_ = colours::buttonFace;
   Font font_;
   std::vector<Control*> controls_;
   std::unique_ptr<FormPeer> peer_;

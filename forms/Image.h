@@ -20,7 +20,7 @@ class Image : public Control {
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (reachable()) click.raise();
+    if (takesInput()) click.raise();
   }
 
  protected:

@@ -44,7 +44,7 @@ class Hyperlink : public CaptionedControl {
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (reachable() && !caption().empty()) click.raise();
+    if (takesInput() && !caption().empty()) click.raise();
   }
 };
 

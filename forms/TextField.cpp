@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/Form.h"
 #include "platform/ScopedValue.h"
 
 namespace nv::forms {
@@ -33,6 +34,10 @@ void TextField::select(int start, int length) {
 }
 
 void TextField::onUserText(std::wstring text, Selection selection) {
+  if (form().busy()) {
+    changed(Attribute::text);
+    return;
+  }
   selection_ = selection;
   if (text == text_) return;
   text_ = std::move(text);

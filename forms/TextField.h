@@ -30,16 +30,15 @@ class TextField : public Control {
 
   Event<> change;
 
-  /// For the widgetset: the user changed the text. `selection` includes the caret.
+  /// For the widgetset: the user changed the text. `selection` includes the caret. While the form is busy the window
+  /// gets its text back, whoever changed it.
   void onUserText(std::wstring text, Selection selection);
 
   /// For the widgetset: the selection last set by code or passed to `onUserText`.
   Selection lastSelection() const { return selection_; }
 
  protected:
-  TextField(Parent parent, Kind kind, Name name) : Control(parent, kind, name) {
-    setBackColor(colours::windowBackground);
-  }
+  TextField(Parent parent, Kind kind, Name name) : Control(parent, kind, name) { setColours(colours::window); }
 
   /// Called after the text has changed, before `change`: lists join or part text and row here.
   virtual void textChanged(bool /*byUser*/) {}

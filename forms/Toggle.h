@@ -19,7 +19,7 @@ class CheckBox : public CaptionedControl {
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (reachable()) setChecked(!checked_);
+    if (takesInput()) setChecked(!checked_);
   }
 
  private:
@@ -44,7 +44,7 @@ class OptionButton : public CaptionedControl {
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (reachable()) setSelected(true);
+    if (takesInput()) setSelected(true);
   }
 
  private:

@@ -32,7 +32,7 @@ inline HWND frontWindow() {
 /// with an embedded dialog rarely does, and its top-level window would keep the focus.
 class FocusRestorer {
  public:
-  FocusRestorer() : window_(GetFocus()) {}
+  FocusRestorer() : window_(GetFocus()) { ++count_; }
   ~FocusRestorer() {
     if (!IsWindow(window_)) return;
     const HWND top = GetAncestor(window_, GA_ROOT);
@@ -42,7 +42,11 @@ class FocusRestorer {
   FocusRestorer(const FocusRestorer&) = delete;
   FocusRestorer& operator=(const FocusRestorer&) = delete;
 
+  /// How many windows the component has put in front in this thread: message boxes and modal dialogs.
+  static unsigned count() { return count_; }
+
  private:
+  inline static thread_local unsigned count_ = 0;
   HWND window_;
 };
 

@@ -52,7 +52,7 @@ void frmRandomInfo::connectKinds() {
 
 void frmRandomInfo::switchBusinessNumber(bool on) {
   txtBusinessNum.setEnabled(on);
-  txtBusinessNum.setBackColor(on ? forms::colours::windowBackground : forms::colours::buttonFace);
+  txtBusinessNum.setColours(on ? forms::colours::window : forms::colours::buttonFace);
 }
 
 }  // namespace nv

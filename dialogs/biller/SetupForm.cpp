@@ -155,7 +155,7 @@ void frmRandomInfo::SetupBusinessForm() {
   lblNotification.setVisible(false);
   fraBusinessNum.setVisible(domestic());
   switchBusinessNumber(!international_ && !chkBNNotAvailable.checked());
-  chkBNNotAvailable.setBackColor(forms::colours::buttonFace);
+  chkBNNotAvailable.setColours(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(optionalAccountCaption);
   cmdCheque.setVisible(false);
   lblFXBankingInfo.setVisible(domestic());  // whatever the currency
@@ -179,7 +179,7 @@ void frmRandomInfo::SetupIndividualForm() {
   fraBusinessNum.setEnabled(false);
   switchBusinessNumber(false);
   chkBNNotAvailable.setEnabled(false);
-  chkBNNotAvailable.setBackColor(forms::colours::buttonFace);
+  chkBNNotAvailable.setColours(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(accountCaption);
   // Of the address block this is shown, and nothing else.
   const std::initializer_list<const forms::Control*> shown = {&lblEmail, &ran_payee_email, &imgHelpCSFTInfo[3],

@@ -19,14 +19,14 @@ constexpr const wchar_t* standardFont = L"MS Sans Serif";
 struct Style {
   std::int16_t from;  // the FormStyle that it is for, up to the next row's
   const wchar_t* font;
-  forms::Colour background;
+  forms::Colours colours;
   std::int16_t buttonStyle;
 };
 
 constexpr Style styles[] = {
     {std::numeric_limits<std::int16_t>::min(), standardFont, forms::colours::buttonFace, 0},
-    {2, standardFont, forms::colours::white, 2},
-    {3, L"Segoe UI", forms::colours::white, 2},
+    {2, standardFont, forms::colours::blackOnWhite, 2},
+    {3, L"Segoe UI", forms::colours::blackOnWhite, 2},
     {4, standardFont, forms::colours::buttonFace, 2},
 };
 
@@ -44,7 +44,7 @@ void restyle(forms::Control& control, const Style& style, const std::wstring& fo
   using forms::Kind;
   switch (control.kind()) {
     case Kind::label:
-      control.setBackColor(style.background);
+      control.setColours(style.colours);
       static_cast<forms::Label&>(control).setTransparent(true);
       setFontName(control, font);
       break;
@@ -54,11 +54,11 @@ void restyle(forms::Control& control, const Style& style, const std::wstring& fo
     case Kind::frame:
     case Kind::checkBox:
     case Kind::optionButton:
-      control.setBackColor(style.background);
+      control.setColours(style.colours);
       setFontName(control, font);
       break;
     case Kind::hyperlink:
-      control.setBackColor(style.background);
+      control.setColours(style.colours);
       break;
     case Kind::styledButton:
       static_cast<forms::StyledButton&>(control).setButtonStyle(style.buttonStyle);
@@ -82,7 +82,7 @@ void reStyleForm(Component& component, forms::Form& form) {
     for (forms::Control* control : form.controls()) {
       if (control->tag() != noStyleTag) restyle(*control, style, font);
     }
-    form.setBackColor(style.background);
+    form.setColours(style.colours);
     forms::Font formFont = form.font();
     formFont.name = font;
     form.setFont(std::move(formFont));

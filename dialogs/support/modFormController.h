@@ -11,7 +11,7 @@ namespace nv::modFormController {
 /// A control with this tag keeps its design.
 inline constexpr const wchar_t* noStyleTag = L"noStyle";
 
-/// Gives a form the style of the host's FormStyle: background colour and font by kind of control, and the style of the
+/// Gives a form the style of the host's FormStyle: background and text colour and font by kind of control, and the style of the
 /// styled buttons. A run-time error is reported under "modFormController.reStyleForm" and leaves the form partly
 /// restyled.
 void reStyleForm(Component& component, forms::Form& form);

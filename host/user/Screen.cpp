@@ -32,9 +32,11 @@ std::vector<HWND> topLevelWindows(DWORD thread) {
 }
 
 std::wstring nameOf(HWND window) {
-  wchar_t name[64];
+  wchar_t marked[64];
   const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(GetPropW(window, L"NVRandom.Name")));
-  return {name, atom == 0 ? 0 : GlobalGetAtomNameW(atom, name, static_cast<int>(std::size(name)))};
+  std::wstring name(marked, atom == 0 ? 0 : GlobalGetAtomNameW(atom, marked, static_cast<int>(std::size(marked))));
+  std::erase(name, L'^');  // in front of each capital
+  return name;
 }
 
 std::vector<HWND> dialogs(DWORD thread, std::wstring_view name) {

@@ -19,8 +19,8 @@ std::wstring truth(bool value) {
 namespace {
 
 std::wstring shownColour(forms::Colour colour) {
-  if (colour == forms::colours::buttonFace) return L"#F5F5F5";
-  if (colour == forms::colours::windowBackground) return L"#FFFFFF";
+  if (colour == forms::colours::buttonFace.back) return L"#F5F5F5";
+  if (colour == forms::colours::window.back) return L"#FFFFFF";
   wchar_t text[8];
   std::swprintf(text, std::size(text), L"#%02X%02X%02X", colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
   return text;
@@ -67,9 +67,9 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   }
   if (aspect == L"backcolor") {
     const auto* const label = dynamic_cast<const forms::Label*>(&control);
-    if (label == nullptr || !label->transparent()) return shownColour(seen.backColor);
-    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).backColor
-                                                  : user.form().backColor());
+    if (label == nullptr || !label->transparent()) return shownColour(seen.colours.back);
+    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).colours.back
+                                                  : user.form().colours().back);
   }
   forms::Place place = seen.place;
   for (const forms::Frame* frame = control.frame(); frame != nullptr; frame = frame->frame()) {
@@ -82,7 +82,7 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
 std::wstring lookAtForm(const User& user, const std::wstring& aspect) {
   if (aspect == L"text" || aspect == L"caption") return user.title();
   if (aspect == L"visible") return truth(user.open());
-  if (aspect == L"backcolor") return shownColour(user.form().backColor());
+  if (aspect == L"backcolor") return shownColour(user.form().colours().back);
   const forms::Place place = user.form().place();
   if (!isPlace(aspect)) throw Failure(L"nothing is known of the " + aspect + L" of a form");
   const bool embedded = user.form().border() == forms::Border::embedded;

@@ -8,8 +8,8 @@
 namespace nv::test {
 namespace {
 
+using forms::colours::blackOnWhite;
 using forms::colours::buttonFace;
-using forms::colours::white;
 
 /// A form with a control of each kind.
 class EveryKind : public SampleForm {
@@ -41,20 +41,20 @@ TEST_F(StyleTest, EachKindTakesWhatTheStyleHasForIt) {
   struct Case {
     std::int16_t style;
     const wchar_t* font;
-    forms::Colour colour;
+    forms::Colours colours;
     int buttonStyle;
   };
   for (const Case& c : {Case{0, L"MS Sans Serif", buttonFace, 0}, Case{1, L"MS Sans Serif", buttonFace, 0},
-                        Case{2, L"MS Sans Serif", white, 2}, Case{3, L"Segoe UI", white, 2},
+                        Case{2, L"MS Sans Serif", blackOnWhite, 2}, Case{3, L"Segoe UI", blackOnWhite, 2},
                         Case{4, L"MS Sans Serif", buttonFace, 2}, Case{-1, L"MS Sans Serif", buttonFace, 0}}) {
     SCOPED_TRACE(c.style);
     component.store.FormStyle = c.style;
     const auto form = std::make_shared<EveryKind>(component);
     const forms::Font designed = {.name = L"Designed", .points = 11, .bold = true};
-    constexpr forms::Colour painted = 0x123456;
+    constexpr forms::Colours painted{0x123456, 0xFEDCBA};
     for (forms::Control* control : form->controls()) {
       control->setFont(designed);
-      control->setBackColor(painted);
+      control->setColours(painted);
     }
     for (forms::Label* label : {&form->lblFirst, &form->lblTick}) label->setTransparent(false);
     modFormController::reStyleForm(component, *form);
@@ -72,12 +72,12 @@ TEST_F(StyleTest, EachKindTakesWhatTheStyleHasForIt) {
           Kind{form->styled, false, false}, Kind{form->combo, false, false}, Kind{form->list, false, false},
           Kind{form->go, false, false}, Kind{form->image, false, false}, Kind{form->lblTick, false, false}}) {
       EXPECT_EQ(kind.control.font(), kind.font ? styled : designed) << kind.control.fullName();
-      EXPECT_EQ(kind.control.backColor(), kind.colour ? c.colour : painted) << kind.control.fullName();
+      EXPECT_EQ(kind.control.colours(), kind.colour ? c.colours : painted) << kind.control.fullName();
     }
     EXPECT_TRUE(form->lblFirst.transparent());
     EXPECT_FALSE(form->lblTick.transparent());
     EXPECT_EQ(form->styled.buttonStyle(), c.buttonStyle);
-    EXPECT_EQ(form->backColor(), c.colour);
+    EXPECT_EQ(form->colours(), c.colours);
     EXPECT_EQ(form->font().name, c.font);
   }
   EXPECT_EQ(machine.addedFonts, Texts{}) << "all fonts were there";

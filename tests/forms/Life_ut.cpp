@@ -51,9 +51,20 @@ TEST_F(LifeTest, IsAskedWithTheReasonAndMayRefuse) {
   }
 }
 
-TEST_F(LifeTest, AsksOnceAtATime) {
+TEST_F(LifeTest, AsksOnceAtATimeAndTakesNothingMeanwhile) {
   User user = shown();
-  form->whenAsked = [&](bool&, UnloadMode) { user.closeBox(); };
+  form->combo.add(L"One");
+  form->list.addItem(L"Canada;CA");
+  form->list.setFocus();
+  widgetset.clipboard = L"pasted";
+  form->journal.clear();
+  form->whenAsked = [&](bool&, UnloadMode) {
+    user.closeBox();
+    user.pasteByMenu(L"first");
+    EXPECT_EQ(user.text(L"first"), L"");
+    user.choose(L"combo", L"One");
+    user.key(forms::keys::down);
+  };
   user.closeBox();
   EXPECT_EQ(form->journal, (Texts{L"QueryUnload 0"}));
   EXPECT_FALSE(user.open());

@@ -24,8 +24,9 @@ namespace nv::test {
 
 class SampleForm : public forms::Form {
  public:
-  SampleForm(forms::Widgetset& widgetset, forms::FormList& loadedForms, std::wstring_view windowName)
-      : Form(widgetset, loadedForms, L"Sample", windowName, forms::Border::dialog) {
+  SampleForm(forms::Widgetset& widgetset, forms::FormList& loadedForms, std::wstring_view windowName,
+             forms::Border border = forms::Border::dialog)
+      : Form(widgetset, loadedForms, L"Sample", windowName, border) {
     leave.setCancels(true);
     for (forms::Control* control : controls()) {
       const auto note = [this, name = control->fullName()](const wchar_t* what) {

@@ -171,7 +171,6 @@ void User::paste(std::wstring_view text) {
 void User::choose(std::wstring_view name, std::wstring_view cell) {
   click(name);
   act([&] {
-    if (form_->busy()) return;
     const auto& rows = window(name).seen().rows;
     for (std::size_t row = 0; row < rows.size(); ++row) {
       const std::wstring cells = L";" + rows[row] + L";";

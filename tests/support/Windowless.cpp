@@ -54,7 +54,7 @@ void ControlWindow::update(Attribute aspect) {
       if (const auto* box = dynamic_cast<forms::TextBox*>(field_)) seen_.mask = box->passwordChar();
       break;
     case Attribute::appearance:
-      seen_.backColor = control_.backColor();
+      seen_.colours = control_.colours();
       seen_.font = control_.font();
       break;
     case Attribute::value:
@@ -95,7 +95,7 @@ void ControlWindow::clicked() {
   if (field_ != nullptr) moveCaret(static_cast<int>(seen_.text.size()), false);
   if (auto* box = dynamic_cast<forms::CheckBox*>(&control_)) box->clicked();
   if (auto* option = dynamic_cast<forms::OptionButton*>(&control_)) option->clicked();
-  if (auto* button = dynamic_cast<forms::Button*>(&control_)) button->press();
+  if (auto* button = dynamic_cast<forms::Button*>(&control_)) button->clicked();
   if (auto* link = dynamic_cast<forms::Hyperlink*>(&control_)) link->clicked();
   if (auto* image = dynamic_cast<forms::Image*>(&control_)) image->clicked();
 }

@@ -29,7 +29,7 @@ struct Seen {
   std::wstring text{};
   int maxLength = 0;
   wchar_t mask = 0;
-  forms::Colour backColor = 0;
+  forms::Colours colours{};
   forms::Font font{};
   bool checked = false;
   std::vector<std::wstring> rows{};

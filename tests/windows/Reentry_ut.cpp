@@ -56,6 +56,14 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
   const auto type = [](const Held& held, WPARAM key) {
     PostMessageW(findControl(held.dialog, L"ran_payee_email"), WM_KEYDOWN, key, 1);
   };
+  const auto disturb = [](HWND field) {
+    SendMessageW(field, EM_SETSEL, 0, -1);
+    for (const UINT message : std::initializer_list<UINT>{WM_CUT, WM_PASTE, WM_UNDO, WM_CLEAR, EM_UNDO})
+      SendMessageW(field, message, 0, 0);
+    for (const UINT message : std::initializer_list<UINT>{EM_REPLACESEL, WM_SETTEXT}) {
+      SendMessageW(field, message, 0, reinterpret_cast<LPARAM>(L"other@mail.example"));
+    }
+  };
   long result = -1;
   const Case cases[] = {
       {"nothing", [](Held&) {}, "o", true},
@@ -63,6 +71,7 @@ TEST_F(Reentry, WhatHappensWhileTheVerifierIsAsked) {
       {"typing", [&](Held& held) { type(held, L'X'); }, "o", true},
       {"a character that a tool sends",
        [](Held& held) { SendMessageW(findControl(held.dialog, L"ran_payee_email"), WM_UNICHAR, L'X', 1); }, "o", true},
+      {"texts that a tool sets", [&](Held& held) { disturb(findControl(held.dialog, L"ran_payee_email")); }, "o", true},
       {"Escape", [&](Held& held) { type(held, VK_ESCAPE); }, "o", true},
       {"another show", [&](Held& held) { held.object->ShowForm_Remote(&result); }, "o", true},
       {"the close box", [](Held& held) { SendMessageW(held.dialog, WM_CLOSE, 0, 0); }, "c", false},

@@ -94,8 +94,10 @@ void putText(_ClsRandom* object, HRESULT (STDMETHODCALLTYPE _ClsRandom::*setter)
 
 std::wstring nameOf(HWND window) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"NVRandom.Name")));
-  wchar_t name[256] = L"";
-  if (atom != 0) GlobalGetAtomNameW(atom, name, 256);
+  wchar_t marked[256] = L"";
+  if (atom != 0) GlobalGetAtomNameW(atom, marked, 256);
+  std::wstring name(marked);
+  std::erase(name, L'^');  // in front of each capital
   return name;
 }
 

@@ -19,10 +19,18 @@ std::wstring nameOfTest() {
   return host::wide(test->test_suite_name()) + L"." + host::wide(test->name());
 }
 
-std::filesystem::path programFolder() {
+namespace {
+
+std::filesystem::path program() {
   wchar_t path[MAX_PATH];
   const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return std::filesystem::path(std::wstring(path, length)).parent_path();
+  return std::wstring(path, length);
+}
+
+}  // namespace
+
+std::filesystem::path programFolder() {
+  return program().parent_path();
 }
 
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter) {
@@ -46,7 +54,7 @@ DWORD exitCode(HANDLE process) {
 }
 
 StandInsTest::StandInsTest()
-    : installation(programFolder() / L"installations" / nameOfTest(), hostFolder() / L"standins") {
+    : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
 }
 

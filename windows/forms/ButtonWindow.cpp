@@ -29,7 +29,7 @@ class ButtonWindow final : public ControlWindow {
 
   void notified(UINT code) override {
     // The second click of a fast pair is reported by another name where the button is drawn by its owner.
-    if (code == BN_CLICKED || (code == BN_DOUBLECLICKED && flat())) button_.press();
+    if (code == BN_CLICKED || (code == BN_DOUBLECLICKED && flat())) button_.clicked();
   }
 
   void draw(const DRAWITEMSTRUCT& item) override {

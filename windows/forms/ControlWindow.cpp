@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "forms/Frame.h"
+#include "platform/ScopedValue.h"
 #include "windows/forms/FormWindow.h"
 
 namespace nv::windows {
@@ -20,7 +21,7 @@ void ControlWindow::create(HWND parent) {
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
                       (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
   window_ = createWindow({kind.windowClass, style, kind.extendedStyle}, control_.caption().c_str(), area(), parent);
-  nameWindow(window_, control_.fullName().c_str());
+  nameWindow(window_, control_.fullName());
   created();
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(owner_.font(control_.font(), underlined())), FALSE);
 }
@@ -89,18 +90,22 @@ void ControlWindow::place() {
 
 HBRUSH ControlWindow::handleCtlColor(HDC context) {
   SetBkColor(context, rgb(background()));
-  SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+  SetTextColor(context, rgb(colours().text));
   return owner_.brush(background());
 }
 
-forms::Colour ControlWindow::containerColour() const {
+const forms::Colours& ControlWindow::containerColours() const {
   const forms::Frame* const frame = control_.frame();
-  return frame != nullptr ? frame->backColor() : form().backColor();
+  return frame != nullptr ? frame->colours() : form().colours();
 }
 
 LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_DESTROY) wipeText(window);
   if (destroying_ && message == WM_COMMAND) return 0;
+  if (pressing_ && message == WM_LBUTTONUP) {
+    release_ = lparam;
+    return 0;
+  }
   return handle(window, message, wparam, lparam);
 }
 
@@ -163,23 +168,34 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
   return pass(window, message, wparam, lparam);
 }
 
-/// Returns whether the window is to see the button, too.
 bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {
   if (form().busy()) return false;
   form().activated();  // now and not later, since it may move the focus
   if (button == forms::leftButton && control_.takesFocus() && !control_.hasFocus()) {
     // The focus moves before the window acts on the click, so that the lostFocus of the field being left runs first.
     // When that asked the user a question, or the focus went elsewhere, the click is dropped.
-    const LONG time = GetMessageTime();
-    form().focus(control_);
-    const bool askedMeanwhile = GetMessageTime() != time && GetKeyState(VK_LBUTTON) >= 0;
-    if (window_ == nullptr || !control_.hasFocus() || askedMeanwhile) return false;
+    if (!focusForPress() || window_ == nullptr) return false;
+    if (release_) PostMessageW(window, WM_LBUTTONUP, 0, *release_);
   }
   POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
   MapWindowPoints(window, window_, &point, 1);
   const Scale& scale = owner_.scale();
   control_.mouseDown.raise({button, shiftState(), scale.twips(point.x), scale.twips(point.y)});
   return window_ != nullptr;
+}
+
+/// Moves the focus here. Returns whether the press goes on: an outside party that was asked about the field being left
+/// may have let the button's release through, or one elsewhere.
+bool ControlWindow::focusForPress() {
+  const bool held = GetKeyState(VK_LBUTTON) < 0;  // not so when a tool sends the messages
+  const unsigned asked = FocusRestorer::count();
+  release_.reset();
+  {
+    const ScopedValue pressing(pressing_, true);
+    form().focus(control_);
+  }
+  const bool releasedElsewhere = held && !release_ && GetKeyState(VK_LBUTTON) >= 0;
+  return control_.hasFocus() && FocusRestorer::count() == asked && !releasedElsewhere;
 }
 
 bool ControlWindow::reflect(const FormWindow& owner, UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {

@@ -2,6 +2,8 @@
 // mouse and focus to the form.
 #pragma once
 
+#include <optional>
+
 #include "forms/Control.h"
 #include "windows/Handles.h"
 #include "windows/forms/MessageHandler.h"
@@ -58,12 +60,16 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
   HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
-  virtual forms::Colour background() const { return control_.backColor(); }
-  /// The colour of the frame or form behind the control.
-  forms::Colour containerColour() const;
+  forms::Colour background() const { return colours().back; }
+  /// That, and the colour of the text on it.
+  virtual const forms::Colours& colours() const { return control_.colours(); }
+  /// The colours of the frame or form behind the control.
+  const forms::Colours& containerColours() const;
 
   /// The window that takes the keyboard focus for the control.
   virtual HWND focusWindow() const { return window_; }
+  /// A button goes down. Returns whether the window is to see it, too.
+  bool mouseDown(HWND window, int button, LPARAM lparam);
   /// Where the window stands, in pixels of its parent.
   virtual RECT area() const;
   /// The same for fields of one line: no taller than their text needs, so that text and label keep to one line.
@@ -78,13 +84,15 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   void destroyed(HWND window) final;
   void wipeText(HWND window);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
-  bool mouseDown(HWND window, int button, LPARAM lparam);
+  bool focusForPress();
   void place();
 
   FormWindow& owner_;
   forms::Control& control_;
   HWND window_ = nullptr;
   bool discardCharacter_ = false;  // of the key that is down
+  bool pressing_ = false;          // a press waits until the field being left has been
+  std::optional<LPARAM> release_;  // of the button meanwhile, and where
   bool destroying_ = false;        // the windows are being destroyed
 };
 

@@ -3,7 +3,6 @@
 #include <wrl/client.h>
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "forms/Image.h"
 #include "forms/Label.h"
@@ -26,7 +25,7 @@ class DrawnWindow : public ControlWindow {
   virtual void clicked() = 0;
   virtual bool clickable() const { return true; }
 
-  forms::Colour background() const override { return containerColour(); }
+  const forms::Colours& colours() const override { return containerColours(); }
 
   Native native() const override { return {drawnClass}; }
 
@@ -70,16 +69,10 @@ class DrawnWindow : public ControlWindow {
   }
 };
 
-/// How bright a colour looks, 0 to 255.
-int brightness(COLORREF colour) {
-  return (299 * GetRValue(colour) + 587 * GetGValue(colour) + 114 * GetBValue(colour)) / 1000;
-}
-
 /// The user's colour for links where it can be told from the background, else a blue that can.
 COLORREF linkColour(COLORREF background) {
-  constexpr int readable = 80;
   const COLORREF own = GetSysColor(COLOR_HOTLIGHT);
-  if (std::abs(brightness(own) - brightness(background)) >= readable) return own;
+  if (readable(own, background)) return own;
   return brightness(background) > 127 ? RGB(0, 51, 153) : RGB(153, 204, 255);
 }
 
@@ -87,7 +80,7 @@ class HyperlinkWindow final : public DrawnWindow {
  public:
   HyperlinkWindow(FormWindow& owner, forms::Hyperlink& link) : DrawnWindow(owner, link), link_(link) {}
 
-  forms::Colour background() const override { return link_.backColor(); }
+  const forms::Colours& colours() const override { return link_.colours(); }
 
  private:
   void paint(HDC context, const RECT& area) override {

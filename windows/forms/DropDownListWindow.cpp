@@ -163,7 +163,6 @@ void DropDownListWindow::drop(bool down) {
   } else {
     popup_.hide();
   }
-  InvalidateRect(window(), nullptr, TRUE);
 }
 
 void DropDownListWindow::picked(std::size_t row) {

@@ -103,13 +103,16 @@ void DropDownPopup::show(const RECT& anchor, HFONT font) {
   GetClientRect(popup_, &inside);
   SetWindowPos(rows_, nullptr, 0, 0, inside.right, inside.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
   ShowWindow(popup_, SW_SHOWNOACTIVATE);
+  InvalidateRect(owner_.window(), nullptr, TRUE);  // its arrow goes down
   rowChanged();
 }
 
 void DropDownPopup::hide() {
   outsideClicks_.reset();
   if (openPopup == this) openPopup = nullptr;
-  if (popup_ != nullptr) ShowWindow(popup_, SW_HIDE);
+  if (!open()) return;
+  ShowWindow(popup_, SW_HIDE);
+  InvalidateRect(owner_.window(), nullptr, TRUE);  // its arrow comes up
 }
 
 void DropDownPopup::destroy() {

@@ -38,11 +38,11 @@ HWND hostWindow() {
   return front == nullptr ? nullptr : GetAncestor(front, GA_ROOT);
 }
 
-RECT workAreaOf(HWND window) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
+/// The system's window of the thread's input method, or one of the method's own.
+bool isInputMethod(HWND window) {
+  wchar_t name[8] = L"";
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring_view(name) == L"IME" || (GetClassLongPtrW(window, GCL_STYLE) & CS_IME) != 0;
 }
 
 SIZE sizeOf(const RECT& rect) {
@@ -54,13 +54,13 @@ SIZE sizeOf(const RECT& rect) {
 FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(form), palette_(palette) {
   const HWND owner = embedded() ? nullptr : hostWindow();
   // Created on its owner's screen: the dpi is that of the window.
-  const RECT work = workAreaOf(owner);
+  const RECT work = screens.workAreaOf(owner);
   window_ = createWindow({formClass, styleOf(form), extendedStyleOf(form)}, form.caption().c_str(),
                          {work.left, work.top, work.left, work.top}, owner);
   try {
-    scale_ = Scale(dpiOf(window_));
+    scale_ = Scale(screens.dpiOf(window_));
     scroller_ = Scroller(window_);
-    nameWindow(window_, form.windowName().data());  // a literal
+    nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
     arrange(true);
@@ -145,9 +145,18 @@ void FormWindow::sendKey(wchar_t key) {
   PostMessageW(window_, messageKey, key, 0);
 }
 
+/// Whether a window is the form's own, or belongs, at any remove, to it or to the input method: a list, a tool, a
+/// choice of characters.
+bool FormWindow::helps(HWND window) const {
+  for (; window != nullptr; window = GetWindow(window, GW_OWNER)) {
+    if (window == window_ || isInputMethod(window)) return true;
+  }
+  return false;
+}
+
 void FormWindow::disableOthers() {
   forEachThreadWindow([this](HWND other) {
-    if (other != window_ && IsWindowEnabled(other) && GetWindow(other, GW_OWNER) != window_) disabled_.push_back(other);
+    if (IsWindowEnabled(other) && !helps(other)) disabled_.push_back(other);
     return true;
   });
   for (const HWND other : disabled_) EnableWindow(other, FALSE);
@@ -182,8 +191,9 @@ void FormWindow::arrange(bool centre) {
   addFrame(frame, styleOf(form()), extendedStyleOf(form()), scale_.dpi());
   SIZE outer = sizeOf(frame);
 
+  // A new dialog comes up on its owner's screen; later it stays on the one that the user has dragged it to.
   const HWND owner = GetWindow(window_, GW_OWNER);
-  const RECT work = workAreaOf(owner == nullptr ? window_ : owner);
+  const RECT work = screens.workAreaOf(centre && owner != nullptr ? owner : window_);
   const SIZE room = sizeOf(work);
   // What does not fit is reached by scrolling; a bar along one side takes its width from the other.
   if (outer.cy > room.cy) outer.cx += systemMetric(SM_CXVSCROLL, scale_.dpi());
@@ -213,16 +223,15 @@ void FormWindow::rescale(int dpi) {
   for (const auto& control : controls_) control->rescale();
 }
 
-/// A host may reparent the embedded form at any time: the window styles must follow.
+/// A host may reparent the embedded form at any time: window styles and dpi must follow.
 void FormWindow::adoptParent() {
   if (!embedded()) return;
-  const bool isChild = (GetWindowLongW(window_, GWL_STYLE) & WS_CHILD) != 0;
+  constexpr auto popup = static_cast<LONG>(WS_POPUP);
+  const LONG style = GetWindowLongW(window_, GWL_STYLE);
   const bool hasParent = GetAncestor(window_, GA_PARENT) != GetDesktopWindow();
-  if (isChild == hasParent) return;
-  LONG style = GetWindowLongW(window_, GWL_STYLE);
-  style =
-      hasParent ? (style & ~static_cast<LONG>(WS_POPUP)) | WS_CHILD : (style & ~WS_CHILD) | static_cast<LONG>(WS_POPUP);
-  SetWindowLongW(window_, GWL_STYLE, style);
+  const LONG adopted = hasParent ? (style & ~popup) | WS_CHILD : (style & ~WS_CHILD) | popup;
+  if (adopted != style) SetWindowLongW(window_, GWL_STYLE, adopted);
+  rescale(screens.dpiOf(GetAncestor(window_, GA_ROOT)));
 }
 
 void FormWindow::bringIntoView(const forms::Control& control) {
@@ -302,15 +311,17 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
     case messageDpiChanged: {
       // The place that the system proposes stays on the new screen.
       const RECT& proposed = *reinterpret_cast<const RECT*>(lparam);
-      SetWindowPos(window, nullptr, proposed.left, proposed.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+      const SIZE size = sizeOf(proposed);
+      SetWindowPos(window, nullptr, proposed.left, proposed.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
       rescale(HIWORD(wparam));
       return 0;
     }
     case messageDpiChangedAfterParent:
-      rescale(dpiOf(window));
+      adoptParent();
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
+      for (const auto& control : controls_) control->update(Attribute::appearance);
       RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       break;
     default:
@@ -328,7 +339,7 @@ void FormWindow::destroyed(HWND window) {
 void FormWindow::paintBackground(HDC context) const {
   RECT client;
   GetClientRect(window_, &client);
-  FillRect(context, &client, palette_.brush(form().backColor()));
+  FillRect(context, &client, palette_.brush(form().colours().back));
 }
 
 }  // namespace nv::windows

@@ -55,6 +55,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   void adoptParent();
   void paintBackground(HDC context) const;
   void giveFocusBack();
+  bool helps(HWND window) const;
   void disableOthers();
   void enableOthers();
 

@@ -34,6 +34,10 @@ class FrameWindow final : public ControlWindow {
         return 0;
       case WM_NCHITTEST:
         return HTCLIENT;  // a group box lets clicks through to the window behind it
+      case WM_LBUTTONDOWN:
+      case WM_LBUTTONDBLCLK:
+        mouseDown(window, forms::leftButton, lparam);  // the system's group box would take the focus
+        return 0;
       case WM_ENABLE:
       case WM_MOUSEMOVE:
         return 0;  // its look does not change
@@ -69,7 +73,7 @@ class FrameWindow final : public ControlWindow {
     InflateRect(&gap, owner().scale().pixels(45), 0);
     FillRect(context, &gap, owner().brush(background()));
     SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    SetTextColor(context, rgb(colours().text));
     DrawTextW(context, caption.c_str(), -1, &text, DT_SINGLELINE | DT_END_ELLIPSIS);
   }
 };

@@ -1,9 +1,13 @@
 #include "windows/forms/Graphics.h"
 
+#include <cstdlib>
+
 #include "windows/Instance.h"
 #include "windows/SystemFunction.h"
 
 namespace nv::windows {
+
+namespace {
 
 int dpiOf(HWND window) {
   static const auto getDpiForWindow = systemFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
@@ -16,6 +20,17 @@ int dpiOf(HWND window) {
   ReleaseDC(window, context);
   return dpi;
 }
+
+RECT workAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+}  // namespace
+
+Screens screens{dpiOf, workAreaOf};
 
 int systemMetric(int index, int dpi) {
   static const auto metricForDpi = systemFunction<int(WINAPI*)(int, UINT)>("GetSystemMetricsForDpi");
@@ -35,6 +50,15 @@ void addFrame(RECT& inside, DWORD style, DWORD extendedStyle, int dpi) {
 COLORREF rgb(forms::Colour colour) {
   constexpr forms::Colour systemColour = 0x80000000U;
   return (colour & systemColour) != 0 ? GetSysColor(static_cast<int>(colour & ~systemColour)) : colour;
+}
+
+int brightness(COLORREF colour) {
+  return (299 * GetRValue(colour) + 587 * GetGValue(colour) + 114 * GetBValue(colour)) / 1000;
+}
+
+bool readable(COLORREF text, COLORREF background) {
+  constexpr int difference = 80;
+  return std::abs(brightness(text) - brightness(background)) >= difference;
 }
 
 HBRUSH Palette::brush(forms::Colour colour) {

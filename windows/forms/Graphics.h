@@ -10,8 +10,15 @@
 
 namespace nv::windows {
 
-/// Dots per inch at which a window is drawn, by its monitor where the system tells that, else by its screen.
-int dpiOf(HWND window);
+/// What the system says of a window's screen. Tests put others in its place.
+struct Screens {
+  /// Dots per inch at which the window is drawn, by its screen where the system tells that, else by its desktop.
+  int (*dpiOf)(HWND window);
+  /// What task bars leave of its screen, in pixels.
+  RECT (*workAreaOf)(HWND window);
+};
+extern Screens screens;
+
 /// One of GetSystemMetrics' measures, in pixels at that dpi.
 int systemMetric(int index, int dpi);
 /// Widens the inside of a window, in pixels, by its frame.
@@ -34,6 +41,10 @@ class Scale {
 };
 
 COLORREF rgb(forms::Colour colour);
+/// How bright a colour looks, 0 to 255.
+int brightness(COLORREF colour);
+/// Whether text of one colour can be told from a background of the other.
+bool readable(COLORREF text, COLORREF background);
 
 /// Brushes, fonts and icons, made once each and kept for all forms of a thread. What is handed out stays the palette's.
 class Palette {

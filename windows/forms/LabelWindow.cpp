@@ -19,7 +19,9 @@ class LabelWindow final : public ControlWindow {
     return {L"STATIC", style};
   }
 
-  forms::Colour background() const override { return label_.transparent() ? containerColour() : label_.backColor(); }
+  const forms::Colours& colours() const override {
+    return label_.transparent() ? containerColours() : label_.colours();
+  }
 
   forms::Label& label_;
 };

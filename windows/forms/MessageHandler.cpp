@@ -8,8 +8,10 @@ namespace nv::windows {
 
 namespace {
 
-/// The window property that holds the name, as a global atom.
+/// The window property that holds the name, as a global atom. Atoms do not tell capitals from small letters: each
+/// capital stands behind a mark.
 constexpr const wchar_t* nameProperty = L"NVRandom.Name";
+constexpr wchar_t capitalMark = L'^';
 
 }  // namespace
 
@@ -36,8 +38,13 @@ void MessageHandler::subclass(HWND window) {
       reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
 }
 
-void MessageHandler::nameWindow(HWND window, const wchar_t* name) {
-  const ATOM atom = GlobalAddAtomW(name);
+void MessageHandler::nameWindow(HWND window, std::wstring_view name) {
+  std::wstring marked;
+  for (const wchar_t c : name) {
+    if (c >= L'A' && c <= L'Z') marked += capitalMark;
+    marked += c;
+  }
+  const ATOM atom = GlobalAddAtomW(marked.c_str());
   if (atom != 0) SetPropW(window, nameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
 }
 

@@ -35,7 +35,7 @@ class MessageHandler {
   /// Subclasses an existing window.
   void subclass(HWND window);
   /// Gives a window the name by which test tools find it, until it is destroyed.
-  static void nameWindow(HWND window, const wchar_t* name);
+  static void nameWindow(HWND window, std::wstring_view name);
 
   /// Handles every message but WM_NCDESTROY and returns its result; `pass` calls the window's original procedure. An
   /// exception is reported to the form, and the result is 0. The form, and with it this object, lives until the return.

@@ -2,6 +2,7 @@
 #include "forms/Toggle.h"
 #include "platform/ScopedValue.h"
 #include "windows/forms/ControlWindows.h"
+#include "windows/forms/Graphics.h"
 
 namespace nv::windows {
 
@@ -19,14 +20,28 @@ class ToggleWindow final : public ControlWindow {
     return {L"BUTTON", static_cast<DWORD>(isOption ? BS_RADIOBUTTON : BS_CHECKBOX) | BS_NOTIFY};
   }
 
-  void created() override { showMark(); }
+  void created() override {
+    showMark();
+    chooseTheme();
+  }
 
   void apply(forms::Attribute attribute) override {
     if (attribute == forms::Attribute::value) {
       showMark();
-    } else {
-      ControlWindow::apply(attribute);
+      return;
     }
+    if (attribute == forms::Attribute::appearance) chooseTheme();
+    ControlWindow::apply(attribute);
+  }
+
+  /// Visual styles write in a colour of their own. Where that cannot be read the control is drawn without them.
+  void chooseTheme() const {
+    SetWindowTheme(window(), nullptr, nullptr);
+    const Theme theme(OpenThemeData(window(), L"BUTTON"));
+    constexpr int part = isOption ? BP_RADIOBUTTON : BP_CHECKBOX;
+    COLORREF text = 0;
+    if (!theme || FAILED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text))) return;
+    if (!readable(text, rgb(background()))) SetWindowTheme(window(), L"", L"");
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {

@@ -15,9 +15,11 @@ constexpr ULONGLONG longestWait = 10'000;  // ms
 constexpr DWORD interval = 10;             // ms, between two looks at another process' windows
 
 std::wstring nameOf(HWND window) {
-  wchar_t name[64];
+  wchar_t marked[64];
   const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(GetPropW(window, L"NVRandom.Name")));
-  return {name, atom == 0 ? 0 : GlobalGetAtomNameW(atom, name, static_cast<int>(std::size(name)))};
+  std::wstring name(marked, atom == 0 ? 0 : GlobalGetAtomNameW(atom, marked, static_cast<int>(std::size(marked))));
+  std::erase(name, L'^');  // in front of each capital
+  return name;
 }
 
 struct Search {

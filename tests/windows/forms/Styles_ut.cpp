@@ -1,0 +1,110 @@
+// Restyled forms on real windows: what is written can be read, in a contrast theme, too.
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "component/core/Component.h"
+#include "dialogs/support/modFormController.h"
+#include "forms/Label.h"
+#include "tests/support/FakeInstallation.h"
+#include "tests/support/FakeServices.h"
+#include "tests/support/FormTest.h"
+#include "tests/windows/Server.h"
+#include "windows/forms/Graphics.h"
+#include "windows/forms/WindowsWidgetset.h"
+
+namespace nv::windows::test {
+
+namespace {
+
+/// A component without an installation, that has all fonts.
+struct Styled {
+  Styled() {
+    files.makeFolder(L"C:\\WINDOWS\\fonts");
+    files.put(L"C:\\WINDOWS\\fonts\\segoeui.ttf", L"font");
+    files.put(L"C:\\WINDOWS\\fonts\\MS Sans Serif.ttf", L"font");
+    component.store.windowsDirectory = L"C:\\WINDOWS\\";
+  }
+  nv::test::FakeMessageBoxes messages;
+  nv::test::FakeFiles files;
+  nv::test::FakeMachine machine;
+  nv::test::FakeShell shell;
+  nv::test::FakeInstallation installation;
+  platform::Services services{messages, files, machine, shell, installation};
+  WindowsWidgetset widgetset;
+  Component component{services, widgetset};
+};
+
+/// A scheme of system colours for the length of a scope: light on dark.
+class ContrastScheme {
+ public:
+  ContrastScheme() {
+    std::ranges::transform(elements, before_.begin(), [](int element) { return GetSysColor(element); });
+    SetSysColors(std::size(elements), elements, colours);
+  }
+  ~ContrastScheme() { SetSysColors(std::size(elements), elements, before_.data()); }
+  ContrastScheme(const ContrastScheme&) = delete;
+  ContrastScheme& operator=(const ContrastScheme&) = delete;
+
+ private:
+  static constexpr int elements[] = {COLOR_WINDOW, COLOR_WINDOWTEXT, COLOR_BTNFACE, COLOR_BTNTEXT, COLOR_HOTLIGHT};
+  static constexpr COLORREF colours[] = {0, 0xFFFFFF, 0, 0xFFFFFF, 0x00FFFF};
+  std::array<COLORREF, std::size(elements)> before_{};
+};
+
+/// The greatest difference in brightness, of 255, between the most frequent colour of a window and any other in the
+/// middle, where neither edges nor marks nor arrows are.
+int contrast(HWND window) {
+  RECT inside;
+  GetClientRect(window, &inside);
+  std::map<COLORREF, int> pixels;
+  const HDC context = GetDC(window);
+  for (int y = 3; y < std::min<int>(18, inside.bottom - 3); ++y) {
+    for (int x = 24; x < inside.right - 24; ++x) ++pixels[GetPixel(context, x, y)];
+  }
+  ReleaseDC(window, context);
+  const COLORREF back = std::ranges::max_element(pixels, {}, [](const auto& pixel) { return pixel.second; })->first;
+  int greatest = 0;
+  for (const auto& [colour, count] : pixels) {
+    greatest = std::max(greatest, std::abs(brightness(colour) - brightness(back)));
+  }
+  return greatest;
+}
+
+TEST(Styles, WhatIsWrittenCanBeReadInAnyTheme) {
+  for (const bool contrastTheme : {false, true}) {
+    std::optional<ContrastScheme> scheme;
+    if (contrastTheme) scheme.emplace();
+    for (std::int16_t style = 0; style <= 4; ++style) {
+      Styled styled;
+      styled.component.store.FormStyle = style;
+      const auto form = std::make_shared<nv::test::SampleForm>(styled.widgetset, styled.component.forms, L"sample");
+      form->setSize(4000, 6000);
+      form->box.setPlace({0, 760, 3600, 1900});  // behind two others, around four
+      form->box.setCaption(L"What is written, and can be read");
+      for (forms::Control* control : form->controls()) {
+        const auto position = static_cast<int>(std::ranges::find(form->controls(), control) - form->controls().begin());
+        const int row = position - (control->frame() == nullptr ? 0 : 2);
+        if (control != &form->box) control->setPlace({100, row * 380, 3000, 330});
+        if (auto* field = dynamic_cast<forms::TextField*>(control)) field->setText(L"WWWWWWWWWWWWWW");
+        if (auto* label = dynamic_cast<forms::CaptionedControl*>(control)) label->setCaption(L"WWWWWWWWWWWWWW");
+      }
+      form->lblTick.setTransparent(false);
+      form->lblTick.setTag(modFormController::noStyleTag);
+      form->second.setColours(forms::colours::buttonFace);
+      form->show();
+      modFormController::reStyleForm(styled.component, *form);
+      const HWND window = reinterpret_cast<HWND>(form->handle());
+      RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+      for (const forms::Control* control : form->controls()) {
+        EXPECT_GT(contrast(findControl(window, control->fullName().c_str())), 100)
+            << control->fullName() << ", style " << style << (contrastTheme ? ", contrast" : "");
+      }
+      form->unload();
+    }
+  }
+}
+
+}  // namespace
+
+}  // namespace nv::windows::test
