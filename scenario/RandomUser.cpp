@@ -246,7 +246,7 @@ void wander(Player& player, std::int32_t steps, std::uint32_t seed) {
     step <= steps ? user.act(hands) : hands.close();
     hands.answerAll();
     const auto fail = [&](const std::wstring& what) {
-      throw Failure(L"step " + std::to_wstring(step) + L", " + lastAct + L": " + what);
+      throw Failure((L"step " + std::to_wstring(step)).append(L", ").append(lastAct).append(L": ").append(what));
     };
     const Dialog front = stage.front();
     const std::wstring focus = front == noDialog ? std::wstring() : stage.focus(front);

@@ -60,7 +60,7 @@ class RandomUser {
   void act(Hands& hands);
 
  private:
-  void say(const std::wstring& what) {
+  void say(const std::wstring& what) const {
     if (told) told(what);
   }
   /// One of the controls that can be reached and are wanted; none when there is no such.

@@ -1,5 +1,7 @@
 // The international state of the biller dialog: the decisions on leaving the currency and the country, what the state
 // changes, and the foreign bank details.
+#include <algorithm>
+
 #include "dialogs/biller/ForeignAccount.h"
 #include "dialogs/biller/Texts.h"
 #include "dialogs/biller/frmRandomInfo.h"
@@ -185,8 +187,8 @@ std::vector<std::wstring> frmRandomInfo::foreignBank() const {
     texts.insert(texts.end(), {record.PayeeFXBankAddress, record.PayeeFXBankCity, record.PayeeFXBankProv,
                                record.PayeeFXBankCountry});
   }
-  std::vector<std::wstring> bank;
-  for (const std::wstring_view text : texts) bank.emplace_back(trimmed(text));
+  std::vector<std::wstring> bank(texts.size());
+  std::ranges::transform(texts, bank.begin(), trimmed);
   return bank;
 }
 

@@ -11,9 +11,9 @@ namespace nv::modFormController {
 /// A control with this tag keeps its design.
 inline constexpr const wchar_t* noStyleTag = L"noStyle";
 
-/// Gives a form the style of the host's FormStyle: background and text colour and font by kind of control, and the style of the
-/// styled buttons. A run-time error is reported under "modFormController.reStyleForm" and leaves the form partly
-/// restyled.
+/// Gives a form the style of the host's FormStyle: background and text colour and font by kind of control, and the
+/// style of the styled buttons. A run-time error is reported under "modFormController.reStyleForm" and leaves the form
+/// partly restyled.
 void reStyleForm(Component& component, forms::Form& form);
 
 /// Makes sure that a font is on the machine, installing it from the installation's resources when it is missing. One
