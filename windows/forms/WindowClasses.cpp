@@ -1,6 +1,6 @@
 #include "windows/forms/WindowClasses.h"
 
-#include <mutex>
+#include <iterator>
 
 #include "windows/Instance.h"
 #include "windows/SystemFunction.h"
@@ -34,11 +34,11 @@ const WindowClass classes[] = {
 }  // namespace
 
 void registerWindowClasses() {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
+  // Without a lock: another thread may register the same classes at the same time, which changes nothing. Once the last
+  // one is there, so are all others.
   WNDCLASSEXW known{};
   known.cbSize = sizeof(known);
-  if (GetClassInfoExW(moduleInstance(), formClass, &known)) return;
+  if (GetClassInfoExW(moduleInstance(), std::rbegin(classes)->name, &known)) return;
   INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX), ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
   InitCommonControlsEx(&controls);
   for (const WindowClass& each : classes) {
