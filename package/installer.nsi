@@ -141,7 +141,7 @@ Var Log      ; the file that /LOG= names
 !macroend
 
 ; Moves the files of a list, and then the list, from $From to $To, or back if that stopped halfway. Files that are not
-; there are passed over; $0 becomes 1 when one could not be moved. A list may be anybody's: no line leads out of the folder.
+; there are passed over, what is in the way goes; $0 becomes 1 when one could not be moved. A list may be anybody's: no line leads out of the folder.
 Var List
 Var From
 Var To
@@ -167,6 +167,7 @@ Function Move_Listed
     ${AndIf} ${FileExists} "$From\$R1"
       ${GetParent} "$To\$R1" $R3
       CreateDirectory $R3
+      Delete "$To\$R1"
       ClearErrors
       Rename "$From\$R1" "$To\$R1"
       ${If} ${Errors}
