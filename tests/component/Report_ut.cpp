@@ -54,15 +54,5 @@ TEST_F(ReportTest, AnErrorIsTracedShownAndLogged) {
   }
 }
 
-TEST_F(ReportTest, TheLogIsWrittenAsItComes) {
-  files.put(L"error.log", L"before\r\n");
-  ShowError(component, -2147467259, L"say \"no\", twice", L"Random.ValidateBankId", true, L"");
-  EXPECT_EQ(
-      files.text(L"error.log"),
-      L"before\r\n15/11/2026 1:58:04 PM,NVRandom, , ,-2147467259,\"say \"no\", twice\",\"Random.ValidateBankId\"\r\n")
-      << "without a root, in the current directory";
-  EXPECT_EQ(files.written(), Texts{L"error.log"}) << "and without a trace";
-}
-
 }  // namespace
 }  // namespace nv::test

@@ -157,18 +157,6 @@ TEST_F(LifeTest, AHandlerMayReplaceItselfWhileItRuns) {
   EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(LifeTest, ValuesStayReadableAfterItClosed) {
-  User user = shown();
-  user.type(L"first", L"kept");
-  user.check(L"tick");
-  user.closeBox();
-  EXPECT_EQ(form->first.text(), L"kept");
-  EXPECT_TRUE(form->tick.checked());
-  form->first.setText(L"set");  // harmless, and heard by no window
-  form->first.setFocus();
-  EXPECT_EQ(form->first.text(), L"set");
-}
-
 TEST_F(LifeTest, AFailingLoadLeavesItUnloaded) {
   for (const bool modal : {false, true}) {
     const auto failing = make(L"failing");
