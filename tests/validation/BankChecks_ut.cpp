@@ -114,11 +114,11 @@ TEST_F(BankChecksTest, RoutingNumbersHaveNineDigitsAChecksumAndAPrefix) {
     bool unitedStates;
   };
   const Case cases[] = {
-      {L"123456780", true, true},        {L"131000021", true, false},  // 13 is no prefix, though the checksum passes
-      {L"123456781", false, false},      {L"02100002", false, false},
-      {L"0210000210", false, false},     {L"", false, false},
-      {L" 021000021", true, false},      {L"021000021 ", true, true},  // the prefix is looked for before trimming
-      {L"021Z\u00e9_- 1", false, false}, {L"02100\u06600aa", false, false},
+      {L"123456780", true, true},   {L"131000021", true, false},  // 13 is no prefix, though the checksum passes
+      {L"123456781", false, false}, {L"02100002", false, false}, {L"0210000210", false, false}, {L"", false, false},
+      {L" 021000021", true, false}, {L"021000021 ", true, true},  // the prefix is looked for before trimming
+      {L"021Z00021", true, true},                                 // what is no digit counts nothing
+      {L"0:0000000", true, false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.number);
