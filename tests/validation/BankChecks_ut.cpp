@@ -1,7 +1,6 @@
 // The bank and business number checks of module Random, against a verifier that answers as it is told.
 #include <optional>
 
-#include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
 #include "validation/BankChecks.h"
 #include "validation/BusinessNumber.h"
