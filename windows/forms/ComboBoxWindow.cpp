@@ -90,6 +90,7 @@ class ComboBoxWindow final : public ControlWindow {
 
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
   HWND focusWindow() const override { return text_.window(); }
+  std::optional<bool> dropped() const override { return SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
 
   void notified(UINT code) override {
     if (code == CBN_EDITCHANGE) text_.changed();

@@ -31,6 +31,7 @@ class DropDownListWindow final : public ControlWindow {
   bool usesKey(WPARAM key) override;
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
   HWND focusWindow() const override { return text_.window(); }
+  std::optional<bool> dropped() const override { return popup_.open(); }
 
   void placeText();
   void paint(HDC context);

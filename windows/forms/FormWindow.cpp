@@ -261,11 +261,21 @@ void FormWindow::giveFocusBack() {
 
 // Messages
 
+Told FormWindow::tell(HWND /*window*/) const {
+  return {.name = form().caption(), .role = embedded() ? ROLE_SYSTEM_GROUPING : ROLE_SYSTEM_DIALOG};
+}
+
 LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (window != window_ && message != WM_ENDSESSION) return pass(window, message, wparam, lparam);
   LRESULT result = 0;
   if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto object = accessibles_.answer(*this, window, wparam, lparam)) return *object;
+      break;
+    case WM_DESTROY:
+      accessibles_.disconnect(window);
+      break;
     case WM_CLOSE:
       form().unload(UnloadMode::user);
       return 0;

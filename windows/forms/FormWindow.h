@@ -15,7 +15,7 @@
 
 namespace nv::windows {
 
-class FormWindow final : public forms::FormPeer, private MessageHandler {
+class FormWindow final : public forms::FormPeer, private MessageHandler, private Teller {
  public:
   FormWindow(forms::Form& form, Palette& palette);
   ~FormWindow() override;
@@ -47,6 +47,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  Told tell(HWND window) const override;
   void destroyed(HWND window) override;
   void makeControls();
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
@@ -63,6 +64,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
   Palette& palette_;
   HWND window_ = nullptr;
+  Accessibles accessibles_;
   std::optional<FocusRestorer> focusRestorer_;  // of a modal form
   HWND session_ = nullptr;                      // of an embedded form
   Scale scale_;
