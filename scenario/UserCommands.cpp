@@ -212,7 +212,7 @@ constexpr wchar_t visible[] = L"visible";
 constexpr wchar_t enabled[] = L"enabled";
 constexpr wchar_t focused[] = L"focused";
 
-/// What a screen reader learns of the controls that can be used: "NAME | ROLE | required | KEY", a line each.
+/// What a screen reader learns of the controls that can be used: "NAME;ROLE;required;KEY", a line each.
 Names told(Stage& stage, Dialog dialog) {
   const Names onlyRead = {L"text", L"grouping", L"graphic"};
   Names lines;
@@ -225,8 +225,7 @@ Names told(Stage& stage, Dialog dialog) {
     if (name.empty()) throw Failure(control + L" has no name");
     if (std::ranges::find(called, name) != called.end()) throw Failure(L"there are two called " + inQuotes(name));
     called.push_back(name);
-    lines.push_back(name + L" | " + role + (look(L"required") == L"true" ? L" | required | " : L" | | ") +
-                    look(L"key"));
+    lines.push_back(name + L";" + role + (look(L"required") == L"true" ? L";required;" : L";;") + look(L"key"));
   }
   return lines;
 }
