@@ -110,6 +110,7 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
     wipeText(window);
   }
   if (destroying_ && message == WM_COMMAND) return 0;
+  owner_.tips().heard(window, message, wparam, lparam);
   if (pressing_ && message == WM_LBUTTONUP) {
     release_ = lparam;
     return 0;

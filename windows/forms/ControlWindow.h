@@ -21,8 +21,11 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   ControlWindow(FormWindow& owner, forms::Control& control)
       : MessageHandler(control.form()), owner_(owner), control_(control) {}
 
+  forms::Control& control() const { return control_; }
   /// The window, or nullptr before `create` and after it was destroyed.
   HWND window() const { return window_; }
+  /// The window that takes the keyboard focus for the control.
+  virtual HWND focusWindow() const { return window_; }
 
   /// Creates the window in `parent` in the control's current state.
   void create(HWND parent);
@@ -73,8 +76,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
 
   /// Whether the list of a control that has one is open.
   virtual std::optional<bool> dropped() const { return std::nullopt; }
-  /// The window that takes the keyboard focus for the control.
-  virtual HWND focusWindow() const { return window_; }
   /// A button goes down. Returns whether the window is to see it, too.
   bool mouseDown(HWND window, int button, LPARAM lparam);
   /// Where the window stands, in pixels of its parent.
@@ -84,7 +85,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }
-  forms::Control& control() const { return control_; }
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) final;

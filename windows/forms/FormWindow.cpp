@@ -63,6 +63,7 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
     nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
+    SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     arrange(true);
   } catch (...) {
     FormWindow::close();
@@ -134,6 +135,7 @@ void FormWindow::runModal() {
 
 void FormWindow::close() {
   enableOthers();  // before the window goes, else another program's window would become the active one
+  tips_.destroy();
   if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
   if (window_ != nullptr) DestroyWindow(window_);
   focusRestorer_.reset();
@@ -267,6 +269,7 @@ Told FormWindow::tell(HWND /*window*/) const {
 
 LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (window != window_ && message != WM_ENDSESSION) return pass(window, message, wparam, lparam);
+  tips_.heard(window, message, wparam, lparam);
   LRESULT result = 0;
   if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
@@ -303,6 +306,10 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
         static_cast<ControlWindow*>(active->peer())->type(static_cast<wchar_t>(wparam));
       }
       return 0;
+    case WM_UPDATEUISTATE:
+      // Some hosts hide the focus until a key is pressed. Ours is always seen.
+      if (LOWORD(wparam) == UIS_SET) wparam &= ~static_cast<WPARAM>(MAKEWPARAM(0, UISF_HIDEFOCUS));
+      break;
     case WM_WINDOWPOSCHANGED:
       adoptParent();
       break;

@@ -12,6 +12,7 @@
 #include "windows/forms/Graphics.h"
 #include "windows/forms/MessageHandler.h"
 #include "windows/forms/Scroller.h"
+#include "windows/forms/Tips.h"
 
 namespace nv::windows {
 
@@ -31,7 +32,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   // For the windows of the controls.
 
   HWND window() const { return window_; }
+  using MessageHandler::form;
   const Scale& scale() const { return scale_; }
+  Tips& tips() { return tips_; }
   HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
   HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
   int lineHeight(const forms::Font& font) { return palette_.lineHeight(font, scale_.dpi()); }
@@ -69,6 +72,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   HWND session_ = nullptr;                      // of an embedded form
   Scale scale_;
   Scroller scroller_;
+  Tips tips_{*this};
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
 };
