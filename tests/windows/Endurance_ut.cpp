@@ -4,6 +4,7 @@
 #include <psapi.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <span>
 
@@ -91,9 +92,10 @@ long blocks() {
 /// Whether a walk over a heap shows each block. Wine 10 shows small ones by the dozen, however few are in use.
 bool walkShowsEachBlock() {
   constexpr long samples = 1000;
-  std::vector<std::unique_ptr<long double>> kept(samples);
+  using Sample = std::array<void*, 5>;  // not of the size that blocks() passes over
+  std::vector<std::unique_ptr<Sample>> kept(samples);
   const long before = blocks();
-  for (auto& sample : kept) sample = std::make_unique<long double>();
+  for (auto& sample : kept) sample = std::make_unique<Sample>();
   return blocks() - before >= samples;
 }
 

@@ -71,6 +71,10 @@ void StandInsTest::tell(const std::wstring& answer) {
 }
 
 StandInsTest::StandInsTest() : installation(installationsFolder() / nameOfTest(), hostFolder() / L"standins") {
+  registerVerifier();
+}
+
+void StandInsTest::registerVerifier() {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
 }
 
