@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "forms/Accessible.h"
 #include "forms/Appearance.h"
 #include "forms/Event.h"
 #include "forms/Geometry.h"
@@ -99,6 +100,10 @@ class Control {
   const std::wstring& tag() const { return tag_; }
   void setTag(std::wstring tag) { tag_ = std::move(tag); }
 
+  /// What the form says of the control for those who do not see it (forms/Accessible.h).
+  const Description& description() const { return description_; }
+  void describe(const Description& description) { description_ = description; }
+
   /// The text that a user sees on the control.
   virtual const std::wstring& caption() const { return noCaption(); }
   /// Whether "&" in the caption marks a mnemonic.
@@ -153,6 +158,7 @@ class Control {
   Colours colours_ = colours::buttonFace;
   Font font_;
   std::wstring tag_;
+  Description description_;
   ControlPeer* peer_ = nullptr;
 };
 

@@ -12,18 +12,6 @@ namespace nv::forms {
 
 namespace {
 
-/// The character behind the first single "&" of a caption, or 0; "&&" stands for the character itself.
-wchar_t mnemonicOf(const Control& control) {
-  if (!control.usesMnemonic()) return 0;
-  const std::wstring& caption = control.caption();
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != L'&') continue;
-    if (caption[i + 1] != L'&') return asciiUpper(caption[i + 1]);
-    ++i;
-  }
-  return 0;
-}
-
 bool isButton(const Control& control) {
   return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
 }
@@ -231,6 +219,7 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
       return true;
     }
   }
+  if (pressed.code == keys::f1 && pressed.shift == 0 && Form_Help(control)) return true;
   if (control.useKey(pressed)) return true;
   KeyDown key = pressed;
   control.keyDown.raise(key);

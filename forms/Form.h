@@ -124,6 +124,8 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void Form_Activate() {}
   virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
   virtual void Form_KeyPress(wchar_t& /*key*/) {}
+  /// F1 was pressed in the control. Returns whether there is help.
+  virtual bool Form_Help(const Control& /*control*/) { return false; }
   /// Gives the controls and the form their places.
   virtual void arrange() {}
   /// The form is gone, whichever way; its controls still hold their values.

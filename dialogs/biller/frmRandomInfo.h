@@ -172,6 +172,7 @@ class frmRandomInfo : public FieldForm {
   void Form_Activate() override;
   void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
   void Form_KeyPress(wchar_t& key) override;
+  bool Form_Help(const forms::Control& control) override;
   void Form_Unload() noexcept override;
   void reportTop(const forms::Control& field) override;
 
@@ -232,6 +233,7 @@ class frmRandomInfo : public FieldForm {
 
   // Help, links, the sample cheque and the way out.
   void connectButtons();
+  void showHelp(std::uint32_t topic);
   void cmd_cancel_Click();
 
   /// What the bank fields held just after set-up.

@@ -78,12 +78,14 @@ std::vector<Field> frmFXBankInfo::rows() {
     row.guardsOf = billerForm;
     return row;
   };
-  const auto confirmation = [&number](forms::TextBox& field, int length, forms::Control& next) {
+  const auto confirmation = [&number](forms::TextBox& field, int length, forms::Control& next,
+                                      const forms::Control& confirmed) {
     Field row = number(field, length, next);
     row.unmasks = false;
+    row.confirms = &confirmed;
     return row;
   };
-  Field routingConfirmation = confirmation(txtUSABAConf, routingLength, txtUSBankAccountConf);
+  Field routingConfirmation = confirmation(txtUSABAConf, routingLength, txtUSBankAccountConf, txtUSABA);
   routingConfirmation.shapedInstead = &txtUSABA;  // not its own text: kept as hosts know it
   return {
       text(txtBankName, addressLength, txtBankStreet),
@@ -98,12 +100,12 @@ std::vector<Field> frmFXBankInfo::rows() {
       {.field = cmbBankCountry, .width = 2400, .keys = isCapital, .whenLeft = [this] { cmbBankCountry_LostFocus(); }},
       number(txtSwiftNumber, swiftLength, txtBankAccount),
       number(txtBankAccount, accountLength, cmd_ok),
-      confirmation(txtSwiftNumberConf, swiftLength, txtBankAccountConf),
-      confirmation(txtBankAccountConf, accountLength, cmd_ok),
+      confirmation(txtSwiftNumberConf, swiftLength, txtBankAccountConf, txtSwiftNumber),
+      confirmation(txtBankAccountConf, accountLength, cmd_ok, txtBankAccount),
       number(txtUSABA, routingLength, txtUSBankAccount),
       number(txtUSBankAccount, usAccountLength, cmd_ok),
       std::move(routingConfirmation),
-      confirmation(txtUSBankAccountConf, usAccountLength, cmd_ok),
+      confirmation(txtUSBankAccountConf, usAccountLength, cmd_ok, txtUSBankAccount),
   };
 }
 

@@ -52,6 +52,11 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   const test::Seen& seen = user.seen(name);
   const auto* const field = dynamic_cast<const forms::TextField*>(&control);
   const bool list = control.kind() == forms::Kind::comboBox || control.kind() == forms::Kind::dropDownList;
+  if (aspect == L"name") return nameOf(control);
+  if (aspect == L"role") return roleName(roleOf(control));
+  if (aspect == L"key") return keyOf(control);
+  if (aspect == L"action") return actionOf(control);
+  if (aspect == L"required") return truth(isRequired(control));
   if (aspect == L"text" || aspect == L"caption") return seen.text;
   if (aspect == L"visible") return truth(user.visible(name));
   if (aspect == L"focused") return truth(user.focus() == name);
@@ -82,6 +87,8 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
 
 std::wstring lookAtForm(const User& user, const std::wstring& aspect) {
   if (aspect == L"text" || aspect == L"caption") return user.title();
+  if (aspect == L"name") return user.title();
+  if (aspect == L"role") return user.form().border() == forms::Border::dialog ? L"dialog" : L"grouping";
   if (aspect == L"visible") return truth(user.open());
   if (aspect == L"backcolor") return shownColour(user.form().colours().back);
   const forms::Place place = user.form().place();

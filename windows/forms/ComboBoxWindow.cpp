@@ -18,6 +18,7 @@ class ComboBoxWindow final : public ControlWindow {
   ComboBoxWindow(FormWindow& owner, forms::ComboBox& comboBox) : ControlWindow(owner, comboBox), comboBox_(comboBox) {}
 
   forms::Selection selection() const override { return text_.selection(); }
+  HWND focusWindow() const override { return text_.window(); }
 
  private:
   Native native() const override { return {L"COMBOBOX", CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL}; }
@@ -124,7 +125,7 @@ class ComboBoxWindow final : public ControlWindow {
   }
 
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
-  HWND focusWindow() const override { return text_.window(); }
+  std::optional<bool> dropped() const override { return SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
 
   void notified(UINT code) override {
     if (code == CBN_EDITCHANGE) text_.changed();

@@ -105,8 +105,16 @@ COLORREF ControlWindow::textColour() const {
 }
 
 LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_DESTROY) wipeText(window);
+  if (message == WM_GETOBJECT) {
+    const auto object = accessibles_.answer(*this, window, wparam, lparam);
+    return object ? *object : pass(window, message, wparam, lparam);
+  }
+  if (message == WM_DESTROY) {
+    accessibles_.disconnect(window);
+    wipeText(window);
+  }
   if (destroying_ && message == WM_COMMAND) return 0;
+  owner_.tips().heard(window, message, wparam, lparam);
   if (pressing_ && message == WM_LBUTTONUP) {
     release_ = lparam;
     return 0;
@@ -181,6 +189,28 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       break;
   }
   return pass(window, message, wparam, lparam);
+}
+
+Told ControlWindow::tell(HWND window) const {
+  Told told = toldOf(control_);
+  if (window != window_) {
+    told.role = ROLE_SYSTEM_TEXT;
+    told.action.clear();
+  } else if (const auto open = dropped()) {
+    told.state |= STATE_SYSTEM_HASPOPUP | (*open ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
+    if (*open && !told.action.empty()) told.action = L"Close";
+    told.value = static_cast<const forms::TextField&>(control_).text();
+  }
+  return told;
+}
+
+void ControlWindow::act(HWND window) const {
+  if (const auto open = dropped()) {
+    PostMessageW(window, CB_SHOWDROPDOWN, *open ? FALSE : TRUE, 0);
+  } else {
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    PostMessageW(window, WM_LBUTTONUP, 0, 0);
+  }
 }
 
 bool ControlWindow::mouseDown(HWND window, int button, LPARAM lparam) {

@@ -145,6 +145,7 @@ void DropDownListWindow::drop(bool down) {
   } else {
     popup_.hide();
   }
+  NotifyWinEvent(EVENT_OBJECT_STATECHANGE, window(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void DropDownListWindow::picked(std::size_t row) {

@@ -63,6 +63,7 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
     nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
+    SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     arrange(Where::centre);
   } catch (...) {
     FormWindow::close();
@@ -135,6 +136,7 @@ void FormWindow::runModal() {
 
 void FormWindow::close() {
   enableOthers();  // before the window goes, else another program's window would become the active one
+  tips_.destroy();
   if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
   if (window_ != nullptr) DestroyWindow(window_);
   focusRestorer_.reset();
@@ -268,11 +270,22 @@ void FormWindow::noticeRelease(UINT message) {
 
 // Messages
 
+Told FormWindow::tell(HWND /*window*/) const {
+  return {.name = form().caption(), .role = embedded() ? ROLE_SYSTEM_GROUPING : ROLE_SYSTEM_DIALOG};
+}
+
 LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (window != window_ && message != WM_ENDSESSION) return pass(window, message, wparam, lparam);
+  tips_.heard(window, message, wparam, lparam);
   LRESULT result = 0;
   if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto object = accessibles_.answer(*this, window, wparam, lparam)) return *object;
+      break;
+    case WM_DESTROY:
+      accessibles_.disconnect(window);
+      break;
     case WM_CLOSE:
       form().unload(UnloadMode::user);
       return 0;
@@ -300,6 +313,10 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
         static_cast<ControlWindow*>(active->peer())->type(static_cast<wchar_t>(wparam));
       }
       return 0;
+    case WM_UPDATEUISTATE:
+      // Some hosts hide the focus until a key is pressed. Ours is always seen.
+      if (LOWORD(wparam) == UIS_SET) wparam &= ~static_cast<WPARAM>(MAKEWPARAM(0, UISF_HIDEFOCUS));
+      break;
     case WM_WINDOWPOSCHANGED:
       adoptParent();
       break;

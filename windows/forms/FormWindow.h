@@ -12,10 +12,11 @@
 #include "windows/forms/Graphics.h"
 #include "windows/forms/MessageHandler.h"
 #include "windows/forms/Scroller.h"
+#include "windows/forms/Tips.h"
 
 namespace nv::windows {
 
-class FormWindow final : public forms::FormPeer, private MessageHandler {
+class FormWindow final : public forms::FormPeer, private MessageHandler, private Teller {
  public:
   FormWindow(forms::Form& form, Palette& palette);
   ~FormWindow() override;
@@ -32,7 +33,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   // For the windows of the controls.
 
   HWND window() const { return window_; }
+  using MessageHandler::form;
   const Scale& scale() const { return scale_; }
+  Tips& tips() { return tips_; }
   HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
   HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
   int lineHeight(const forms::Font& font) { return palette_.lineHeight(font, scale_.dpi()); }
@@ -53,6 +56,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  Told tell(HWND window) const override;
   void destroyed(HWND window) override;
   void makeControls();
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
@@ -72,10 +76,12 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
   Palette& palette_;
   HWND window_ = nullptr;
+  Accessibles accessibles_;
   std::optional<FocusRestorer> focusRestorer_;  // of a modal form
   HWND session_ = nullptr;                      // of an embedded form
   Scale scale_;
   Scroller scroller_;
+  Tips tips_{*this};
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
 };
