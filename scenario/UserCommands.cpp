@@ -293,6 +293,7 @@ Action readMessage(Tokens& tokens) {
 /// message box is, unless the line says otherwise, one of the dialog's for information.
 Action readRefused(Tokens& tokens) {
   const std::wstring control = tokens.word();
+  const bool all = tokens.take(L"all");
   const std::wstring selection = tokens.nextIsText() ? tokens.text() : std::wstring();
   std::optional<ExpectedMessage> message;
   if (tokens.take(L"message")) {
@@ -311,7 +312,8 @@ Action readRefused(Tokens& tokens) {
     }
     if (!player.stage().isUp(player.dialog())) throw Failure(L"expected a refusal, seen none: the dialog is gone");
     compare(player, {control, focused, L"true", false});
-    compare(player, {control, L"selection", selection, true});
+    const std::wstring selected = all ? player.stage().look(player.dialog(), control, L"text") : selection;
+    compare(player, {control, L"selection", selected, true});
   };
 }
 
@@ -364,7 +366,7 @@ constexpr Command userTable[] = {
     {L"tells", L"tells MODELFILE", inBlock, readTells},
     {L"message", L"message \"TEXT\" [caption \"TEXT\"] [icon ICON] [buttons BUTTONS] [answer BUTTON]", atMessageBox,
      readMessage},
-    {L"refused", L"refused CONTROL [\"SELECTION\"] [message ...]", inBlock, readRefused},
+    {L"refused", L"refused CONTROL [\"SELECTION\" | all] [message ...]", inBlock, readRefused},
     {L"wander", L"wander STEPS [seed N]", inBlock, readWander},
     {L"close", L"close [host]", inBlock, readClose},
     {L"endsession", L"endsession", inBlock, readEndSession},
