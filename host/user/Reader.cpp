@@ -39,7 +39,7 @@ std::wstring textOf(HWND window, TextOf read) {
   return heard;
 }
 
-std::wstring nameOf(HWND window) {
+std::wstring heardNameOf(HWND window) {
   return textOf(window, &IAccessible::get_accName);
 }
 
@@ -66,8 +66,8 @@ struct Heard {
   std::wstring (*ask)(HWND window);
 };
 
-constexpr Heard aspects[] = {
-    {L"name", nameOf},
+constexpr Heard heardAspects[] = {
+    {L"name", heardNameOf},
     {L"role", roleOf},
     {L"key", [](HWND window) { return textOf(window, &IAccessible::get_accKeyboardShortcut); }},
     {L"action", [](HWND window) { return textOf(window, &IAccessible::get_accDefaultAction); }},
@@ -80,15 +80,15 @@ constexpr Heard aspects[] = {
 }  // namespace
 
 bool isHeard(std::wstring_view aspect) {
-  return std::ranges::find(aspects, aspect, &Heard::aspect) != std::end(aspects);
+  return std::ranges::find(heardAspects, aspect, &Heard::aspect) != std::end(heardAspects);
 }
 
 std::wstring hear(HWND window, HWND field, std::wstring_view aspect) {
-  const auto ask = std::ranges::find(aspects, aspect, &Heard::aspect)->ask;
+  const auto ask = std::ranges::find(heardAspects, aspect, &Heard::aspect)->ask;
   std::wstring heard = ask(window);
   if (field == window || ask == roleOf) return heard;
-  const std::wstring inField = nameOf(field);
-  if (ask == nameOf && inField != heard) throw Failure(L"the field in it is called " + inField);
+  const std::wstring inField = heardNameOf(field);
+  if (ask == heardNameOf && inField != heard) throw Failure(L"the field in it is called " + inField);
   return heard;
 }
 
