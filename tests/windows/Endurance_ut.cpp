@@ -4,6 +4,7 @@
 #include <psapi.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <span>
 
@@ -88,6 +89,16 @@ long blocks() {
   return used;
 }
 
+/// Whether a walk over a heap shows each block. Wine 10 shows small ones by the dozen, however few are in use.
+bool walkShowsEachBlock() {
+  constexpr long samples = 1000;
+  using Sample = std::array<void*, 5>;  // not of the size that blocks() passes over
+  std::vector<std::unique_ptr<Sample>> kept(samples);
+  const long before = blocks();
+  for (auto& sample : kept) sample = std::make_unique<Sample>();
+  return blocks() - before >= samples;
+}
+
 Usage usage() {
   Usage now;
   now.gdiObjects = gdiObjects();
@@ -101,7 +112,7 @@ Usage usage() {
 /// How often the dialog is shown: as the environment's NVRANDOM_SHOWS says, else just often enough for a leak to show.
 int showsWanted() {
   const char* wanted = std::getenv("NVRANDOM_SHOWS");
-  return wanted != nullptr ? std::atoi(wanted) : 60;
+  return wanted != nullptr ? std::atoi(wanted) : 72;
 }
 
 class Endurance : public StandInsTest {
@@ -151,17 +162,17 @@ class Endurance : public StandInsTest {
   ComPtr<_ClsRandom> object = Server::get().create();
 };
 
-/// Many shows of every kind of biller in all modes, each accepted or left: what is in use after the last is what was
-/// after the first rounds.
+/// Rounds of shows of every kind of biller in all modes, each accepted or left: what is in use after the last is what
+/// was after the first, as both end with the same biller.
 TEST_F(Endurance, ShowingGivesEverythingBack) {
-  const int shows = showsWanted();
-  constexpr int rounds = 24;
-  ASSERT_GT(shows, rounds);
+  constexpr int round = 6 * static_cast<int>(std::size(billers));
+  const int shows = showsWanted() / round * round;
+  ASSERT_GT(shows, round);
   const Hook hook(SetWindowsHookExW(WH_CBT, leaveWhenActive, nullptr, GetCurrentThreadId()));
   Usage early;
   const ULONGLONG begin = GetTickCount64();
   for (int turn = 0; turn < shows && !HasFatalFailure(); ++turn) {
-    if (turn == rounds) early = usage();
+    if (turn == round) early = usage();
     show(turn);
   }
   const ULONGLONG took = GetTickCount64() - begin;
@@ -171,12 +182,14 @@ TEST_F(Endurance, ShowingGivesEverythingBack) {
   EXPECT_LE(late.nextHandle, early.nextHandle);
   EXPECT_EQ(0, GlobalFindAtomW(L"ran_payee_street")) << "names of windows are given back";
   constexpr long noise = 100;  // what the system has in use for a moment
-  EXPECT_LE(late.blocks, early.blocks + noise);
+  EXPECT_TRUE(late.blocks <= early.blocks + noise || !walkShowsEachBlock()) << early.blocks << ", " << late.blocks;
+  constexpr std::size_t ofLabels = 32 * 1024;  // a show's, which Wine forgets, in a heap that they leave full of holes
+  EXPECT_LE(late.privateBytes, early.privateBytes + static_cast<std::size_t>(shows) * ofLabels);
   const auto report = [](int turn, const Usage& now) {
     printf("  after %d shows: %d GDI objects, next handle %zu, %d windows, %ld blocks, %zu KB\n", turn, now.gdiObjects,
            now.nextHandle, now.windows, now.blocks, now.privateBytes / 1024);
   };
-  report(rounds, early);
+  report(round, early);
   report(shows, late);
   printf("  %.1f ms a show\n", static_cast<double>(took) / shows);
 }
