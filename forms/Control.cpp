@@ -70,7 +70,7 @@ bool Control::takesInput() const {
 }
 
 Look Control::look() const {
-  const bool field = kind_ == Kind::textBox || kind_ == Kind::comboBox || kind_ == Kind::dropDownList;
+  const bool field = isField(kind_);
   const bool label = kind_ == Kind::label;
   const bool text = field || label || kind_ == Kind::frame || kind_ == Kind::hyperlink;
   const bool seenThrough =

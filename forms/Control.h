@@ -33,6 +33,11 @@ enum class Kind {
   picture,
 };
 
+/// Whether one types into such a control.
+constexpr bool isField(Kind kind) {
+  return kind == Kind::textBox || kind == Kind::comboBox || kind == Kind::dropDownList;
+}
+
 /// Where a control is put: on a form itself or in a frame of it.
 struct Parent {
   Parent(Form& itself) : form(itself) {}  // NOLINT(google-explicit-constructor): a form is a parent
