@@ -71,7 +71,11 @@ void frmRandomInfo::showReadOnly() {
     Frame1.setEnabled(false);
   }
   cmdFXBankingInfo.setVisible(foreignBank);
-  cmd_cancel.setVisible(false);
+  // Nothing speaks of entering. The help that the images open is also that of the button.
+  for (forms::Label& mark : lblAsterisk) mark.setVisible(false);
+  for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(false);
+  for (forms::Control* control : std::initializer_list<forms::Control*>{&Label14, &Label15, &cmd_cancel})
+    control->setVisible(false);
   cmd_ok.setCaption(L"Close");
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
   rearrange();
