@@ -71,11 +71,11 @@ void frmRandomInfo::showReadOnly() {
     Frame1.setEnabled(false);
   }
   cmdFXBankingInfo.setVisible(foreignBank);
-  // Nothing speaks of entering. The help that the images open is also that of the button.
+  // Nothing is to be entered: what speaks of that goes, and so do the help images that cannot be clicked.
   for (forms::Label& mark : lblAsterisk) mark.setVisible(false);
-  for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(false);
-  for (forms::Control* control : std::initializer_list<forms::Control*>{&Label14, &Label15, &cmd_cancel})
-    control->setVisible(false);
+  for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(image.visible() && !image.blocked());
+  for (forms::Label* request : {&Label14, &Label15}) request->setVisible(false);
+  cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
   rearrange();
