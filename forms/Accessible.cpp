@@ -65,7 +65,7 @@ const wchar_t* roleName(Role role) {
 
 const Control* labelOf(const Control& control) {
   if (const Control* const said = control.description().label; said != nullptr && said->visible()) return said;
-  if (!isField(control.kind())) return nullptr;
+  if (!control.isField()) return nullptr;
   const auto& all = control.form().controls();
   const Control* label = nullptr;
   for (const Control* other : all) {
