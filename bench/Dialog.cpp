@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/BareDialog.h"
+#include "bench/PlainDialog.h"
 #include "bench/Rows.h"
 #include "bench/Workplace.h"
 #include "tests/windows/Server.h"
@@ -90,11 +90,12 @@ double opening(_ClsRandom* object) {
   return took;
 }
 
-double bareOpening(const std::vector<BareWindow>& description, HWND host) {
+/// The same of the plain dialog.
+double opening(const PlainDialog& plain, HWND host) {
   const auto start = Clock::now();
-  const HWND dialog = made(description, host).front();
+  const HWND dialog = made(plain, host);
   ShowWindow(dialog, SW_SHOW);
-  SetForegroundWindow(dialog);
+  if (GetAncestor(dialog, GA_PARENT) == GetDesktopWindow()) SetForegroundWindow(dialog);
   settle();
   const double took = secondsSince(start);
   DestroyWindow(dialog);
@@ -127,15 +128,15 @@ class Embedded {
   HWND window_ = nullptr;
 };
 
-std::vector<BareWindow> describedDialog(_ClsRandom* object) {
-  std::vector<BareWindow> description;
-  show(object, [&](HWND dialog) { description = described(dialog); });
+PlainDialog plainDialogOf(_ClsRandom* object) {
+  PlainDialog plain;
+  show(object, [&](HWND dialog) { plain = plainDialog(dialog); });
   settle();
-  return description;
+  return plain;
 }
 
-/// Where the description of the dialog is handed to the processes that open it once.
-const char* const descriptionFile = "nvbench.windows";
+/// Where the plain dialog is handed to the processes that open it once.
+const char* const plainFile = "nvbench.dialog";
 
 /// A process of its own that opens one side's dialog. Its exit code is the time in microseconds.
 double openedElsewhere(const wchar_t* option) {
@@ -187,16 +188,15 @@ const wchar_t* const fields[] = {
 }  // namespace
 
 int openOnce(bool bare) {
-  double took = 0;
   const HostWindow host;
+  double took = 0;
   if (bare) {
-    std::ifstream file(descriptionFile, std::ios::binary);
-    std::vector<BareWindow> description;
-    for (BareWindow each; file.read(reinterpret_cast<char*>(&each), sizeof(each));) description.push_back(each);
-    if (!description.empty()) took = bareOpening(description, host.get());
+    PlainDialog plain(static_cast<std::size_t>(std::filesystem::file_size(plainFile)) / sizeof(WORD));
+    std::ifstream(plainFile, std::ios::binary)
+        .read(reinterpret_cast<char*>(plain.data()), static_cast<std::streamsize>(plain.size() * sizeof(WORD)));
+    took = opening(plain, host.get());
   } else {
-    const Workplace workplace(L"openOnce");
-    took = opening(workplace.object().Get());
+    took = opening(Workplace(L"openOnce").object().Get());
   }
   return static_cast<int>(took * 1e6);
 }
@@ -204,15 +204,13 @@ int openOnce(bool bare) {
 Medians firstOpening() {
   {
     const HostWindow host;
-    const Workplace workplace(L"firstOpening");
-    const auto description = describedDialog(workplace.object().Get());
-    std::ofstream(descriptionFile, std::ios::binary)
-        .write(reinterpret_cast<const char*>(description.data()),
-               static_cast<std::streamsize>(description.size() * sizeof(BareWindow)));
+    const PlainDialog plain = plainDialogOf(Workplace(L"firstOpening").object().Get());
+    std::ofstream(plainFile, std::ios::binary)
+        .write(reinterpret_cast<const char*>(plain.data()), static_cast<std::streamsize>(plain.size() * sizeof(WORD)));
   }
   const Medians took =
       compare([] { return openedElsewhere(L"--open"); }, [] { return openedElsewhere(L"--open-bare"); }, 15);
-  std::filesystem::remove(descriptionFile);
+  std::filesystem::remove(plainFile);
   return took;
 }
 
@@ -220,8 +218,22 @@ Medians nextOpening() {
   const HostWindow host;
   const Workplace workplace(L"nextOpening");
   const auto object = workplace.object();
-  const auto description = describedDialog(object.Get());
-  return compare([&] { return opening(object.Get()); }, [&] { return bareOpening(description, host.get()); }, 41);
+  const PlainDialog plain = plainDialogOf(object.Get());
+  return compare([&] { return opening(object.Get()); }, [&] { return opening(plain, host.get()); }, 41);
+}
+
+Medians embeddedOpening() {
+  const HostWindow host;
+  const Workplace workplace(L"embeddedOpening");
+  const auto object = workplace.object();
+  const PlainDialog plain = plainDialog(Embedded(object.Get(), host.get()).window());
+  return compare(
+      [&] {
+        const auto start = Clock::now();
+        const Embedded dialog(object.Get(), host.get());
+        return secondsSince(start);
+      },
+      [&] { return opening(plain, host.get()); }, 41);
 }
 
 Medians keystroke() {
@@ -232,11 +244,9 @@ Medians keystroke() {
   const HWND ours = dialog.control(L"ran_payee_street");
 
   const HostWindow bareHost;
-  std::vector<BareWindow> description = described(dialog.window());
-  description.front().style |= WS_VISIBLE;
-  const std::vector<HWND> windows = made(description, bareHost.get());
-  const auto at = std::ranges::find(description, ours, &BareWindow::original) - description.begin();
-  const HWND bare = windows[static_cast<std::size_t>(at)];
+  const HWND plain = made(plainDialog(dialog.window()), bareHost.get());
+  ShowWindow(plain, SW_SHOW);
+  const HWND bare = GetDlgItem(plain, LOWORD(reinterpret_cast<ULONG_PTR>(ours)));
 
   // Letters typed and taken back, each until it is on the screen.
   constexpr int letters = 20;

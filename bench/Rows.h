@@ -27,6 +27,7 @@ Medians librarySize();
 // The dialog on the screen (Dialog.cpp)
 Medians firstOpening();
 Medians nextOpening();
+Medians embeddedOpening();
 Medians keystroke();
 Medians acceptance();
 /// What a process of its own does for `firstOpening`: opens one side's dialog once.
