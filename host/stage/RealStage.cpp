@@ -277,6 +277,10 @@ void RealStage::endSession(Dialog dialog) {
 }
 
 std::wstring RealStage::look(Dialog dialog, const std::wstring& name, const std::wstring& aspect) {
+  // A control has no window before it is first shown.
+  if (aspect == L"visible" && name != L"host" && name != L"form" && controlIn(handleOf(dialog), name) == nullptr) {
+    return L"false";
+  }
   return thread_.ask(
       [dialog, window = window(dialog, name), &aspect] { return host::look(handleOf(dialog), window, aspect); });
 }

@@ -22,8 +22,9 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
 
   /// The window, or nullptr before `create` and after it was destroyed.
   HWND window() const { return window_; }
+  forms::Control& control() const { return control_; }
 
-  /// Creates the window in `parent` in the control's current state.
+  /// Creates the window in `parent`, behind all others there, in the control's current state.
   void create(HWND parent);
 
   /// Applies everything that depends on the dpi again.
@@ -77,7 +78,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }
-  forms::Control& control() const { return control_; }
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) final;

@@ -42,13 +42,15 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   ControlWindow* controlOf(HWND window) const;
   /// Scrolls so that the control can be seen.
   void bringIntoView(const forms::Control& control);
+  /// Makes the windows that are missing. A control has one from when it can first be seen: it and the frames around it
+  /// are visible.
+  void makeWindows();
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   void destroyed(HWND window) override;
-  void makeControls();
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
   void arrange(bool centre);
   void rescale(int dpi);
