@@ -12,18 +12,6 @@ namespace nv::forms {
 
 namespace {
 
-/// The character behind the first single "&" of a caption, or 0; "&&" stands for the character itself.
-wchar_t mnemonicOf(const Control& control) {
-  if (!control.usesMnemonic()) return 0;
-  const std::wstring& caption = control.caption();
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != L'&') continue;
-    if (caption[i + 1] != L'&') return asciiUpper(caption[i + 1]);
-    ++i;
-  }
-  return 0;
-}
-
 bool isButton(const Control& control) {
   return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
 }
@@ -41,9 +29,10 @@ void Form::setCaption(std::wstring caption) {
 }
 
 void Form::setSize(Twips width, Twips height) {
+  if (width == place_.width && height == place_.height) return;
   place_.width = width;
   place_.height = height;
-  if (peer_) peer_->update(Attribute::place);
+  if (peer_) peer_->update(Attribute::size);
 }
 
 void Form::move(Twips left, Twips top) {
@@ -194,6 +183,20 @@ void Form::focusByKeyboard(Control& control) {
   focus(control);
 }
 
+void Form::setForReading() {
+  forReading_ = true;
+  for (Control* control : controls_) control->lookChanged();
+}
+
+void Form::rearrange() {
+  arrangeWhenReleased_ = peer_ && peer_->pressed();
+  if (!arrangeWhenReleased_) arrange();
+}
+
+void Form::released() {
+  if (std::exchange(arrangeWhenReleased_, false)) arrange();
+}
+
 void Form::sendKey(wchar_t key) {
   if (typing_) {
     keysToSend_ += key;
@@ -216,6 +219,7 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
       return true;
     }
   }
+  if (pressed.code == keys::f1 && pressed.shift == 0 && Form_Help(control)) return true;
   if (control.useKey(pressed)) return true;
   KeyDown key = pressed;
   control.keyDown.raise(key);

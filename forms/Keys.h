@@ -25,6 +25,7 @@ inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int insert = 45;
 inline constexpr int del = 46;
+inline constexpr int f1 = 112;
 inline constexpr int f4 = 115;
 }  // namespace keys
 

@@ -41,9 +41,39 @@ Properties readProperties(Tokens& tokens) {
   return properties;
 }
 
+/// A property that is set. A text can be made as long as a field takes, or longer, by its last character over and over.
+struct Setting {
+  std::wstring property;
+  Value value;
+  std::wstring field;  // empty: the value is as it is
+  std::size_t beyond = 0;
+};
+
+Setting readSetting(Tokens& tokens) {
+  Setting setting;
+  setting.property = tokens.word();
+  setting.value = tokens.value();
+  if (tokens.take(L"beyond")) setting.beyond = 1;
+  if (setting.beyond == 0 && !tokens.take(L"filling")) return setting;
+  const auto* const text = std::get_if<std::wstring>(&setting.value);
+  if (text == nullptr || text->empty()) throw Failure(L"only a text can be made longer");
+  setting.field = tokens.word();
+  return setting;
+}
+
 Action readLet(Tokens& tokens) {
-  return [properties = readProperties(tokens)](Player& player, const Statement&) {
-    for (const auto& [name, value] : properties) player.stage().put(name, value);
+  std::vector<Setting> settings;
+  do settings.push_back(readSetting(tokens));
+  while (!tokens.atEnd());
+  return [=](Player& player, const Statement&) {
+    for (const auto& [property, value, field, beyond] : settings) {
+      Value set = value;
+      if (!field.empty()) {
+        auto& text = std::get<std::wstring>(set);
+        text.resize(std::stoul(player.stage().look(player.dialog(), field, L"maxlength")) + beyond, text.back());
+      }
+      player.stage().put(property, set);
+    }
   };
 }
 
@@ -136,7 +166,7 @@ Action readUnload(Tokens&) {
 using enum Command::Place;
 
 constexpr Command hostTable[] = {
-    {L"let", L"let PROPERTY VALUE...", anywhere, readLet},
+    {L"let", L"let PROPERTY VALUE [filling | beyond FIELD]...", anywhere, readLet},
     {L"expect", L"expect PROPERTY VALUE...", anywhere, readExpect},
     {L"changed", L"changed none | PROPERTY VALUE...", afterShow, readChanged},
     {L"new", L"new INSTANCE", anywhere, readInstance<&Stage::create>},

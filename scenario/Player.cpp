@@ -81,6 +81,12 @@ std::vector<std::wstring> Player::model(const std::wstring& file) const {
   return splitLines(replaced(readUtf8(scenario_.parent_path() / file), L"{root}", stage_.root()));
 }
 
+void Player::renewModel(const std::wstring& file, const std::vector<std::wstring>& lines) const {
+  std::ofstream stream(scenario_.parent_path() / file, std::ios::binary);
+  for (const std::wstring& line : lines) stream << std::string(line.begin(), line.end()) << '\n';
+  if (!stream) throw Failure(file + L" cannot be written");
+}
+
 void Player::play(std::span<const Statement> statements) {
   for (const Statement& statement : statements) {
     file_ = statement.file;

@@ -30,6 +30,9 @@ class Player {
   std::function<void(const Statement& statement)> beforeLine;
   std::function<void()> afterShow;
 
+  /// What is compared with a model that has been looked at and found good: makes the model instead, in ASCII.
+  bool renewsModels = false;
+
   /// The line that is being played, as "file:line: text: ".
   std::wstring position() const;
   /// What was passed over because only other stages can play it: by command, how often.
@@ -43,6 +46,8 @@ class Player {
   void include(const std::wstring& file);
   /// The lines of a text file that stands beside the scenario.
   std::vector<std::wstring> model(const std::wstring& file) const;
+  /// Makes the file of these lines, if `renewsModels`.
+  void renewModel(const std::wstring& file, const std::vector<std::wstring>& lines) const;
 
   /// Shows the dialog and plays the block of the statement while it is up.
   void show(Showing kind, const Statement& statement);

@@ -1,5 +1,6 @@
 // The commands of the scenario language in which the user does or sees something.
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -160,7 +161,8 @@ Action readChoose(Tokens& tokens) {
 
 const Names aspects = {L"text",   L"caption",   L"visible",   L"enabled", L"focused",   L"checked",
                        L"masked", L"selection", L"maxlength", L"rows",    L"columns",   L"row",
-                       L"left",   L"top",       L"width",     L"height",  L"backcolor", L"font"};
+                       L"left",   L"top",       L"width",     L"height",  L"backcolor", L"font",
+                       L"name",   L"role",      L"key",       L"action",  L"required"};
 
 bool isAspect(std::wstring_view name) {
   return std::ranges::find(aspects, name) != aspects.end();
@@ -210,6 +212,39 @@ constexpr wchar_t visible[] = L"visible";
 constexpr wchar_t enabled[] = L"enabled";
 constexpr wchar_t focused[] = L"focused";
 
+/// What a screen reader learns of the controls that can be used: "NAME;ROLE;required;KEY", a line each.
+Names told(Stage& stage, Dialog dialog) {
+  const Names onlyRead = {L"text", L"grouping", L"graphic"};
+  Names lines;
+  Names called;
+  for (const std::wstring& control : stage.reachable(dialog)) {
+    const auto look = [&](const wchar_t* aspect) { return stage.look(dialog, control, aspect); };
+    const std::wstring role = look(L"role");
+    if (std::ranges::find(onlyRead, role) != onlyRead.end()) continue;
+    const std::wstring name = look(L"name");
+    if (name.empty()) throw Failure(control + L" has no name");
+    if (std::ranges::find(called, name) != called.end()) throw Failure(L"there are two called " + inQuotes(name));
+    called.push_back(name);
+    lines.push_back(name + L";" + role + (look(L"required") == L"true" ? L";required;" : L";;") + look(L"key"));
+  }
+  return lines;
+}
+
+Action readTells(Tokens& tokens) {
+  return [file = tokens.wordOrText()](Player& player, const Statement&) {
+    Names seen = told(player.stage(), player.dialog());
+    if (player.renewsModels) return player.renewModel(file, seen);
+    Names expected = player.model(file);
+    for (Names* lines : {&expected, &seen}) std::ranges::sort(*lines);  // stages know no common order
+    Names missing;
+    Names further;
+    std::ranges::set_difference(expected, seen, std::back_inserter(missing));
+    std::ranges::set_difference(seen, expected, std::back_inserter(further));
+    const auto shown = [](const Names& lines) { return lines.empty() ? L"none" : inQuotes(joined(lines)); };
+    if (!missing.empty() || !further.empty()) differ(shown(missing), shown(further));
+  };
+}
+
 // Message boxes
 
 struct ExpectedMessage {
@@ -258,6 +293,7 @@ Action readMessage(Tokens& tokens) {
 /// message box is, unless the line says otherwise, one of the dialog's for information.
 Action readRefused(Tokens& tokens) {
   const std::wstring control = tokens.word();
+  const bool all = tokens.take(L"all");
   const std::wstring selection = tokens.nextIsText() ? tokens.text() : std::wstring();
   std::optional<ExpectedMessage> message;
   if (tokens.take(L"message")) {
@@ -276,7 +312,8 @@ Action readRefused(Tokens& tokens) {
     }
     if (!player.stage().isUp(player.dialog())) throw Failure(L"expected a refusal, seen none: the dialog is gone");
     compare(player, {control, focused, L"true", false});
-    compare(player, {control, L"selection", selection, true});
+    const std::wstring selected = all ? player.stage().look(player.dialog(), control, L"text") : selection;
+    compare(player, {control, L"selection", selected, true});
   };
 }
 
@@ -326,9 +363,10 @@ constexpr Command userTable[] = {
     {L"hidden", L"hidden CONTROL...", inBlock, readAre<visible, false>},
     {L"enabled", L"enabled CONTROL...", inBlock, readAre<enabled, true>},
     {L"disabled", L"disabled CONTROL...", inBlock, readAre<enabled, false>},
+    {L"tells", L"tells MODELFILE", inBlock, readTells},
     {L"message", L"message \"TEXT\" [caption \"TEXT\"] [icon ICON] [buttons BUTTONS] [answer BUTTON]", atMessageBox,
      readMessage},
-    {L"refused", L"refused CONTROL [\"SELECTION\"] [message ...]", inBlock, readRefused},
+    {L"refused", L"refused CONTROL [\"SELECTION\" | all] [message ...]", inBlock, readRefused},
     {L"wander", L"wander STEPS [seed N]", inBlock, readWander},
     {L"close", L"close [host]", inBlock, readClose},
     {L"endsession", L"endsession", inBlock, readEndSession},

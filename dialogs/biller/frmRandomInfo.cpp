@@ -1,5 +1,7 @@
 #include "dialogs/biller/frmRandomInfo.h"
 
+#include <algorithm>
+
 #include "dialogs/biller/Texts.h"
 #include "dialogs/support/frmCheque.h"
 #include "platform/Text.h"
@@ -15,9 +17,24 @@ namespace {
 /// The help file, shown in its window type "ShowTopic".
 constexpr const wchar_t* helpFile = L"NORVIK.CHM>ShowTopic";
 
-/// The topic about the dialog as a whole, and those by the index of the help image that opens them.
+/// The topic about the dialog as a whole.
 constexpr std::uint32_t helpTopic = 506000012;
-constexpr std::uint32_t imageHelpTopics[] = {506000012, 506000014, 506000014, 506000013, 506000018, 506000019};
+
+/// What there is help with beyond it: the label of fields, or a frame around some, and the topic.
+struct Help {
+  const forms::Control* subject;
+  std::uint32_t topic;
+};
+
+/// By the index of the image that opens it.
+std::array<Help, 6> helps(const frmRandomInfo& form) {
+  return {{{&form.Label1, helpTopic},
+           {&form.lblPhoneNo, 506000014},
+           {&form.lblFax, 506000014},
+           {&form.lblEmail, 506000013},
+           {&form.fraBusinessNum, 506000018},
+           {&form.fraBankAcctInfo, 506000019}}};
+}
 
 }  // namespace
 
@@ -34,7 +51,7 @@ frmRandomInfo::frmRandomInfo(Component& component, Border border)
   connectFields(rows());
   connectKinds();
   connectButtons();
-  arrange();
+  rearrange();
 }
 
 /// So that the host can scroll an embedded dialog.
@@ -45,21 +62,19 @@ void frmRandomInfo::reportTop(const forms::Control& field) {
 void frmRandomInfo::showReadOnly() {
   readOnly_ = true;
   Frame1.setCaption(L"Information about this Biller/Payee");
+  setForReading();
   for (forms::Frame* fields : {&Frame3, &fraBankAcctInfo, &fraBankInfo}) fields->setEnabled(false);
-  if (trimmed(store().PayeeFXBankCity).empty()) {
-    Frame1.setEnabled(false);
-  } else {
+  const bool foreignBank = !trimmed(store().PayeeFXBankCity).empty();
+  if (foreignBank) {
     cmdFXBankingInfo.setCaption(L"View Banking Information");
-    if (!cmdFXBankingInfo.visible()) {
-      cmdFXBankingInfo.setVisible(true);
-      arrangeBankButton();
-    }
+  } else {
+    Frame1.setEnabled(false);
   }
+  cmdFXBankingInfo.setVisible(foreignBank);
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
-  cmd_help.setPlace(cmd_ok.place());
-  cmd_ok.setPlace(cmd_cancel.place());
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
+  rearrange();
 }
 
 void frmRandomInfo::Form_KeyPress(wchar_t& key) {
@@ -69,16 +84,31 @@ void frmRandomInfo::Form_KeyPress(wchar_t& key) {
 
 // Help, links, the sample cheque and the way out
 
-void frmRandomInfo::connectButtons() {
-  const auto showHelp = [this](std::uint32_t topic) {
-    component().services.shell.showHelp(store().gstrInstallRoot() + helpFile, topic, handle());
+void frmRandomInfo::showHelp(std::uint32_t topic) {
+  component().services.shell.showHelp(store().gstrInstallRoot() + helpFile, topic, handle());
+}
+
+bool frmRandomInfo::Form_Help(const forms::Control& control) {
+  const auto about = [&control](const Help& help) {
+    return help.subject == labelOf(control) || help.subject == control.frame();
   };
+  const auto all = helps(*this);
+  const auto found = std::ranges::find_if(all, about);
+  showHelp(found == all.end() ? helpTopic : found->topic);
+  return true;
+}
+
+void frmRandomInfo::connectButtons() {
   onClick(cmd_ok, [this] { cmd_ok_Click(); });
   onClick(cmd_cancel, [this] { cmd_cancel_Click(); });
-  onClick(cmd_help, [showHelp] { showHelp(helpTopic); });
+  onClick(cmd_help, [this] { showHelp(helpTopic); });
   for (forms::Image& image : imgHelpCSFTInfo) {
-    onClick(image, [showHelp, &image] { showHelp(imageHelpTopics[image.index()]); });
+    const Help help = helps(*this)[static_cast<std::size_t>(image.index())];
+    image.describe({.label = help.subject, .before = L"Help with ", .key = L"F1"});
+    onClick(image, [this, help] { showHelp(help.topic); });
   }
+  fraBusinessNum.describe({.label = &lblBN});
+  Frame3.describe({.label = &Label3});
   onClick(cmdFXBankingInfo, [this] { ShowFXBankingInfoScreen(); });
   onClick(ctHyperLink1, [this] {
     const std::wstring_view address = trimmed(store().USBillPaymentURL);

@@ -30,7 +30,7 @@ frmFXBankInfo::frmFXBankInfo(Component& component, bool domestic)
   onClick(cmd_cancel, [this] { unload(); });
   // Not traced: it only notes the key, which decides whether the province is completed.
   cmbBankProv.keyDown = [this](forms::KeyDown& key) { lastKeyInProvince_ = key.code; };
-  arrange();
+  rearrange();
 }
 
 void frmFXBankInfo::arrange() {
@@ -53,7 +53,7 @@ void frmFXBankInfo::arrange() {
     grid.row(section->numberLabel, {section->number}).row(section->accountLabel, {section->account});
     grid.row(section->confirmLabel, {section->numberConf}).row({section->accountConf});
     fit(section->frame, above->place().bottom() + gap, grid);
-    above = &section->frame;
+    if (section->frame.visible()) above = &section->frame;
   }
 
   const forms::Twips buttons = above->place().bottom() + margin;
@@ -78,12 +78,14 @@ std::vector<Field> frmFXBankInfo::rows() {
     row.guardsOf = billerForm;
     return row;
   };
-  const auto confirmation = [&number](forms::TextBox& field, int length, forms::Control& next) {
+  const auto confirmation = [&number](forms::TextBox& field, int length, forms::Control& next,
+                                      const forms::Control& confirmed) {
     Field row = number(field, length, next);
     row.unmasks = false;
+    row.confirms = &confirmed;
     return row;
   };
-  Field routingConfirmation = confirmation(txtUSABAConf, routingLength, txtUSBankAccountConf);
+  Field routingConfirmation = confirmation(txtUSABAConf, routingLength, txtUSBankAccountConf, txtUSABA);
   routingConfirmation.shapedInstead = &txtUSABA;  // not its own text: kept as hosts know it
   return {
       text(txtBankName, addressLength, txtBankStreet),
@@ -98,12 +100,12 @@ std::vector<Field> frmFXBankInfo::rows() {
       {.field = cmbBankCountry, .width = 2400, .keys = isCapital, .whenLeft = [this] { cmbBankCountry_LostFocus(); }},
       number(txtSwiftNumber, swiftLength, txtBankAccount),
       number(txtBankAccount, accountLength, cmd_ok),
-      confirmation(txtSwiftNumberConf, swiftLength, txtBankAccountConf),
-      confirmation(txtBankAccountConf, accountLength, cmd_ok),
+      confirmation(txtSwiftNumberConf, swiftLength, txtBankAccountConf, txtSwiftNumber),
+      confirmation(txtBankAccountConf, accountLength, cmd_ok, txtBankAccount),
       number(txtUSABA, routingLength, txtUSBankAccount),
       number(txtUSBankAccount, usAccountLength, cmd_ok),
       std::move(routingConfirmation),
-      confirmation(txtUSBankAccountConf, usAccountLength, cmd_ok),
+      confirmation(txtUSBankAccountConf, usAccountLength, cmd_ok, txtUSBankAccount),
   };
 }
 
@@ -146,9 +148,12 @@ frmFXBankInfo::Details frmFXBankInfo::details() const {
 }
 
 void frmFXBankInfo::showReadOnly() {
+  setForReading();
   cmd_ok.setVisible(false);
   cmd_cancel.setCaption(L"Close");
+  (inUnitedStates() ? fraIntlBanks : fraUSBanks).setVisible(false);  // there is nothing in it
   for (forms::Frame* frame : {&FraBankName, &fraIntlBanks, &fraUSBanks}) frame->setEnabled(false);
+  rearrange();
 }
 
 // The sections
@@ -188,6 +193,7 @@ void frmFXBankInfo::closeConfirmation(Section& section) {
     box->setEnabled(false);
     box->setVisible(false);
   }
+  rearrange();
 }
 
 void frmFXBankInfo::cmbBankCountry_LostFocus() {

@@ -38,6 +38,10 @@ void FieldForm::connectFields(std::vector<Field> rows) {
 
 void FieldForm::connect(const Field& row) {
   Control& control = row.field;
+  control.describe({.label = row.confirms,
+                    .before = row.confirms != nullptr ? L"Confirm " : L"",
+                    .after = row.part,
+                    .mark = row.mark});
   const auto label = [&](std::wstring_view as, const wchar_t* event) {
     return Procedure{name(), as.empty() ? control.name() : as, event};
   };

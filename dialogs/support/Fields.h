@@ -60,6 +60,11 @@ struct Field {
   std::function<void()> show{};           // shows the value, if not as a text
   std::function<std::wstring()> value{};  // the value to store, if not the text without the blanks around it
 
+  // For those who do not see the label before it
+  const wchar_t* part = L"";                 // what it is of that which the label names: " area code"
+  const forms::Control* confirms = nullptr;  // the field whose number is entered here again
+  const forms::Control* mark = nullptr;      // while this is shown, the field must be filled in
+
   // Procedures that the trace and error reports know by another name than form, control and event make up.
   std::wstring_view keyPressAs{};  // the control's name in KeyPress
   std::wstring_view changeAs{};    // in Change

@@ -9,10 +9,11 @@ std::unique_ptr<HostWindow> windowFor(Biller& biller) {
                                       SIZE{toPixels(size.cx, dialog), toPixels(size.cy, dialog)});
 }
 
-void embed(Biller& biller, const HostWindow& window) {
+void embed(Biller& biller, HostWindow& window) {
   const HWND dialog = biller.window();
   SetParent(dialog, window.handle());
   SetWindowPos(dialog, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  window.passKeyboardTo(dialog);
 }
 
 }  // namespace nv::host

@@ -11,8 +11,8 @@ namespace nv::host {
 /// A window of the host with just enough room for the connected dialog.
 std::unique_ptr<HostWindow> windowFor(Biller& biller);
 
-/// Puts the connected dialog into the window, at its origin. The host does no more for the dialog than this: before
-/// ShowForm_Remote or after it, as it likes.
-void embed(Biller& biller, const HostWindow& window);
+/// Puts the connected dialog into the window, at its origin, which passes the keyboard on to it. The host does no more
+/// for the dialog than this: before ShowForm_Remote or after it, as it likes.
+void embed(Biller& biller, HostWindow& window);
 
 }  // namespace nv::host

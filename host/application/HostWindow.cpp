@@ -14,6 +14,14 @@ int dotsPerInch(HWND window) {
   return dots;
 }
 
+/// A window that comes back to the front gets the keyboard itself, and passes it on.
+LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_SETFOCUS) return DefWindowProcW(window, message, wParam, lParam);
+  const auto embedded = reinterpret_cast<HWND>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (IsChild(window, embedded)) SetFocus(embedded);
+  return 0;
+}
+
 }  // namespace
 
 int toPixels(int twips, HWND window) {
@@ -27,7 +35,7 @@ int toTwips(int pixels, HWND window) {
 HostWindow::HostWindow(const wchar_t* title, POINT place, SIZE size) {
   constexpr DWORD style = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
   WNDCLASSW windowClass{};
-  windowClass.lpfnWndProc = DefWindowProcW;
+  windowClass.lpfnWndProc = procedure;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.hbrBackground = GetSysColorBrush(COLOR_APPWORKSPACE);
@@ -43,6 +51,10 @@ HostWindow::HostWindow(const wchar_t* title, POINT place, SIZE size) {
 
 HostWindow::~HostWindow() {
   if (handle() != nullptr) DestroyWindow(window_);
+}
+
+void HostWindow::passKeyboardTo(HWND embedded) {
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(embedded));
 }
 
 }  // namespace nv::host

@@ -21,6 +21,9 @@ class HostWindow {
   /// Null once the user has closed it.
   HWND handle() const { return IsWindow(window_) ? window_ : nullptr; }
 
+  /// From now on, whenever the window gets the keyboard, the window embedded in it does.
+  void passKeyboardTo(HWND embedded);
+
  private:
   HWND window_;
 };

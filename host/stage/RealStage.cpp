@@ -11,6 +11,7 @@
 #include "host/standins/Setup.h"
 #include "host/user/Look.h"
 #include "host/user/Picture.h"
+#include "host/user/Reader.h"
 #include "host/user/Screen.h"
 #include "scenario/Player.h"
 
@@ -281,8 +282,9 @@ std::wstring RealStage::look(Dialog dialog, const std::wstring& name, const std:
   if (aspect == L"visible" && name != L"host" && name != L"form" && controlIn(handleOf(dialog), name) == nullptr) {
     return L"false";
   }
-  return thread_.ask(
-      [dialog, window = window(dialog, name), &aspect] { return host::look(handleOf(dialog), window, aspect); });
+  const HWND seen = window(dialog, name);
+  if (isHeard(aspect)) return hear(seen, thread_.ask([seen] { return typingField(seen); }), aspect);
+  return thread_.ask([dialog, seen, &aspect] { return host::look(handleOf(dialog), seen, aspect); });
 }
 
 std::optional<scenario::Message> RealStage::messageBox() {

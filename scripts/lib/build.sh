@@ -20,6 +20,7 @@ configure() {
 # build PRESET [TARGET...]
 build() {
   local preset=$1 begin=$SECONDS
+  [ -z "${NV_NEXT:-}" ] || return 0 # there, what was built outside is played
   shift
   echo "building $preset" >&2
   configure "$preset"

@@ -1,16 +1,17 @@
 # Where the component runs on Linux: a private Wine prefix and a virtual display. To be sourced; needs $root (the
-# checkout). Everything is kept in build/wine and made once.
+# checkout). Everything is kept in build/wine (of the next release: build/wine-next) and made once.
 
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+prefixes=$root/build/wine${NV_NEXT:+-next}
 screen=${NV_SCREEN:-1280x1024}
 
 # use_prefix 32|64: points Wine at a prefix of its own, made when it is missing.
 use_prefix() {
   local bits=$1
-  export WINEARCH=win$bits WINEPREFIX=$root/build/wine/prefix$bits
+  export WINEARCH=win$bits WINEPREFIX=$prefixes/prefix$bits
   [ -e "$WINEPREFIX/.ready" ] && return
   rm -rf "$WINEPREFIX"
-  mkdir -p "$root/build/wine"
+  mkdir -p "$prefixes"
   echo "setup: making the $bits-bit Wine prefix" >&2
   wineboot --init >/dev/null 2>&1
   # Without these every form is drawn in a much wider fallback face.

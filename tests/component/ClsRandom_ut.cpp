@@ -79,6 +79,17 @@ TEST_F(ShowTest, TheHostMayReplaceTheDialogWhileItIsBeingShown) {
   EXPECT_EQ(component.forms.all().size(), 1U);
 }
 
+TEST_F(ShowTest, TheHostMayReleaseTheObjectWhileItLoadsOrShows) {
+  for (std::function<void()>* when : {&machine.whenAsked, &host.whenFocusMoves}) {
+    auto object = std::make_unique<ClsRandom>(component, host);
+    *when = [&object] { object.reset(); };
+    object->ShowForm_Remote();
+    *when = nullptr;
+    EXPECT_EQ(object, nullptr);
+    EXPECT_TRUE(component.forms.empty());
+  }
+}
+
 TEST_F(ShowTest, ClosingRaisesOneCancelWhateverHappensMeanwhile) {
   struct Case {
     const char* what;

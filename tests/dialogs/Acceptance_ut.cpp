@@ -19,6 +19,8 @@ TEST_F(AcceptanceTest, ValuesOutOfSightStopTheAttempt) {
        [](User& user) {
          put(user, L"ran_payee_ph_area", L"613");
          put(user, L"ran_payee_phone", L"555123456789");
+         for (const wchar_t* later : {L"ran_payee_email", L"ran_payee_fax_area", L"ran_payee_faxnumber"})
+           put(user, later, L"");
        },
        L"cmd_ok", L"The combined phone area code and phone number cannot exceed 14 digits."},
       {"fax too long together",

@@ -38,19 +38,6 @@ class ReferenceListsTest : public BillerTest {
     random.Unload_From_Remote();
     return rows;
   }
-
-  /// The numbers of the errors in the log of set-up.
-  Texts loggedErrors() {
-    const std::wstring before = machine.clock + L",NVRandom, , ,";
-    Texts numbers;
-    const std::wstring log = files.text(errorLog);
-    for (auto at = log.find(before); at != log.npos; at = log.find(before, at + 1)) {
-      const std::wstring line = log.substr(at + before.size(), log.find(L'\r', at) - at - before.size());
-      EXPECT_TRUE(line.ends_with(L",\"RandomInfo - LoadCountries\"")) << line;
-      numbers.push_back(line.substr(0, line.find(L',')));
-    }
-    return numbers;
-  }
 };
 
 TEST_F(ReferenceListsTest, ProvincesComeSortedAndRunsOfOneOnce) {
@@ -143,61 +130,27 @@ TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
   }
 }
 
-TEST_F(ReferenceListsTest, WithoutItsFileThereAreTwoCountriesAndNoCopyStays) {
-  using Decipher = std::function<void(const std::wstring&, const std::wstring&)>;
-  const auto writes = [this](const wchar_t* text) {
-    return [this, text](const std::wstring&, const std::wstring& to) { files.put(to, text); };
+/// What goes wrong with the file otherwise is in lists.scenario.
+TEST_F(ReferenceListsTest, NoCopyOfTheCountryFileStays) {
+  installation.decipher = [this](const std::wstring&, const std::wstring& to) {
+    EXPECT_EQ(machine.turns, 1) << "others wait";
+    files.put(to, L"H\r\nAustria,AT,43");
   };
-  const auto writesAndFails = [this](auto failure) {
-    return [this, failure](const std::wstring&, const std::wstring& to) {
-      files.put(to, L"H\r\nAustria,AT,43");
-      throw failure;
-    };
-  };
-  struct Case {
-    const char* what;
-    Decipher decipher;
-    std::int32_t error;  // in the log, and nowhere else
-    std::int16_t result = 1;
-  };
-  const Case cases[] = {
-      {"nothing comes out", nullptr, 53},
-      {"an empty file", writes(L""), 0},
-      {"not a text", writes(L"\x01\x02,\"\x03"), 0},
-      {"the library is missing", [](auto&, auto&) { throw RuntimeError(ErrorNumber::libraryNotLoadable); }, 48},
-      {"a failure half way", writesAndFails(RuntimeError(ErrorNumber::invalidCall)), 5},
-      {"it says that it stopped half way", writes(L"H\r\nAustria,AT,43"), 75, 0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    installation.decipher = [&](const std::wstring& from, const std::wstring& to) {
-      EXPECT_EQ(machine.turns, 1) << "others wait";
-      if (c.decipher) c.decipher(from, to);
-    };
-    installation.answers[L"DES_decrypt_file"].result = c.result;
-    files.put(decipheredFile, L"H\r\nOld,OL,1");
-    files.put(errorLog, {});
-    EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
-    EXPECT_FALSE(files.exists(decipheredFile));
-    EXPECT_EQ(machine.turns, 0);
-    EXPECT_EQ(loggedErrors(), c.error == 0 ? Texts() : Texts{std::to_wstring(c.error)});
-  }
-  installation.answers.clear();
-  installation.decipher = writesAndFails(std::bad_alloc());
-  EXPECT_EQ(errorOf([&] { random.ShowForm_Remote(); }), 7);
-  EXPECT_FALSE(files.exists(decipheredFile));
-
-  installation.decipher = writes(L"H\r\nAustria,AT,43");
   EXPECT_EQ(offered(L"ran_payee_country").size(), 3U);
+  EXPECT_EQ(machine.turns, 0);
   EXPECT_FALSE(files.exists(decipheredFile));
-  EXPECT_EQ(installation.asked.back(),
-            std::wstring(L"DES_decrypt_file(") + dllPath + L", " + countryFile + L", " + decipheredFile + L")");
 
-  files.put(errorLog, {});
-  files.put(decipheredFile, L"H\r\nOld,OL,1");
-  files.fail(decipheredFile, ErrorNumber::permissionDenied);
-  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere) << "an old copy that somebody holds is not taken for the new";
-  EXPECT_EQ(loggedErrors(), Texts{L"70"});
+  const auto written = std::exchange(installation.decipher, [&](const std::wstring&, const std::wstring& to) {
+    files.put(to, L"H\r\nAustria,AT,43");
+    throw std::bad_alloc();
+  });
+  EXPECT_EQ(errorOf([&] { random.ShowForm_Remote(); }), 7) << "half way";
+  EXPECT_FALSE(files.exists(decipheredFile));
+
+  installation.decipher = written;
+  installation.answers[L"DES_decrypt_file"].result = 0;  // it says that it stopped half way
+  EXPECT_EQ(offered(L"ran_payee_country"), alwaysThere);
+  EXPECT_FALSE(files.exists(decipheredFile));
 }
 
 }  // namespace

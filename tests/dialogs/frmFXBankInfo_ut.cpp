@@ -13,6 +13,7 @@ TEST_F(ForeignBankTest, ARunTimeErrorIsReportedAndLeavesTheDialogOpen) {
     EXPECT_FALSE(biller.seen(greyed).enabled) << greyed << L" is in a frame that cannot be reached, and shows it";
   }
   widgetset.whenModal([this](User& user) {
+    for (const wchar_t* greyed : {L"lblUSABA", L"lblUSBankAccount"}) EXPECT_FALSE(user.seen(greyed).enabled) << greyed;
     put(user, L"txtBankName", L"");
     messages.expect(
         {.text = L"You must enter bank name.", .whileOpen = [] { throw RuntimeError(ErrorNumber::typeMismatch); }});

@@ -188,32 +188,5 @@ TEST(OutsideParties, LetOthersGoOnWhileTheyAreAsked) {
   }
 }
 
-/// A host whose object goes in the middle of an event, whichever it is.
-TEST(OutsideParties, TheHostMayReleaseTheObjectInEveryEvent) {
-  for (const bool focusMoves : {false, true}) {
-    for (const wchar_t* const way : {L"cmd_ok", L"cmd_cancel", L""}) {
-      for (int event = 0; event < 4; ++event) {
-        SCOPED_TRACE(testing::Message() << way << ", event " << event);
-        Asking asking(Scene::verifier);
-        auto object = std::make_unique<ClsRandom>(asking.component, asking.host);
-        int seen = 0;
-        (focusMoves ? asking.host.whenFocusMoves : asking.host.whenTold) = [&] {
-          if (seen++ == event) object.reset();
-        };
-        object->ShowForm_Remote();
-        if (object) {
-          User user = asking.widgetset.user(L"frmRandomInfo");
-          for (int field = 0; field < 3 && user.open(); ++field) user.tab();
-          if (user.open()) *way != L'\0' ? user.click(way) : user.closeBox();
-        }
-        EXPECT_EQ(object == nullptr, seen > event);
-        EXPECT_TRUE(!object || !focusMoves || seen <= event);
-        object.reset();
-        EXPECT_TRUE(asking.component.forms.empty());
-      }
-    }
-  }
-}
-
 }  // namespace
 }  // namespace nv::test

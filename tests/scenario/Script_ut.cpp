@@ -25,7 +25,7 @@ TEST(Script, SaysWhatIsWrongWithALine) {
     const wchar_t* complaint;
   } cases[] = {
       {L"lett PayeeName \"A\"", L"1: there is no command lett; did you mean let?"},
-      {L"\nlet PayeeName", L"2: a word is missing; it is written: let PROPERTY VALUE"},
+      {L"\nlet PayeeName", L"2: a word is missing; it is written: let PROPERTY VALUE [filling | beyond FIELD]..."},
       {L"let PayeeName \"A", L"1: the closing quote of a text is missing"},
       {L"result 0 1", L"1: there is more on the line than the command takes"},
       {L"let FormStyle 32768", L"1: 32768 is no 16-bit number"},

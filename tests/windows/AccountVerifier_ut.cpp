@@ -58,6 +58,7 @@ TEST_F(AccountVerifierTest, WhatCannotBeCreatedOrIsNoVerifierIsError429) {
                     other, 39 * sizeof(wchar_t));
     EXPECT_EQ(nv::test::errorOf(createAccountVerifier), 429);
   }
+  registerVerifier();
 }
 
 }  // namespace

@@ -254,24 +254,6 @@ TEST(ComContract, LateBoundPutsTakeWhatHostsHandOver) {
   EXPECT_EQ(typeMismatch, object->put_NVMemberType(endless));
 }
 
-TEST(ComContract, InstancesOfAThreadShareItsStoreAndThreadsDoNot) {
-  const Apartment apartment;
-  const auto first = server().create();
-  const auto second = server().create();
-  putText(first.Get(), &_ClsRandom::put_PayeeName, L"SHARED");
-  EXPECT_EQ(L"SHARED", getText(second.Get(), &_ClsRandom::get_PayeeName));
-
-  std::wstring elsewhere = L"?";
-  std::thread([&elsewhere] {
-    const Apartment own;
-    const auto object = server().create();
-    elsewhere = getText(object.Get(), &_ClsRandom::get_PayeeName);
-    putText(object.Get(), &_ClsRandom::put_PayeeName, L"OTHER");
-  }).join();
-  EXPECT_EQ(L"", elsewhere);
-  EXPECT_EQ(L"SHARED", getText(first.Get(), &_ClsRandom::get_PayeeName));
-}
-
 TEST(ComContract, TextsKeepEveryCharacter) {
   const Apartment apartment;
   const auto object = server().create();

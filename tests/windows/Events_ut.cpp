@@ -68,13 +68,6 @@ TEST_F(Events, ListenersComeAndGoWhileOneIsRaised) {
   EXPECT_EQ(0U, first.references + second.references + newcomer.references);
 }
 
-/// What the user does, and the event in which the host then lets the object go.
-struct LastEvent {
-  const char* what;
-  DISPID event;
-  std::function<void(HWND dialog)> happens;
-};
-
 void clickOnTransit(HWND dialog) {
   const HWND transit = findControl(dialog, L"txtTransit");
   SendMessageW(transit, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
@@ -84,28 +77,25 @@ void clickOnTransit(HWND dialog) {
 using ReleasingHost = StandInsTest;
 
 TEST_F(ReleasingHost, MayLetGoInsideEveryEvent) {
-  const LastEvent events[] = {
-      {"OK", okEvent, [](HWND dialog) { press(dialog, L"cmd_ok"); }},
-      {"another field", fieldEvent, clickOnTransit},
-      {"Cancel", cancelEvent, [](HWND dialog) { press(dialog, L"cmd_cancel"); }},
-      {"the close box", cancelEvent, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); }},
+  const std::pair<DISPID, std::function<void(HWND dialog)>> events[] = {
+      {okEvent, [](HWND dialog) { press(dialog, L"cmd_ok"); }},
+      {fieldEvent, clickOnTransit},
+      {cancelEvent, [](HWND dialog) { press(dialog, L"cmd_cancel"); }},
   };
-  for (const LastEvent& c : events) {
-    SCOPED_TRACE(c.what);
+  for (const auto& each : events) {
+    SCOPED_TRACE(each.first);
     auto object = Server::get().create();
     set(object.Get(), "individual");
     object->put_Add(1);
     auto point = eventsOf(object.Get());
     const HWND dialog = shownEmbedded(object.Get());
     Sink sink([&](DISPID event, const DISPPARAMS&) {
-      if (event != c.event) return S_OK;
-      point.Reset();
-      object.Reset();
+      if (event == each.first) point.Reset(), object.Reset();
       return S_OK;
     });
     DWORD cookie = 0;
     point->Advise(&sink, &cookie);
-    c.happens(dialog);
+    each.second(dialog);
     EXPECT_EQ(nullptr, object.Get()) << "the event was raised";
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(0U, sink.references) << "the object is gone and has let go of its listener";

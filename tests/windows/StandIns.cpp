@@ -55,6 +55,10 @@ DWORD exitCode(HANDLE process) {
 
 StandInsTest::StandInsTest()
     : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
+  registerVerifier();
+}
+
+void StandInsTest::registerVerifier() {
   host::registerVerifier(hostFolder() / L"NVHostVerifier.dll");
 }
 

@@ -28,6 +28,8 @@ DWORD exitCode(HANDLE process);
 class StandInsTest : public testing::Test {
  protected:
   StandInsTest();
+  /// Makes the stand-in the machine's verifier, as nvhost does.
+  static void registerVerifier();
 
   /// Tells a stand-in what to answer, in the words of the scenario command `verifier`.
   static void tell(const std::wstring& answer) { host::record(host::answersFile, answer); }

@@ -6,6 +6,7 @@
 
 #include "forms/Control.h"
 #include "windows/Handles.h"
+#include "windows/forms/Accessibility.h"
 #include "windows/forms/MessageHandler.h"
 
 namespace nv::windows {
@@ -15,14 +16,16 @@ class FormWindow;
 /// The Shift, Control and Alt keys at the message being handled, as ShiftState bits.
 int shiftState();
 
-class ControlWindow : public forms::ControlPeer, public MessageHandler {
+class ControlWindow : public forms::ControlPeer, public MessageHandler, public Teller {
  public:
   ControlWindow(FormWindow& owner, forms::Control& control)
       : MessageHandler(control.form()), owner_(owner), control_(control) {}
 
+  forms::Control& control() const { return control_; }
   /// The window, or nullptr before `create` and after it was destroyed.
   HWND window() const { return window_; }
-  forms::Control& control() const { return control_; }
+  /// The window that takes the keyboard focus for the control.
+  virtual HWND focusWindow() const { return window_; }
 
   /// Creates the window in `parent`, behind all others there, in the control's current state.
   void create(HWND parent);
@@ -36,6 +39,10 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   void update(forms::Attribute attribute) override;
   void takeFocus() override;
   forms::Selection selection() const override { return {}; }
+
+  // Teller: of the control's window, and of one within it in which its text is typed.
+  Told tell(HWND window) const override;
+  void act(HWND window) const override;
 
   /// A message that a child sends to its parent about itself (WM_COMMAND, WM_NOTIFY, WM_DRAWITEM, WM_CTLCOLOR...),
   /// handed back to the child's ControlWindow. Returns whether it was one, with its result.
@@ -61,20 +68,23 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
   HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
-  forms::Colour background() const { return colours().back; }
-  /// That, and the colour of the text on it.
-  virtual const forms::Colours& colours() const { return control_.colours(); }
-  /// The colours of the frame or form behind the control.
-  const forms::Colours& containerColours() const;
+  forms::Colour background() const { return control_.look().colours.back; }
+  /// The colour of the text on it.
+  COLORREF textColour() const;
+  /// Whether the system takes the window for one that can be used, and draws it so.
+  virtual bool enabled() const { return !control_.look().greyed; }
 
-  /// The window that takes the keyboard focus for the control.
-  virtual HWND focusWindow() const { return window_; }
+  /// Whether the list of a control that has one is open.
+  virtual std::optional<bool> dropped() const { return std::nullopt; }
   /// A button goes down. Returns whether the window is to see it, too.
   bool mouseDown(HWND window, int button, LPARAM lparam);
   /// Where the window stands, in pixels of its parent.
   virtual RECT area() const;
-  /// The same for fields of one line: no taller than their text needs, so that text and label keep to one line.
+  /// The same for fields of one line, and for the labels beside them: as tall as the text needs, in the middle of the
+  /// control's place, so that all texts of a row stand on one line at any dpi and in any font.
   RECT lineArea() const;
+  /// From the top of a field's window, with its edge, to its text, in pixels at any dpi.
+  static constexpr int textInset = 3;
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }
@@ -90,6 +100,7 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler {
   FormWindow& owner_;
   forms::Control& control_;
   HWND window_ = nullptr;
+  Accessibles accessibles_;
   bool discardCharacter_ = false;  // of the key that is down
   bool pressing_ = false;          // a press waits until the field being left has been
   std::optional<LPARAM> release_;  // of the button meanwhile, and where

@@ -14,6 +14,7 @@ class DropDownListWindow final : public ControlWindow {
       : ControlWindow(owner, list), list_(list), text_(list), popup_(*this, list) {}
 
   forms::Selection selection() const override { return text_.selection(); }
+  HWND focusWindow() const override { return text_.window(); }
 
   // For the popup.
 
@@ -30,12 +31,11 @@ class DropDownListWindow final : public ControlWindow {
   RECT area() const override { return lineArea(); }
   bool usesKey(WPARAM key) override;
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
-  HWND focusWindow() const override { return text_.window(); }
+  std::optional<bool> dropped() const override { return popup_.open(); }
 
   void placeText();
   void paint(HDC context);
   void paintEdge();
-  int themedState() const;
   RECT buttonArea() const;
   void moveTo(std::ptrdiff_t row);
   /// The messages of the system's combo boxes, for tools that know how to work those.

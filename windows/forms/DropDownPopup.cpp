@@ -165,15 +165,62 @@ LRESULT DropDownPopup::colourRow(NMLVCUSTOMDRAW& item) const {
   return CDRF_NEWFONT;
 }
 
-std::optional<std::size_t> DropDownPopup::rowAt(LPARAM lparam) const {
+std::optional<std::size_t> DropDownPopup::rowAt(POINT place) const {
   LVHITTESTINFO hit{};
-  hit.pt = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+  hit.pt = place;
   const int row = ListView_SubItemHitTest(rows_, &hit);
   if (row < 0) return std::nullopt;
   return static_cast<std::size_t>(row);
 }
 
+Told DropDownPopup::tell(HWND window) const {
+  if (window != rows_) return {};
+  return {.name = nameOf(list_), .role = ROLE_SYSTEM_LIST};
+}
+
+/// The row's cells, each but the first behind the title of its column.
+std::wstring DropDownPopup::name(long row) const {
+  std::wstring text;
+  for (std::size_t column = 0; column < list_.columns().size(); ++column) {
+    const std::wstring_view cell = list_.cell(static_cast<std::size_t>(row), column);
+    if (cell.empty()) continue;
+    if (column > 0) text.append(L", ").append(list_.columns()[column].title).append(L" ");
+    text.append(cell);
+  }
+  return text;
+}
+
+long DropDownPopup::selected() const {
+  return list_.selectedRow() ? static_cast<long>(*list_.selectedRow()) : -1;
+}
+
+RECT DropDownPopup::area(long row) const {
+  RECT inside;
+  GetClientRect(rows_, &inside);
+  RECT place{};
+  ListView_GetItemRect(rows_, static_cast<int>(row), &place, LVIR_BOUNDS);
+  RECT seen{};
+  IntersectRect(&seen, &inside, &place);
+  MapWindowPoints(rows_, nullptr, reinterpret_cast<POINT*>(&seen), 2);
+  return seen;
+}
+
+long DropDownPopup::at(POINT place) const {
+  ScreenToClient(rows_, &place);
+  const auto row = rowAt(place);
+  return row ? static_cast<long>(*row) : -1;
+}
+
+void DropDownPopup::pick(long row) const {
+  PostMessageW(owner_.window(), CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+}
+
 LRESULT DropDownPopup::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_GETOBJECT) {
+    const auto object = accessibles_.answer(*this, window, wparam, lparam);
+    return object ? *object : pass(window, message, wparam, lparam);
+  }
+  if (message == WM_DESTROY) accessibles_.disconnect(window);
   const auto answer = window == popup_ ? popupReceives(message, lparam) : listReceives(message, lparam);
   return answer ? *answer : pass(window, message, wparam, lparam);
 }
@@ -195,12 +242,13 @@ std::optional<LRESULT> DropDownPopup::popupReceives(UINT message, LPARAM lparam)
 /// The list shows the row under the mouse and gives it to the control; clicks do not reach the list itself, which would
 /// take the focus.
 std::optional<LRESULT> DropDownPopup::listReceives(UINT message, LPARAM lparam) {
+  const POINT place{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
   switch (message) {
     case WM_MOUSEMOVE:
-      if (const auto row = rowAt(lparam)) highlight(*row);
+      if (const auto row = rowAt(place)) highlight(*row);
       return 0;
     case WM_LBUTTONUP:
-      if (const auto row = rowAt(lparam)) owner_.picked(*row);
+      if (const auto row = rowAt(place)) owner_.picked(*row);
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:

@@ -6,13 +6,14 @@
 
 #include "forms/DropDownList.h"
 #include "windows/Handles.h"
+#include "windows/forms/Accessibility.h"
 #include "windows/forms/MessageHandler.h"
 
 namespace nv::windows {
 
 class DropDownListWindow;
 
-class DropDownPopup final : public MessageHandler {
+class DropDownPopup final : public MessageHandler, private Teller, private RowTeller {
  public:
   DropDownPopup(DropDownListWindow& owner, forms::DropDownList& list)
       : MessageHandler(list.form()), owner_(owner), list_(list) {}
@@ -34,6 +35,16 @@ class DropDownPopup final : public MessageHandler {
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   void destroyed(HWND window) override;
+  // Teller: the open list and its rows
+  Told tell(HWND window) const override;
+  const RowTeller* rows(HWND window) const override { return window == rows_ ? this : nullptr; }
+  long count() const override { return static_cast<long>(list_.rows().size()); }
+  std::wstring name(long row) const override;
+  long selected() const override;
+  RECT area(long row) const override;
+  long at(POINT place) const override;
+  void pick(long row) const override;
+
   std::optional<LRESULT> popupReceives(UINT message, LPARAM lparam);
   std::optional<LRESULT> listReceives(UINT message, LPARAM lparam);
   static LRESULT CALLBACK mouseHook(int code, WPARAM wparam, LPARAM lparam);
@@ -43,7 +54,7 @@ class DropDownPopup final : public MessageHandler {
   int heightOf(int rows) const;
   void supplyText(NMLVDISPINFOW& info) const;
   LRESULT colourRow(NMLVCUSTOMDRAW& item) const;
-  std::optional<std::size_t> rowAt(LPARAM lparam) const;
+  std::optional<std::size_t> rowAt(POINT place) const;
   void highlight(std::size_t row);
 
   DropDownListWindow& owner_;
@@ -51,6 +62,7 @@ class DropDownPopup final : public MessageHandler {
   HWND popup_ = nullptr;
   HWND rows_ = nullptr;
   Hook outsideClicks_;
+  Accessibles accessibles_;
 };
 
 }  // namespace nv::windows

@@ -80,7 +80,8 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
       control->attach(controls_.emplace_back(makeControlWindow(*this, *control)).get());
     }
     makeWindows();
-    arrange(true);
+    SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    arrange(Where::centre);
   } catch (...) {
     FormWindow::close();
     throw;
@@ -119,7 +120,8 @@ void FormWindow::update(Attribute attribute) {
       SetWindowTextW(window_, form().caption().c_str());
       break;
     case Attribute::place:
-      arrange(false);
+    case Attribute::size:
+      arrange(attribute == Attribute::size ? Where::here : Where::asFormSays);
       break;
     case Attribute::appearance:
       RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -160,6 +162,7 @@ void FormWindow::runModal() {
 
 void FormWindow::close() {
   enableOthers();  // before the window goes, else another program's window would become the active one
+  tips_.destroy();
   if (HWND const session = std::exchange(session_, nullptr)) DestroyWindow(session);
   if (window_ != nullptr) DestroyWindow(window_);
   focusRestorer_.reset();
@@ -205,12 +208,13 @@ ControlWindow* FormWindow::controlOf(HWND window) const {
   return found == controls_.end() ? nullptr : found->get();
 }
 
-void FormWindow::arrange(bool centre) {
+void FormWindow::arrange(Where where) {
+  const bool centre = where == Where::centre;
   const SIZE content{scale_.pixels(form().place().width), scale_.pixels(form().place().height)};
   scroller_.setContent(content);
   if (embedded()) {
     SetWindowPos(window_, nullptr, scale_.pixels(form().place().left), scale_.pixels(form().place().top), content.cx,
-                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE | (where == Where::here ? SWP_NOMOVE : 0U));
     return;
   }
   RECT frame{0, 0, content.cx, content.cy};
@@ -245,7 +249,7 @@ void FormWindow::rescale(int dpi) {
   if (dpi == scale_.dpi()) return;
   scale_ = Scale(dpi);
   scroller_ = Scroller(window_);
-  arrange(false);
+  arrange(Where::asFormSays);
   for (const auto& control : controls_) control->rescale();
 }
 
@@ -285,13 +289,29 @@ void FormWindow::giveFocusBack() {
   }
 }
 
+void FormWindow::noticeRelease(UINT message) {
+  const bool input = (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_KEYDOWN;
+  if (input && form().loaded() && !pressed()) form().released();
+}
+
 // Messages
+
+Told FormWindow::tell(HWND /*window*/) const {
+  return {.name = form().caption(), .role = embedded() ? ROLE_SYSTEM_GROUPING : ROLE_SYSTEM_DIALOG};
+}
 
 LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (window != window_ && message != WM_ENDSESSION) return pass(window, message, wparam, lparam);
+  tips_.heard(window, message, wparam, lparam);
   LRESULT result = 0;
   if (ControlWindow::reflect(*this, message, wparam, lparam, result)) return result;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto object = accessibles_.answer(*this, window, wparam, lparam)) return *object;
+      break;
+    case WM_DESTROY:
+      accessibles_.disconnect(window);
+      break;
     case WM_CLOSE:
       form().unload(UnloadMode::user);
       return 0;
@@ -319,6 +339,10 @@ LRESULT FormWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lpa
         static_cast<ControlWindow*>(active->peer())->type(static_cast<wchar_t>(wparam));
       }
       return 0;
+    case WM_UPDATEUISTATE:
+      // Some hosts hide the focus until a key is pressed. Ours is always seen.
+      if (LOWORD(wparam) == UIS_SET) wparam &= ~static_cast<WPARAM>(MAKEWPARAM(0, UISF_HIDEFOCUS));
+      break;
     case WM_WINDOWPOSCHANGED:
       adoptParent();
       break;

@@ -12,10 +12,11 @@
 #include "windows/forms/Graphics.h"
 #include "windows/forms/MessageHandler.h"
 #include "windows/forms/Scroller.h"
+#include "windows/forms/Tips.h"
 
 namespace nv::windows {
 
-class FormWindow final : public forms::FormPeer, private MessageHandler {
+class FormWindow final : public forms::FormPeer, private MessageHandler, private Teller {
  public:
   FormWindow(forms::Form& form, Palette& palette);
   ~FormWindow() override;
@@ -26,16 +27,21 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   void runModal() override;
   void close() override;
   void sendKey(wchar_t key) override;
+  bool pressed() const override { return GetKeyState(VK_LBUTTON) < 0; }
   std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window_); }
 
   // For the windows of the controls.
 
   HWND window() const { return window_; }
+  using MessageHandler::form;
   const Scale& scale() const { return scale_; }
+  Tips& tips() { return tips_; }
   HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
   HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
   int lineHeight(const forms::Font& font) { return palette_.lineHeight(font, scale_.dpi()); }
-  HICON icon(std::wstring_view resource, int width, int height) { return palette_.icon(resource, width, height); }
+  HICON icon(std::wstring_view resource, int width, int height, bool alive) {
+    return palette_.icon(resource, width, height, alive);
+  }
   /// Where a control stands in its parent window, in pixels, the scrolled part of the form taken into account.
   RECT placeOf(const forms::Control& control) const;
   /// The control whose window, or a window within it, this is; nullptr for windows of others.
@@ -47,12 +53,19 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
   void makeWindows();
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
+  /// A message to one of the windows was handled: tells the form if by then the mouse has been let go, here or
+  /// elsewhere.
+  void noticeRelease(UINT message);
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
+  Told tell(HWND window) const override;
   void destroyed(HWND window) override;
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
-  void arrange(bool centre);
+  /// Sizes the window by its form, and places it: in the middle of its owner, where an embedded form says, or not at
+  /// all.
+  enum class Where { centre, asFormSays, here };
+  void arrange(Where where);
   void rescale(int dpi);
   void adoptParent();
   void paintBackground(HDC context) const;
@@ -65,10 +78,12 @@ class FormWindow final : public forms::FormPeer, private MessageHandler {
 
   Palette& palette_;
   HWND window_ = nullptr;
+  Accessibles accessibles_;
   std::optional<FocusRestorer> focusRestorer_;  // of a modal form
   HWND session_ = nullptr;                      // of an embedded form
   Scale scale_;
   Scroller scroller_;
+  Tips tips_{*this};
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
 };

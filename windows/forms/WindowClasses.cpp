@@ -39,7 +39,8 @@ void registerWindowClasses() {
   WNDCLASSEXW known{};
   known.cbSize = sizeof(known);
   if (GetClassInfoExW(moduleInstance(), std::rbegin(classes)->name, &known)) return;
-  INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX), ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES};
+  INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX),
+                                ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
   for (const WindowClass& each : classes) {
     WNDCLASSEXW description{};

@@ -23,7 +23,8 @@ std::wstring helpLibraryPath() {
   return joined(directory(GetSystemDirectoryW), L"hhctrl.ocx");
 }
 
-/// The viewer's function, or nullptr. Its library stays loaded: its windows outlive the call.
+/// The viewer's function, or nullptr. Its library stays loaded: its windows outlive the call. It is asked for each
+/// time: what a function keeps in a static is made under a lock, and loading a library may wait for other threads.
 HtmlHelpFunction htmlHelp() {
   const HMODULE library = loadLibrary(helpLibraryPath());
   if (library == nullptr) return nullptr;
@@ -38,8 +39,8 @@ int Shell::open(const std::wstring& address) {
 }
 
 void Shell::showHelp(const std::wstring& file, std::uint32_t topic, std::intptr_t window) {
-  static const HtmlHelpFunction show = htmlHelp();
-  if (show != nullptr) show(reinterpret_cast<HWND>(window), file.c_str(), helpByContextNumber, topic);
+  if (const HtmlHelpFunction show = htmlHelp())
+    show(reinterpret_cast<HWND>(window), file.c_str(), helpByContextNumber, topic);
 }
 
 }  // namespace nv::windows

@@ -89,6 +89,62 @@ TEST_F(Surroundings, AModalFormDisablesTheHostsWindowsOnly) {
   EXPECT_TRUE(IsWindowEnabled(hosts));
 }
 
+/// Works off messages, which the mouse and timers make, until something is so.
+template <class Condition>
+void await(WindowsWidgetset& widgetset, Condition&& condition) {
+  constexpr DWORD longest = 5000;  // ms
+  const ULONGLONG end = GetTickCount64() + longest;
+  while (!condition() && GetTickCount64() < end) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, longest, QS_ALLINPUT);
+    widgetset.runPendingEvents();
+  }
+  EXPECT_TRUE(condition());
+}
+
+TEST_F(Surroundings, ATextThatIsCutOffIsShownWholeByATip) {
+  form->second.setText(L"12345 NORTH INTERNATIONAL BOULEVARD, BUILDING 7");
+  form->box.setPlace({0, 600, 3000, 1200});
+  form->second.setPlace({150, 300, 1500, 330});
+  form->box.setEnabled(false);
+  form->show();
+  RECT field;
+  GetWindowRect(findControl(window(), L"second"), &field);
+  SetCursorPos(field.left + 40, field.top + 8);
+  SendMessageW(window(), WM_UPDATEUISTATE, MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS), 0);
+  EXPECT_EQ(SendMessageW(findControl(window(), L"go"), WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+  std::wstring shown(200, L'\0');
+  await(widgetset, [&] {
+    const HWND tip = FindWindowW(TOOLTIPS_CLASSW, nullptr);
+    if (tip == nullptr || !IsWindowVisible(tip)) return false;
+    shown.resize(static_cast<std::size_t>(GetWindowTextW(tip, shown.data(), 200)));
+    return true;
+  });
+  EXPECT_EQ(shown, form->second.text());
+  form->unload();
+  EXPECT_EQ(FindWindowW(TOOLTIPS_CLASSW, nullptr), nullptr);
+}
+
+BOOL CALLBACK noteName(HWND window, LPARAM names) {
+  const std::wstring name = nameOf(window);
+  if (!name.empty()) reinterpret_cast<std::vector<std::wstring>*>(names)->push_back(name);
+  return TRUE;
+}
+
+TEST_F(Surroundings, AControlGetsItsWindowWhenItIsFirstSeenInTheOrderOfAll) {
+  for (forms::Control* control : {static_cast<forms::Control*>(&form->box), static_cast<forms::Control*>(&form->tick)})
+    control->setVisible(false);
+  form->show();
+  EXPECT_EQ(findControl(window(), L"second"), nullptr);
+  form->tick.setVisible(true);
+  form->box.setVisible(true);
+  std::vector<std::wstring> expected;
+  for (const forms::Control* control : form->controls()) expected.push_back(control->fullName());
+  std::vector<std::wstring> names;
+  EnumChildWindows(window(), noteName, reinterpret_cast<LPARAM>(&names));
+  EXPECT_EQ(names, expected);
+  form->unload();
+}
+
 TEST_F(Surroundings, AClickElsewhereClosesTheListAndItsArrowComesUp) {
   form->show();
   const auto up = arrow();
@@ -103,12 +159,7 @@ TEST_F(Surroundings, AClickElsewhereClosesTheListAndItsArrowComesUp) {
   click[0].mi.dwFlags |= MOUSEEVENTF_LEFTDOWN;
   click[1].mi.dwFlags |= MOUSEEVENTF_LEFTUP;
   SendInput(2, click, sizeof(INPUT));
-  constexpr DWORD longest = 5000;  // ms
-  const ULONGLONG end = GetTickCount64() + longest;
-  for (const HWND opened = openList(); IsWindowVisible(opened) && GetTickCount64() < end;) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, longest, QS_ALLINPUT);
-    widgetset.runPendingEvents();
-  }
+  await(widgetset, [opened = openList()] { return !IsWindowVisible(opened); });
   EXPECT_EQ(arrow(), up);
   form->unload();
 }
