@@ -61,7 +61,7 @@ std::string quantity(const Quartiles& of) {
     double size;
     const char* name;
   };
-  constexpr Unit units[] = {{1 << 10, "KB"}, {1e-3, "ms"}, {1e-6, "us"}, {1e-9, "ns"}};
+  constexpr Unit units[] = {{1 << 10, "KB"}, {1, "bytes"}, {1e-3, "ms"}, {1e-6, "us"}, {1e-9, "ns"}};
   const Unit* unit = units;
   while (unit + 1 != std::end(units) && of.median < unit->size) ++unit;
   char text[64];

@@ -66,7 +66,7 @@ struct Heard {
   std::wstring (*ask)(HWND window);
 };
 
-constexpr Heard aspects[] = {
+constexpr Heard heardAspects[] = {
     {L"name", nameOf},
     {L"role", roleOf},
     {L"key", [](HWND window) { return textOf(window, &IAccessible::get_accKeyboardShortcut); }},
@@ -80,11 +80,11 @@ constexpr Heard aspects[] = {
 }  // namespace
 
 bool isHeard(std::wstring_view aspect) {
-  return std::ranges::find(aspects, aspect, &Heard::aspect) != std::end(aspects);
+  return std::ranges::find(heardAspects, aspect, &Heard::aspect) != std::end(heardAspects);
 }
 
 std::wstring hear(HWND window, HWND field, std::wstring_view aspect) {
-  const auto ask = std::ranges::find(aspects, aspect, &Heard::aspect)->ask;
+  const auto ask = std::ranges::find(heardAspects, aspect, &Heard::aspect)->ask;
   std::wstring heard = ask(window);
   if (field == window || ask == roleOf) return heard;
   const std::wstring inField = nameOf(field);
