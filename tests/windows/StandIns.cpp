@@ -53,8 +53,24 @@ DWORD exitCode(HANDLE process) {
   return code;
 }
 
-StandInsTest::StandInsTest()
-    : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
+namespace {
+
+/// Where the tests of this run have their installations. A second run of the same program waits here until the first
+/// has ended.
+std::filesystem::path installationsFolder() {
+  const std::wstring name = program().stem().wstring();
+  static const host::Handle turn(CreateMutexW(nullptr, FALSE, (L"NVRandom.Tests." + name).c_str()));
+  WaitForSingleObject(turn.get(), INFINITE);
+  return programFolder() / L"installations" / name;
+}
+
+}  // namespace
+
+void StandInsTest::tell(const std::wstring& answer) {
+  EXPECT_TRUE(host::record(host::answersFile, answer));
+}
+
+StandInsTest::StandInsTest() : installation(installationsFolder() / nameOfTest(), hostFolder() / L"standins") {
   registerVerifier();
 }
 

@@ -32,7 +32,7 @@ class StandInsTest : public testing::Test {
   static void registerVerifier();
 
   /// Tells a stand-in what to answer, in the words of the scenario command `verifier`.
-  static void tell(const std::wstring& answer) { host::record(host::answersFile, answer); }
+  static void tell(const std::wstring& answer);
   /// Makes the object's record that of the biller, in this installation.
   void set(_ClsRandom* object, const std::string& biller) const;
   /// What the stand-ins have been asked since the last call, a line each.
