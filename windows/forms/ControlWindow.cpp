@@ -33,7 +33,11 @@ void ControlWindow::rescale() {
 }
 
 void ControlWindow::update(Attribute attribute) {
-  if (window_ != nullptr) apply(attribute);
+  if (window_ != nullptr) {
+    apply(attribute);
+  } else if (attribute == Attribute::visible) {
+    owner_.makeWindows();
+  }
 }
 
 void ControlWindow::takeFocus() {

@@ -48,6 +48,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   ControlWindow* controlOf(HWND window) const;
   /// Scrolls so that the control can be seen.
   void bringIntoView(const forms::Control& control);
+  /// Makes the windows that are missing. A control has one from when it can first be seen: it and the frames around it
+  /// are visible.
+  void makeWindows();
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
   /// The mouse goes down in a control's window. A host may have shown the form while it was held down: that is no
@@ -61,7 +64,6 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   Told tell(HWND window) const override;
   void destroyed(HWND window) override;
-  void makeControls();
   /// Gives the window its size as the form says, within the work area of its screen, and its place: in the middle of
   /// its owner, where an embedded form says, or the one that it has.
   enum class Where { centre, asFormSays, here };
