@@ -26,6 +26,14 @@ inline constexpr Colours buttonFace{system(15), system(18)};
 inline constexpr Colours blackOnWhite{0x00FFFFFFU, 0x00000000U};
 }  // namespace colours
 
+/// How a control is to be drawn.
+struct Look {
+  bool alive = true;    // the user can work with it: arrows, marks, icons and links show that
+  bool greyed = false;  // its text is written in the system's grey
+  Colours colours;
+  friend bool operator==(const Look&, const Look&) = default;
+};
+
 /// A font by name and size in points; what the machine does not have is replaced by the system's nearest.
 struct Font {
   std::wstring name = L"MS Sans Serif";

@@ -2,6 +2,7 @@
 
 #include "forms/Form.h"
 #include "forms/Frame.h"
+#include "forms/Label.h"
 
 namespace nv::forms {
 
@@ -40,6 +41,9 @@ void Control::setEnabled(bool enabled) {
   if (enabled == enabled_) return;
   enabled_ = enabled;
   changed(Attribute::enabled);
+  for (Control* other : form().controls()) {
+    if (other->standsIn(*this)) other->lookChanged();
+  }
   form().leaveUnreachable();
 }
 
@@ -49,8 +53,35 @@ bool Control::reachable() const {
   return control == nullptr;
 }
 
+bool Control::blocked() const {
+  const Control* control = this;
+  while (control != nullptr && control->enabled()) control = control->frame();
+  return control != nullptr;
+}
+
+bool Control::standsIn(const Control& other) const {
+  const Control* around = frame();
+  while (around != nullptr && around != &other) around = around->frame();
+  return around != nullptr;
+}
+
 bool Control::takesInput() const {
   return reachable() && !form().busy();
+}
+
+Look Control::look() const {
+  const bool field = kind_ == Kind::textBox || kind_ == Kind::comboBox || kind_ == Kind::dropDownList;
+  const bool label = kind_ == Kind::label;
+  const bool text = field || label || kind_ == Kind::frame || kind_ == Kind::hyperlink;
+  const bool seenThrough =
+      kind_ == Kind::image || kind_ == Kind::picture || (label && static_cast<const Label&>(*this).transparent());
+  Look look;
+  look.alive = !blocked() && usable();
+  look.greyed = blocked() && !(text && form().forReading());
+  look.colours = colours_;
+  if (field && !look.alive) look.colours = colours::buttonFace;
+  if (seenThrough) look.colours = frame() != nullptr ? frame()->colours() : form().colours();
+  return look;
 }
 
 void Control::setColours(const Colours& colours) {

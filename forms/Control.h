@@ -83,9 +83,14 @@ class Control {
   bool available() const { return visible_ && enabled_; }
   /// Available, and so is every frame around it.
   bool reachable() const;
+  /// Whether the control is disabled, by itself or by a frame around it. What is hidden is not asked: it has no look.
+  bool blocked() const;
   /// Reachable, and the form is not busy. Whatever a widgetset reports of the user, by whichever route, is asked this.
   bool takesInput() const;
 
+  /// How it is drawn: by its own colours, its kind, and whether it can be used. The only place that decides about it.
+  Look look() const;
+  /// The control's own colours, whatever it looks like.
   const Colours& colours() const { return colours_; }
   void setColours(const Colours& colours);
   const Font& font() const { return font_; }
@@ -108,6 +113,8 @@ class Control {
   virtual bool takesFocus() const { return false; }
   /// Whether Tab stops here (asked of reachable controls that take the focus).
   virtual bool tabStop() const { return true; }
+  /// Whether there is something to do with it while it is not blocked.
+  virtual bool usable() const { return true; }
   bool hasFocus() const;
   /// Asks for the focus. Does nothing when the control does not take it, is not reachable, or its form is not shown.
   void setFocus();
@@ -126,6 +133,9 @@ class Control {
   /// For the form: what the control's mnemonic does once the control has the focus.
   virtual void useMnemonic() {}
 
+  /// For the form: the look is another one, though no attribute of the control is.
+  void lookChanged() { changed(Attribute::enabled); }
+
   /// For the widgetset: connects or (nullptr) disconnects the control's window.
   void attach(ControlPeer* peer) { peer_ = peer; }
   ControlPeer* peer() const { return peer_; }
@@ -137,6 +147,7 @@ class Control {
 
  private:
   static const std::wstring& noCaption();
+  bool standsIn(const Control& frame) const;
 
   Parent parent_;
   Kind kind_;

@@ -29,9 +29,10 @@ void Form::setCaption(std::wstring caption) {
 }
 
 void Form::setSize(Twips width, Twips height) {
+  if (width == place_.width && height == place_.height) return;
   place_.width = width;
   place_.height = height;
-  if (peer_) peer_->update(Attribute::place);
+  if (peer_) peer_->update(Attribute::size);
 }
 
 void Form::move(Twips left, Twips top) {
@@ -180,6 +181,20 @@ void Form::tab(bool backward) {
 void Form::focusByKeyboard(Control& control) {
   control.onKeyboardFocus();
   focus(control);
+}
+
+void Form::setForReading() {
+  forReading_ = true;
+  for (Control* control : controls_) control->lookChanged();
+}
+
+void Form::rearrange() {
+  arrangeWhenReleased_ = peer_ && peer_->pressed();
+  if (!arrangeWhenReleased_) arrange();
+}
+
+void Form::released() {
+  if (std::exchange(arrangeWhenReleased_, false)) arrange();
 }
 
 void Form::sendKey(wchar_t key) {

@@ -76,11 +76,18 @@ class Form : public std::enable_shared_from_this<Form> {
   /// gotFocus. A control that the focus only passed through has neither. Does nothing when the control cannot have the
   /// focus now.
   void focus(Control& control);
+  /// A form for reading: its texts are not greyed, whatever keeps the user out of them.
+  bool forReading() const { return forReading_; }
+  void setForReading();
   /// While it lives, the user can only close the form: an outside party that is called meanwhile may dispatch messages.
   struct Busy : ScopedValue<bool> {
     explicit Busy(Form& form) : ScopedValue(form.busy_, true) {}
   };
   bool busy() const { return busy_; }
+
+  /// Something was shown or hidden: arranges the controls anew, at once or when the user lets go of the mouse. What is
+  /// being pressed must not move away from under it.
+  void rearrange();
 
   /// Queues a keystroke for the control that has the focus when the key is handled: not before the handlers of the
   /// character that is being typed have returned, even if they dispatch messages.
@@ -98,6 +105,8 @@ class Form : public std::enable_shared_from_this<Form> {
   wchar_t characterTyped(Control& control, wchar_t character);
   /// Alt with a character. True when a control claimed it.
   bool mnemonicTyped(wchar_t character);
+  /// The mouse was let go.
+  void released();
   /// The window was destroyed from outside: the form unloads. A modal one gets Form_QueryUnload afterwards, with
   /// UnloadMode::owner; whoever embeds a form and destroys it need not be told.
   void windowGone();
@@ -117,6 +126,8 @@ class Form : public std::enable_shared_from_this<Form> {
   virtual void Form_KeyPress(wchar_t& /*key*/) {}
   /// F1 was pressed in the control. Returns whether there is help.
   virtual bool Form_Help(const Control& /*control*/) { return false; }
+  /// Gives the controls and the form their places.
+  virtual void arrange() {}
   /// The form is gone, whichever way; its controls still hold their values.
   virtual void Form_Unload() noexcept {}
 
@@ -147,12 +158,14 @@ class Form : public std::enable_shared_from_this<Form> {
   Control* focused_ = nullptr;  // the control whose gotFocus was raised and whose lostFocus is due
   enum class Life { fresh, loaded, gone } life_ = Life::fresh;
   bool shown_ = false;
+  bool forReading_ = false;
   bool busy_ = false;
   bool showWhenLoaded_ = false;
   bool typing_ = false;         // the handlers of a character are running
   std::wstring keysToSend_;     // by them
   bool askedToUnload_ = false;  // not by code; Form_QueryUnload is running
   bool windowGone_ = false;     // the window was destroyed from outside
+  bool arrangeWhenReleased_ = false;
 };
 
 /// Unloads a form on leaving a scope, however that is left.

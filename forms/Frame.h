@@ -1,5 +1,5 @@
-// A frame: a captioned box around other controls. A hidden frame hides them, a disabled one blocks input to them and
-// leaves their look as it is.
+// A frame: a captioned box around other controls. A hidden frame hides them, a disabled one blocks input to
+// them, and they look so.
 #pragma once
 
 #include "forms/Control.h"

@@ -33,19 +33,29 @@ class Label : public CaptionedControl {
   bool transparent_ = true;
 };
 
-/// A label that is a link: a click, Enter or Space on it raises `click`. Without a text there is nothing to click.
+/// A label that is a link: a click, Enter or Space on it raises `click`. Without a text there is nothing to click; one
+/// that leads nowhere is passed over by Tab and looks like text.
 class Hyperlink : public CaptionedControl {
  public:
   Hyperlink(Parent parent, Name name, std::wstring caption = {})
       : CaptionedControl(parent, Kind::hyperlink, name, std::move(caption)) {}
 
-  bool takesFocus() const override { return !caption().empty(); }
+  void setLeads(bool leads) {
+    if (leads == leads_) return;
+    leads_ = leads;
+    changed(Attribute::appearance);
+  }
+  bool usable() const override { return leads_ && !caption().empty(); }
+  bool takesFocus() const override { return usable(); }
   bool useKey(const KeyDown& key) override;
 
   /// For the widgetset: the user clicked.
   void clicked() {
     if (takesInput() && !caption().empty()) click.raise();
   }
+
+ private:
+  bool leads_ = true;
 };
 
 }  // namespace nv::forms

@@ -16,8 +16,9 @@ class Form;
 /// What of a control or form has changed; the window reads the new state from the control itself.
 enum class Attribute {
   place,
+  size,  // of a form, which stays where it is
   visible,
-  enabled,
+  enabled,     // of the control or of what it stands in: whether and how it can be used
   text,        // text of a field, caption of anything else
   selection,   // selected part of a field's text
   limit,       // maximum length
@@ -67,6 +68,9 @@ class FormPeer {
 
   /// Queues a keystroke: it reaches the control that has the focus once the keys before it are handled.
   virtual void sendKey(wchar_t key) = 0;
+
+  /// Whether the user holds the mouse down. Form::released is called when that is over.
+  virtual bool pressed() const = 0;
 
   /// The window as a host sees it.
   virtual std::intptr_t handle() const = 0;

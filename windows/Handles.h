@@ -74,6 +74,7 @@ struct GdiTraits : NullableTraits<Handle> {
 };
 using FontHandle = Unique<GdiTraits<HFONT>>;
 using Brush = Unique<GdiTraits<HBRUSH>>;
+using Bitmap = Unique<GdiTraits<HBITMAP>>;
 
 struct MemoryDcTraits : NullableTraits<HDC> {
   static void close(Value value) { DeleteDC(value); }

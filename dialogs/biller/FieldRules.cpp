@@ -79,6 +79,7 @@ void frmRandomInfo::showConfirmation(bool visible) {
   const std::initializer_list<forms::Control*> row = {&lblConfirm,    &lblTransitConf, &txtTransitConf, &lblBankIdConf,
                                                       &txtBankIDConf, &lblAccountConf, &txtAccountConf};
   for (forms::Control* control : row) control->setVisible(visible);
+  rearrange();
 }
 
 }  // namespace nv

@@ -49,7 +49,7 @@ void frmRandomInfo::SetFXBiller(bool isFX) {
                                                                &chkBNNotAvailable};
   for (forms::Control* control : domesticOnly) control->setEnabled(!isFX);
   if (isFX) optCBusiness.setSelected(true);
-  switchBusinessNumber(!isFX);
+  txtBusinessNum.setEnabled(!isFX);
   cmdFXBankingInfo.setVisible(isFX);
   lblFXBankingInfo.setVisible(isFX);
   fraBankAcctInfo.setVisible(!isFX);
@@ -58,6 +58,21 @@ void frmRandomInfo::SetFXBiller(bool isFX) {
   } else {
     for (forms::TextBox* code : {&txtPhoneCountryCode, &txtFaxCountryCode}) code->setText(L"1");
   }
+  rearrange();
+}
+
+/// Why a foreign bank is wanted, and how to get to it from here.
+void frmRandomInfo::explainForeignBank() {
+  std::wstring explained = foreignBankExplained;
+  if (cmdFXBankingInfo.visible()) {
+    std::wstring button = cmdFXBankingInfo.caption();
+    std::erase(button, L'&');
+    explained += L" Please click the \"" + button + L"\" button below to " + (readOnly_ ? L"view it." : L"enter it.");
+  } else {
+    explained += readOnly_ ? L" No such information has been entered for this biller."
+                           : L" Once such a currency has been chosen in the list above, it can be entered from here.";
+  }
+  lblFXBankingInfo.setCaption(std::move(explained));
 }
 
 /// The flag ends only at home: when country and currency are both domestic again.

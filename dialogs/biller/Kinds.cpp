@@ -8,13 +8,13 @@ namespace {
 void optCBusiness_Click(frmRandomInfo& form) {
   if (form.chkBNNotAvailable.checked() || !form.optCBusiness.enabled()) return;
   form.chkBNNotAvailable.setEnabled(true);
-  form.switchBusinessNumber(true);
+  form.txtBusinessNum.setEnabled(true);
   form.txtBusinessNum.setFocus();
 }
 
 void optCIndividual_Click(frmRandomInfo& form) {
   form.chkBNNotAvailable.setEnabled(false);
-  form.switchBusinessNumber(false);
+  form.txtBusinessNum.setEnabled(false);
   form.chkBNNotAvailable.setChecked(false);
   form.txtBusinessNum.setText({});
   for (forms::TextBox* phone : {&form.ran_Inter_payee_phone, &form.ran_payee_ph_area}) {
@@ -27,7 +27,7 @@ void optCIndividual_Click(frmRandomInfo& form) {
 void chkBNNotAvailable_Click(frmRandomInfo& form) {
   const bool unavailable = form.chkBNNotAvailable.checked();
   if (unavailable && !form.optCBusiness.selected()) form.optCBusiness.setSelected(true);
-  if (form.optCBusiness.selected()) form.switchBusinessNumber(!unavailable);
+  if (form.optCBusiness.selected()) form.txtBusinessNum.setEnabled(!unavailable);
 }
 
 void optBusiness_Click(frmRandomInfo& form) {
@@ -48,11 +48,6 @@ void frmRandomInfo::connectKinds() {
     fraBankAcctInfo.setEnabled(true);
     txtTransit.setFocus();
   });
-}
-
-void frmRandomInfo::switchBusinessNumber(bool on) {
-  txtBusinessNum.setEnabled(on);
-  txtBusinessNum.setColours(on ? forms::colours::window : forms::colours::buttonFace);
 }
 
 }  // namespace nv

@@ -1,5 +1,5 @@
-// Where the biller dialog's controls stand: two columns of fields, the biller kind, the bank block. The rows are the
-// same in every mode; a mode stacks the blocks that it shows.
+// Where the biller dialog's controls stand: two columns of fields, the biller kind, the bank block. There is one
+// arrangement for all modes: what is hidden takes no room.
 #include <algorithm>
 
 #include "dialogs/biller/frmRandomInfo.h"
@@ -27,7 +27,8 @@ constexpr Twips dialogFoot = 500;        // below the buttons
 constexpr Twips underBankInfo = 100;     // in the United States layout
 constexpr Twips noteUnderFrame = 40;
 
-/// Name and account, and the two columns of the address block over the kind of biller.
+/// Name and account, and the two columns of the address block over the kind of biller. Of a private person's address
+/// there is only a place for mail, which has both columns.
 void arrangeAddress(frmRandomInfo& form) {
   constexpr Twips headFields = blockLeft + 2100, headPitch = 285;
   form.Label1.setPlace({blockLeft + leftLabels, frameHead, 1800, textHeight});
@@ -37,7 +38,8 @@ void arrangeAddress(frmRandomInfo& form) {
   form.ran_payee_account.setPlace({headFields, frameHead + headPitch, 6000, textHeight});
 
   form.Label3.setPlace({leftLabels, blockWithoutHead + 15, 9000, textHeight});
-  constexpr Twips firstRow = blockWithoutHead + textHeight + gap;
+  const bool whole = form.Label3.visible();
+  const Twips firstRow = blockWithoutHead + (whole ? textHeight + gap : 0);
   Grid left(leftLabels, leftFields, firstRow);
   left.row(form.lblStreet, {form.ran_payee_street}).mark(form.lblAsterisk[0]);
   left.row(form.lblCity, {form.ran_payee_city}).mark(form.lblAsterisk[1]);
@@ -46,37 +48,37 @@ void arrangeAddress(frmRandomInfo& form) {
   left.row(form.lblPostalCode, {form.ran_payee_postal}).mark(form.lblAsterisk[4]);
   left.row(form.lblCurrency, {form.cmbCurrencyCode});
 
-  Grid right(rightLabels, rightFields, firstRow);
+  Grid right(whole ? rightLabels : leftLabels, whole ? rightFields : individualFields, firstRow);
   const auto phoneRow = [&right](forms::Label& label, forms::Label& plus, forms::TextBox& country, forms::TextBox& area,
                                  forms::TextBox& number, forms::TextBox& international, forms::Image& help) {
-    const Twips top = right.top();
-    right.row(label, {{plus, 105}, country, area, number});
-    international.move(area.place().left, top);
-    help.setPlace({helpColumn, top + (fieldHeight - iconSize) / 2, iconSize, iconSize});
+    right.row(label, {{plus, 105}, country, area, number}).help(help, helpColumn);
+    international.move(area.place().left, area.place().top);
   };
   phoneRow(form.lblPhoneNo, form.Label19, form.txtPhoneCountryCode, form.ran_payee_ph_area, form.ran_payee_phone,
            form.ran_Inter_payee_phone, form.imgHelpCSFTInfo[1]);
   right.mark(form.lblAsterisk[6]);
   phoneRow(form.lblFax, form.Label20, form.txtFaxCountryCode, form.ran_payee_fax_area, form.ran_payee_faxnumber,
            form.ran_inter_payee_faxnumber, form.imgHelpCSFTInfo[2]);
-  right.row(form.lblEmail, {form.ran_payee_email}).mark(form.lblAsterisk[2]).help(form.imgHelpCSFTInfo[3]);
+  const Twips mailWidth = whole ? form.ran_payee_www.place().width : characters(form.ran_payee_email.maxLength());
+  right.row(form.lblEmail, {{form.ran_payee_email, mailWidth}})
+      .mark(form.lblAsterisk[2])
+      .help(form.imgHelpCSFTInfo[3], helpColumn);
   right.row(form.lblWebsite, {form.ran_payee_www});
   right.row(form.lblContact, {form.ran_payee_contact});
   right.row({{form.chkDiscountsApply, 2880}});
   form.lblNotification.setPlace({leftLabels, left.top(), 6000, textHeight});
 
-  constexpr Twips kindLeft = leftLabels - blockLeft;  // in line with the labels above
-  Grid kind(kindLeft, kindLeft, blockWithoutHead);
+  Grid kind(leftLabels, leftLabels, blockWithoutHead);
   kind.row({{form.optCBusiness, 1200},
             {form.optCIndividual, 1320},
             {form.lblBN, 2640},
             form.txtBusinessNum,
             {form.chkBNNotAvailable, 1440}});
-  kind.mark(form.lblAsterisk[7]).help(form.imgHelpCSFTInfo[4]);
-  form.fraBusinessNum.setPlace(
-      {blockLeft, std::max(left.bottom(), right.bottom()) + gap, blockWidth - 2 * blockLeft, kind.bottom() + gap});
-  form.Frame3.setPlace(
-      {blockLeft, frameHead + headPitch + textHeight + gap, blockWidth, form.fraBusinessNum.place().bottom() + gap});
+  kind.mark(form.lblAsterisk[7]).help(form.imgHelpCSFTInfo[4], helpColumn - blockLeft);
+  Twips end = std::max(left.bottom(), right.bottom()) + gap;
+  form.fraBusinessNum.setPlace({blockLeft, end, blockWidth - 2 * blockLeft, kind.bottom() + gap});
+  if (whole) end += gap + (form.fraBusinessNum.visible() ? form.fraBusinessNum.place().height : 0);
+  form.Frame3.setPlace({blockLeft, frameHead + headPitch + textHeight + gap, blockWidth, end});
 }
 
 /// The bank account, over the row in which it is confirmed.
@@ -103,14 +105,15 @@ void arrangeBankAccount(frmRandomInfo& form) {
     Grid(column.left, fields, frameHead).row(column.label, {column.field}).mark(column.mark);
     Grid(column.left + column.confirmIndent, fields, confirmTop).row(column.confirmLabel, {column.confirmField});
   }
-  form.imgHelpCSFTInfo[5].setPlace(
-      {form.txtAccount.place().right() + 60, frameHead + (fieldHeight - iconSize) / 2, iconSize, iconSize});
-  form.lblConfirm.setPlace(besideField(leftLabels, confirmTop, 720));
+  Grid rows(leftLabels, leftLabels, frameHead);
+  rows.row({{form.lblbankTransit, form.lblbankTransit.place().width}}).help(form.imgHelpCSFTInfo[5], helpColumn);
+  rows.row({{form.lblConfirm, 720}});
   Grid(leftLabels, leftLabels, confirmTop).row({{form.optBusiness, 1200}, {form.optEmployee, 1200}});
-  form.lbl_note.setPlace({leftLabels, confirmTop + rowPitch, 9600, textHeight});
+  form.lbl_note.setPlace({leftLabels, rows.top(), 9600, textHeight});
   for (forms::Label* label : {&form.lblbkclk, &form.lblbankaccount})
     label->setPlace({leftLabels, confirmTop, 3000, textHeight});
-  form.fraBankAcctInfo.setPlace({blockLeft, 0, blockWidth, form.lbl_note.place().bottom() + gap});
+  const Twips end = form.lbl_note.visible() ? form.lbl_note.place().bottom() : rows.bottom();
+  form.fraBankAcctInfo.setPlace({blockLeft, 0, blockWidth, end + gap});
 }
 
 /// The bank of a biller in the United States.
@@ -127,81 +130,50 @@ void arrangeBankInfo(frmRandomInfo& form) {
   form.fraBankInfo.setPlace({blockLeft, 0, blockWidth, form.ctHyperLink1.place().bottom() + gap});
 }
 
-/// Puts the blocks of Frame1 below each other, from Frame3 on; the bank blocks share one place.
-/// @param below room between the last block and the end of Frame1.
+/// Puts what is seen of these, from Frame3 on, below each other, and fits Frame1 around them.
+/// @param below room between the last one and the end of Frame1.
 void stack(frmRandomInfo& form, std::initializer_list<forms::Control*> blocks, Twips below) {
   Twips top = form.Frame3.place().top;
-  Twips bottom = top;
+  forms::Place last;
   for (forms::Control* block : blocks) {
+    if (!block->visible()) continue;
     block->move(block->place().left, top);
-    bottom = block->place().bottom();
-    top = bottom + gap;
+    last = block->place();
+    top = last.bottom() + gap;
   }
-  form.Frame1.setPlace({margin, margin, frameWidth, bottom + below});
+  // Where it is hidden, what is measured from it still ends there.
+  if (!form.fraBankInfo.visible()) form.fraBankInfo.setPlace({blockLeft, last.top, blockWidth, last.height});
+  form.Frame1.setPlace({margin, margin, frameWidth, last.bottom() + below});
 }
 
 void putUnderFrame1(frmRandomInfo& form) {
   const Twips bottom = form.Frame1.place().bottom();
-  form.Label15.move(form.Label15.place().left, bottom + noteUnderFrame);
-  for (forms::Control* button : {&form.cmdCheque, &form.cmd_help, &form.cmd_ok, &form.cmd_cancel}) {
-    button->move(button->place().left, bottom + gap);
+  form.Label15.setPlace({margin + blockLeft + leftLabels, bottom + noteUnderFrame, 4200, textHeight});
+  const std::pair<forms::Control&, Twips> buttons[] = {
+      {form.cmd_cancel, buttonWidth}, {form.cmd_ok, buttonWidth}, {form.cmd_help, buttonWidth}, {form.cmdCheque, 2100}};
+  Twips right = margin + frameWidth;
+  for (const auto& [button, width] : buttons) {
+    button.setPlace({right - width, bottom + gap, width, buttonHeight});
+    if (button.visible()) right -= width + gap;
   }
-  form.setSize(frameWidth + 2 * margin, form.cmd_ok.place().top + form.cmd_ok.place().height + dialogFoot);
+  form.setSize(frameWidth + 2 * margin, form.cmd_ok.place().bottom() + dialogFoot);
 }
 
 }  // namespace
 
 void frmRandomInfo::arrange() {
+  explainForeignBank();
   arrangeAddress(*this);
   arrangeBankAccount(*this);
   arrangeBankInfo(*this);
   lblFXBankingInfo.setPlace({blockLeft + leftLabels, 0, blockWidth - 2 * leftLabels, 2 * textHeight});
   cmdFXBankingInfo.setPlace({blockLeft + leftLabels, 0, 2700, buttonHeight});
   Label14.setPlace({blockLeft + leftLabels, 0, 9000, textHeight});
-  Label15.setPlace({margin + blockLeft + leftLabels, 0, 4200, textHeight});
-  const std::pair<forms::Control&, Twips> buttons[] = {
-      {cmd_cancel, buttonWidth}, {cmd_ok, buttonWidth}, {cmd_help, buttonWidth}, {cmdCheque, 2100}};
-  Twips rightEdge = margin + frameWidth;
-  for (const auto& [button, width] : buttons) {
-    button.setPlace({rightEdge - width, 0, width, buttonHeight});
-    rightEdge -= width + gap;
+  if (domestic()) {
+    stack(*this, {&Frame3, &lblFXBankingInfo, &cmdFXBankingInfo, &fraBankAcctInfo, &Label14}, gap);
+  } else {
+    stack(*this, {&Frame3, &Label14, &cmdFXBankingInfo, &fraBankAcctInfo, &fraBankInfo}, underBankInfo);
   }
-  arrangeBusiness();
-}
-
-void frmRandomInfo::arrangeBusiness() {
-  stack(*this, {&Frame3, &lblFXBankingInfo, &fraBankAcctInfo, &Label14}, gap);
-  cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, fraBankAcctInfo.place().top);
-  putUnderFrame1(*this);
-}
-
-void frmRandomInfo::arrangeUnitedStates() {
-  Frame3.setPlace({Frame3.place().left, Frame3.place().top, blockWidth, frame3Height_ - fraBusinessNum.place().height});
-  // Without banking details to enter the dialog is no taller than what it shows.
-  if (!fraBankInfo.visible()) {
-    fraBankInfo.setPlace({blockLeft, 0, blockWidth, fraBankAcctInfo.place().height});
-  }
-  stack(*this, {&Frame3, &Label14, &fraBankInfo}, underBankInfo);
-  fraBankAcctInfo.move(blockLeft, fraBankInfo.place().top);
-  cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, fraBankInfo.place().top);
-  putUnderFrame1(*this);
-}
-
-void frmRandomInfo::arrangeIndividual() {
-  Grid grid(leftLabels, individualFields, blockWithoutHead);
-  grid.row(lblEmail, {{ran_payee_email, characters(ran_payee_email.maxLength())}})
-      .mark(lblAsterisk[2])
-      .help(imgHelpCSFTInfo[3]);
-  Frame3.setPlace({blockLeft, Frame3.place().top, blockWidth, grid.bottom() + gap});
-  stack(*this, {&Frame3, &fraBankAcctInfo, &Label14}, gap);
-  putUnderFrame1(*this);
-}
-
-/// The button to a foreign bank, for a biller that is not shown as an international one: below everything else.
-void frmRandomInfo::arrangeBankButton() {
-  const forms::Place frame = Frame1.place();
-  cmdFXBankingInfo.move(cmdFXBankingInfo.place().left, frame.height);
-  Frame1.setPlace({frame.left, frame.top, frame.width, frame.height + buttonHeight + gap});
   putUnderFrame1(*this);
 }
 

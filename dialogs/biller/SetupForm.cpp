@@ -63,7 +63,6 @@ void selectDiscounts(frmRandomInfo& form) {
 
 void frmRandomInfo::Form_Load() {
   trace(component(), L"RandomInfo - Form_Load");
-  frame3Height_ = Frame3.place().height;
   SetupForm();
   opening_ = {txtAccount.text(), txtBankID.text(), txtTransit.text(), txtRoutingNumber.text(),
               txtBankAccountNumber.text()};
@@ -154,7 +153,7 @@ void frmRandomInfo::SetupBusinessForm() {
   }
   lblNotification.setVisible(false);
   fraBusinessNum.setVisible(domestic());
-  switchBusinessNumber(!international_ && !chkBNNotAvailable.checked());
+  txtBusinessNum.setEnabled(!international_ && !chkBNNotAvailable.checked());
   chkBNNotAvailable.setColours(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(optionalAccountCaption);
   cmdCheque.setVisible(false);
@@ -162,22 +161,20 @@ void frmRandomInfo::SetupBusinessForm() {
   lbl_note.setVisible(domestic());
   chkDiscountsApply.setVisible(domestic());
   cmbCurrencyCode.setEnabled(domestic());
-  if (domestic()) {
-    arrangeBusiness();
-    return;
+  if (!domestic()) {
+    ran_payee_country.setEnabled(false);
+    txtBankName.setText(store().PayeeFXBankName);
+    const ForeignAccount stored = foreignAccount(store());
+    txtRoutingNumber.setText(stored.number);
+    txtBankAccountNumber.setText(stored.account);
   }
-  ran_payee_country.setEnabled(false);
-  txtBankName.setText(store().PayeeFXBankName);
-  const ForeignAccount stored = foreignAccount(store());
-  txtRoutingNumber.setText(stored.number);
-  txtBankAccountNumber.setText(stored.account);
-  arrangeUnitedStates();
+  rearrange();
 }
 
 void frmRandomInfo::SetupIndividualForm() {
   trace(component(), L"RandomInfo - SetupIndividualForm");
   fraBusinessNum.setEnabled(false);
-  switchBusinessNumber(false);
+  txtBusinessNum.setEnabled(false);
   chkBNNotAvailable.setEnabled(false);
   chkBNNotAvailable.setColours(forms::colours::buttonFace);
   fraBankAcctInfo.setCaption(accountCaption);
@@ -193,9 +190,9 @@ void frmRandomInfo::SetupIndividualForm() {
        std::initializer_list<forms::Control*>{&lbl_note, &lblFXBankingInfo, &cmdFXBankingInfo})
     control->setVisible(false);
   fraBankAcctInfo.setVisible(true);
-  arrangeIndividual();
   lblEmail.setCaption(L"Recipient Email Address");
   fraBankInfo.setVisible(false);
+  rearrange();
 }
 
 void frmRandomInfo::selectCurrency() {
@@ -213,7 +210,8 @@ void frmRandomInfo::Form_Activate() {
     fraBankInfo.setEnabled(false);
   }
   if (fraBankInfo.enabled() || Frame1.enabled()) ctHyperLink1.setEnabled(true);
-  if (!Frame1.enabled()) cmd_ok.setFocus();  // nothing is left but to close
+  ctHyperLink1.setLeads(!trimmed(store().USBillPaymentURL).empty());
+  if (readOnly_ && activeControl() == nullptr) cmd_ok.setFocus();
 }
 
 }  // namespace nv

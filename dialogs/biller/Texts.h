@@ -13,7 +13,7 @@ inline constexpr const wchar_t* optionalAccountCaption = L"Bank Account Number t
 
 inline constexpr const wchar_t* foreignBankExplained =
     L"Payments in currencies other than \"CAD\" (Canadian Dollars) must include specific information about the bank "
-    L"account being transferred to. Please click the \"Enter Banking Information\" button below to enter it.";
+    L"account being transferred to.";
 
 inline constexpr const wchar_t* invalidMail = L"Please enter a valid e-mail address with the form 'name@example.com'.";
 inline constexpr const wchar_t* invalidWebsite = L"Please enter a valid website with the form\r\n'www.example.com'.";

@@ -51,7 +51,7 @@ frmRandomInfo::frmRandomInfo(Component& component, Border border)
   connectFields(rows());
   connectKinds();
   connectButtons();
-  arrange();
+  rearrange();
 }
 
 /// So that the host can scroll an embedded dialog.
@@ -62,21 +62,23 @@ void frmRandomInfo::reportTop(const forms::Control& field) {
 void frmRandomInfo::showReadOnly() {
   readOnly_ = true;
   Frame1.setCaption(L"Information about this Biller/Payee");
+  setForReading();
   for (forms::Frame* fields : {&Frame3, &fraBankAcctInfo, &fraBankInfo}) fields->setEnabled(false);
-  if (trimmed(store().PayeeFXBankCity).empty()) {
-    Frame1.setEnabled(false);
-  } else {
+  const bool foreignBank = !trimmed(store().PayeeFXBankCity).empty();
+  if (foreignBank) {
     cmdFXBankingInfo.setCaption(L"View Banking Information");
-    if (!cmdFXBankingInfo.visible()) {
-      cmdFXBankingInfo.setVisible(true);
-      arrangeBankButton();
-    }
+  } else {
+    Frame1.setEnabled(false);
   }
+  cmdFXBankingInfo.setVisible(foreignBank);
+  // Nothing is to be entered: what speaks of that goes, and so do the help images that cannot be clicked.
+  for (forms::Label& mark : lblAsterisk) mark.setVisible(false);
+  for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(image.visible() && !image.blocked());
+  for (forms::Label* request : {&Label14, &Label15}) request->setVisible(false);
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
-  cmd_help.setPlace(cmd_ok.place());
-  cmd_ok.setPlace(cmd_cancel.place());
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
+  rearrange();
 }
 
 void frmRandomInfo::Form_KeyPress(wchar_t& key) {

@@ -57,9 +57,6 @@ class frmRandomInfo : public FieldForm {
   std::int32_t closeResult() const { return closeResult_; }
   static constexpr std::int32_t cancelledResult = 50000;
 
-  /// The business number's field, open or closed to entry, in the colour that says so.
-  void switchBusinessNumber(bool on);
-
   // The controls, in tab order: the order in which a person fills them.
   forms::Frame Frame1{*this, L"Frame1",
                       L"Please enter the following information about this Customer Specific Biller/Funds Transfer"};
@@ -192,11 +189,7 @@ class frmRandomInfo : public FieldForm {
   void SetupIndividualForm();
 
   // Where everything stands (Layout.cpp).
-  void arrange();
-  void arrangeBusiness();
-  void arrangeUnitedStates();
-  void arrangeIndividual();
-  void arrangeBankButton();
+  void arrange() override;
 
   // The biller kind and payment kind (Kinds.cpp).
   void connectKinds();
@@ -212,6 +205,7 @@ class frmRandomInfo : public FieldForm {
 
   // The international state and the decisions that lead to it (International.cpp).
   void SetFXBiller(bool isFX);
+  void explainForeignBank();
   void clearForeignCurrencyAtHome();
   void SetFXPhoneNumber(bool isFX);
   void ShowFXBankingInfoScreen();
@@ -263,7 +257,6 @@ class frmRandomInfo : public FieldForm {
   bool readOnly_ = false;         // shown for viewing only
   bool confirming_ = false;       // the bank account is being entered a second time
   std::int32_t closeResult_ = 0;
-  forms::Twips frame3Height_ = 0;  // as designed
 };
 
 }  // namespace nv

@@ -88,6 +88,7 @@ void frmFXBankInfo::showConfirmation(Section& section) {
     box->setEnabled(true);
   }
   for (forms::TextBox* box : {&section.account, &section.number}) box->setPasswordChar(maskCharacter);
+  rearrange();
 }
 
 /// Leads the user to the confirmation that is missing or wrong.

@@ -30,7 +30,7 @@ frmFXBankInfo::frmFXBankInfo(Component& component, bool domestic)
   onClick(cmd_cancel, [this] { unload(); });
   // Not traced: it only notes the key, which decides whether the province is completed.
   cmbBankProv.keyDown = [this](forms::KeyDown& key) { lastKeyInProvince_ = key.code; };
-  arrange();
+  rearrange();
 }
 
 void frmFXBankInfo::arrange() {
@@ -53,7 +53,7 @@ void frmFXBankInfo::arrange() {
     grid.row(section->numberLabel, {section->number}).row(section->accountLabel, {section->account});
     grid.row(section->confirmLabel, {section->numberConf}).row({section->accountConf});
     fit(section->frame, above->place().bottom() + gap, grid);
-    above = &section->frame;
+    if (section->frame.visible()) above = &section->frame;
   }
 
   const forms::Twips buttons = above->place().bottom() + margin;
@@ -148,9 +148,12 @@ frmFXBankInfo::Details frmFXBankInfo::details() const {
 }
 
 void frmFXBankInfo::showReadOnly() {
+  setForReading();
   cmd_ok.setVisible(false);
   cmd_cancel.setCaption(L"Close");
+  (inUnitedStates() ? fraIntlBanks : fraUSBanks).setVisible(false);  // there is nothing in it
   for (forms::Frame* frame : {&FraBankName, &fraIntlBanks, &fraUSBanks}) frame->setEnabled(false);
+  rearrange();
 }
 
 // The sections
@@ -190,6 +193,7 @@ void frmFXBankInfo::closeConfirmation(Section& section) {
     box->setEnabled(false);
     box->setVisible(false);
   }
+  rearrange();
 }
 
 void frmFXBankInfo::cmbBankCountry_LostFocus() {

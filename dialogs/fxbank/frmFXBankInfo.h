@@ -99,7 +99,7 @@ class frmFXBankInfo : public FieldForm {
 
   /// What is known of each field.
   std::vector<Field> rows();
-  void arrange();
+  void arrange() override;
 
   void EnableUSBankDetails();
   void EnableIntlBankDetails();
@@ -115,8 +115,8 @@ class frmFXBankInfo : public FieldForm {
   Verdict checkInternational() const;
   Verdict checkUnitedStates() const;
   Verdict confirm(Section& section);
-  static void showConfirmation(Section& section);
-  static void closeConfirmation(Section& section);
+  void showConfirmation(Section& section);
+  void closeConfirmation(Section& section);
   static Verdict sendToConfirmation(Section& section);
 
   Section international_{fraIntlBanks,   lblSwiftNumber, txtSwiftNumber,     lblBankAccount,

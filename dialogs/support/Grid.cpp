@@ -43,22 +43,24 @@ Grid& Grid::row(forms::Control& label, std::initializer_list<Field> fields) {
 
 Grid& Grid::row(std::initializer_list<Field> fields) {
   Twips left = fields_;
+  bool visible = false;
   for (const Field& field : fields) {
     field.control.setPlace(centred(field.control.kind(), left, top_, field.width));
     left += field.width + besideGap;
+    visible = visible || field.control.visible();
   }
-  right_ = left;
-  top_ += design::rowPitch;
+  last_ = top_;
+  if (visible) top_ += design::rowPitch;
   return *this;
 }
 
 Grid& Grid::mark(forms::Control& mark) {
-  mark.setPlace(besideField(labels_ - markWidth, top_ - design::rowPitch, markWidth));
+  mark.setPlace(besideField(labels_ - markWidth, last_, markWidth));
   return *this;
 }
 
-Grid& Grid::help(forms::Control& icon) {
-  icon.setPlace(centred(Kind::image, right_, top_ - design::rowPitch, design::iconSize));
+Grid& Grid::help(forms::Control& icon, Twips left) {
+  icon.setPlace(centred(Kind::image, left, last_, design::iconSize));
   return *this;
 }
 

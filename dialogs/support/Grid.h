@@ -39,14 +39,14 @@ class Grid {
   /// @param labels left edge of the labels. @param fields left edge of the fields. @param top top of the first row.
   Grid(forms::Twips labels, forms::Twips fields, forms::Twips top) : labels_(labels), fields_(fields), top_(top) {}
 
-  /// A row: the label, then the fields side by side.
+  /// A row: the label, then the fields side by side. A row of which nothing is visible takes no room.
   Grid& row(forms::Control& label, std::initializer_list<Field> fields);
   /// A row of fields alone.
   Grid& row(std::initializer_list<Field> fields);
   /// Puts a required-field mark beside the label of the last row, all marks in one column.
   Grid& mark(forms::Control& mark);
-  /// Puts a help icon behind the fields of the last row.
-  Grid& help(forms::Control& icon);
+  /// Puts a help icon into the last row.
+  Grid& help(forms::Control& icon, forms::Twips left);
 
   /// Top of the next row.
   forms::Twips top() const { return top_; }
@@ -57,7 +57,7 @@ class Grid {
   forms::Twips labels_;
   forms::Twips fields_;
   forms::Twips top_;
-  forms::Twips right_ = 0;  // behind the fields of the last row
+  forms::Twips last_ = top_;  // top of the last row
 };
 
 /// Stands a line of text on the baseline of a field whose top is `fieldTop`.

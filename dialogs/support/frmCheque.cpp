@@ -35,7 +35,7 @@ frmCheque::frmCheque(Component& component)
   setCaption(L"Sample Cheque");
   setSize(9000, 4740);
   picture.setPlace({180, 180, 8640, 3720});
-  Label1.setPlace({180, 4170, 1500, 240});
+  Label1.setPlace({180, 4155, 1500, 240});
   cmbBankName.setPlace({1740, 4110, 3900, 330});
   cmbBankName.click = [this] {
     const std::size_t row = cmbBankName.selectedRow().value_or(0);

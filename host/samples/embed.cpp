@@ -1,7 +1,7 @@
 // A complete host: shows the biller dialog in a window of its own, prints its events and the record that comes back.
-// It needs Windows and the interface header alone:
+// It needs Windows and the interface header alone; in the folder of the package:
 //
-//   cl /EHsc /std:c++17 /I include embed.cpp ole32.lib oleaut32.lib user32.lib gdi32.lib
+//   cl /EHsc /std:c++17 /I include samples\embed.cpp ole32.lib oleaut32.lib user32.lib gdi32.lib
 //   embed C:\Apps\NORVIK\Bin\                                              (the folder of your installation)
 #include <comutil.h>
 #include <wrl/client.h>

@@ -1,5 +1,6 @@
 #include "scenario/native/Look.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <iterator>
 #include <vector>
@@ -72,8 +73,8 @@ std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstr
   }
   if (aspect == L"backcolor") {
     const auto* const label = dynamic_cast<const forms::Label*>(&control);
-    if (label == nullptr || !label->transparent()) return shownColour(seen.colours.back);
-    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).colours.back
+    if (label == nullptr || !label->transparent()) return shownColour(seen.look.colours.back);
+    return shownColour(control.frame() != nullptr ? user.seen(control.frame()->fullName()).look.colours.back
                                                   : user.form().colours().back);
   }
   forms::Place place = seen.place;
@@ -96,11 +97,55 @@ std::wstring lookAtForm(const User& user, const std::wstring& aspect) {
   return lookAt(embedded ? place : forms::Place{0, 0, place.width, place.height}, aspect);
 }
 
+namespace {
+
+struct Shown {
+  const forms::Control* control;
+  forms::Place place;
+};
+
+/// What can be used looks so, and nothing else does; a form for reading greys no text.
+void checkLook(const User& user, const forms::Control& control) {
+  const std::wstring name = control.fullName();
+  const forms::Look& look = user.seen(name).look;
+  const bool open = user.enabled(name);
+  if (look.alive && !open) throw Failure(name + L" looks as if it could be used");
+  if (look.greyed && open) throw Failure(name + L" is greyed");
+  if (!look.greyed && !open && !user.form().forReading()) throw Failure(name + L" is not greyed");
+  if (dynamic_cast<const forms::TextField*>(&control) == nullptr) return;
+  if ((look.colours == forms::colours::window) != open) throw Failure(name + L" has the wrong background");
+}
+
+void checkOverlaps(const std::vector<Shown>& shown) {
+  for (const auto& [control, place] : shown) {
+    for (const auto& [other, second] : shown) {
+      if (other == control) break;
+      if (other->frame() == control->frame() && place.left < second.right() && second.left < place.right() &&
+          place.top < second.bottom() && second.top < place.bottom()) {
+        throw Failure(control->fullName() + L" overlaps " + other->fullName());
+      }
+    }
+  }
+}
+
+/// Nothing of what stands in a frame, or on the form itself, is further from what is above it, or from the end, than
+/// `most`.
+void checkHoles(std::vector<Shown> shown, const forms::Frame* frame, forms::Twips height, forms::Twips most) {
+  std::erase_if(shown, [frame](const Shown& each) { return each.control->frame() != frame; });
+  std::ranges::sort(shown, {}, [](const Shown& each) { return each.place.top; });
+  forms::Twips end = 0;
+  for (const auto& [control, place] : shown) {
+    if (place.top - end > most) throw Failure(L"a hole above " + control->fullName());
+    end = std::max(end, place.bottom());
+  }
+  if (height - end > most)
+    throw Failure(L"a hole at the end of " + (frame != nullptr ? frame->fullName() : L"the form"));
+}
+
+}  // namespace
+
 void checkLayout(const User& user) {
-  struct Shown {
-    const forms::Control* control;
-    forms::Place place;
-  };
+  constexpr forms::Twips mostInFrames = 300, mostInForms = 500;
   std::vector<Shown> shown;
   for (const forms::Control* control : user.form().controls()) {
     if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});
@@ -112,14 +157,12 @@ void checkLayout(const User& user) {
     if (place.left < 0 || place.top < 0 || place.right() > around.width || place.bottom() > around.height) {
       throw Failure(control->fullName() + L" reaches out of what it stands in");
     }
-    for (const auto& [other, second] : shown) {
-      if (other == control) break;
-      if (other->frame() == frame && place.left < second.right() && second.left < place.right() &&
-          place.top < second.bottom() && second.top < place.bottom()) {
-        throw Failure(control->fullName() + L" overlaps " + other->fullName());
-      }
-    }
+    checkLook(user, *control);
+    if (control->kind() == forms::Kind::frame)
+      checkHoles(shown, static_cast<const forms::Frame*>(control), place.height, mostInFrames);
   }
+  checkOverlaps(shown);
+  checkHoles(shown, nullptr, user.form().place().height, mostInForms);
 }
 
 }  // namespace nv::scenario

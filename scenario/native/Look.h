@@ -16,8 +16,8 @@ std::wstring truth(bool value);
 std::wstring lookAtControl(const User& user, const std::wstring& name, std::wstring_view aspect);
 std::wstring lookAtForm(const User& user, const std::wstring& aspect);
 
-/// Fails when something that can be seen in the form has no size, overlaps something else, or reaches out of what it
-/// stands in.
+/// Fails when something that can be seen in the form has no size, overlaps something else, reaches out of what it
+/// stands in, looks other than it can be used, or leaves a hole.
 void checkLayout(const User& user);
 
 }  // namespace nv::scenario

@@ -212,6 +212,7 @@ User NativeStage::activeUser() {
 User NativeStage::reaching(Dialog dialog, const std::wstring& control) {
   User user = userOf(dialog);
   if (!user.has(control)) throw Failure(L"there is no control " + control);
+  checkLayout(user);
   if (!user.visible(control)) throw Failure(control + L" is not visible");
   if (!user.enabled(control)) throw Failure(control + L" is disabled");
   if (!widgetset_.takesInput(*widgetset_.window(user.form()))) throw Failure(control + L" is behind a modal window");

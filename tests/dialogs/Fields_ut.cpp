@@ -9,16 +9,7 @@
 
 namespace nv::test {
 
-class Fields : public BillerTest {
- protected:
-  /// The dialog as it is set up, windows and all.
-  void inDialog(const std::function<void(const frmRandomInfo&)>& look) {
-    const auto form = std::make_shared<frmRandomInfo>(component, forms::Border::embedded);
-    form->load();
-    look(*form);
-    form->unload();
-  }
-};
+using Fields = BillerTest;
 
 /// Every field that can be typed into, in tab order, each with its own row.
 void expectRows(const FieldForm& form) {
@@ -85,38 +76,12 @@ TEST_F(Fields, EveryValueOfTheRecordHasAField) {
 #include "component/core/properties.def"
 }
 
-/// Of each layout: everything has a place, and nothing that is seen lies over its neighbours.
+/// Where it is seen, it is checked whenever a scenario is played.
 TEST_F(Fields, EverythingHasAPlace) {
-  const std::pair<const char*, std::function<void()>> layouts[] = {
-      {"business", [] {}},
-      {"individual", [this] { individual(); }},
-      {"international", [this] { international(); }},
-      {"United States", [this] { unitedStates(); }},
-      {"United States without permission",
-       [this] {
-         unitedStates();
-         component.store.UserBankAcctPermission = flagFalse;
-       }},
-  };
-  const Store record = component.store;
-  for (const auto& [name, prepare] : layouts) {
-    SCOPED_TRACE(name);
-    prepare();
-    inDialog([](const frmRandomInfo& form) {
-      for (const forms::Control* control : form.controls()) {
-        const forms::Place& place = control->place();
-        EXPECT_TRUE(place.left > 0 && place.width > 0 && place.height > 0) << control->fullName() << " has no place";
-        for (const forms::Control* other : form.controls()) {
-          if (other == control || other->frame() != control->frame()) continue;
-          if (!control->visible() || !other->visible()) continue;
-          const forms::Place& there = other->place();
-          EXPECT_TRUE(place.right() <= there.left || there.right() <= place.left || place.bottom() <= there.top ||
-                      there.bottom() <= place.top)
-              << control->fullName() << " lies over " << other->fullName();
-        }
-      }
-    });
-    component.store = record;
+  const frmRandomInfo form(component, forms::Border::embedded);
+  for (const forms::Control* control : form.controls()) {
+    const forms::Place& place = control->place();
+    EXPECT_TRUE(place.left > 0 && place.width > 0 && place.height > 0) << control->fullName() << " has no place";
   }
 }
 

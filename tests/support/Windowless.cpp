@@ -33,11 +33,14 @@ void ControlWindow::update(Attribute aspect) {
     case Attribute::place:
       seen_.place = control_.place();
       break;
+    case Attribute::size:  // a form's
+      break;
     case Attribute::visible:
       seen_.visible = control_.visible();
       break;
     case Attribute::enabled:
       seen_.enabled = control_.enabled();
+      seen_.look = control_.look();
       break;
     case Attribute::text:
       seen_.text = field_ != nullptr ? field_->text() : control_.caption();
@@ -54,7 +57,7 @@ void ControlWindow::update(Attribute aspect) {
       if (const auto* box = dynamic_cast<forms::TextBox*>(field_)) seen_.mask = box->passwordChar();
       break;
     case Attribute::appearance:
-      seen_.colours = control_.colours();
+      seen_.look = control_.look();
       seen_.font = control_.font();
       break;
     case Attribute::value:
@@ -206,7 +209,7 @@ FormWindow::~FormWindow() {
 
 void FormWindow::update(Attribute aspect) {
   if (aspect == Attribute::text) title_ = form_.caption();
-  if (aspect == Attribute::place) place_ = form_.place();
+  if (aspect == Attribute::place || aspect == Attribute::size) place_ = form_.place();
 }
 
 void FormWindow::show(bool modal) {

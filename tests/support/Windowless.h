@@ -29,7 +29,7 @@ struct Seen {
   std::wstring text{};
   int maxLength = 0;
   wchar_t mask = 0;
-  forms::Colours colours{};
+  forms::Look look{};
   forms::Font font{};
   bool checked = false;
   std::vector<std::wstring> rows{};
@@ -85,6 +85,7 @@ class FormWindow : public forms::FormPeer {
   void runModal() override;
   void close() override;
   void sendKey(wchar_t key) override { queue_.push_back(key); }
+  bool pressed() const override { return false; }
   std::intptr_t handle() const override { return handle_; }
 
   forms::Form& form() const { return form_; }

@@ -19,7 +19,7 @@ TEST(Version, IsThatOfTheProject) {
   EXPECT_EQ(numbers, L"" NV_VERSION);
   ASSERT_TRUE(
       VerQueryValueW(block.data(), const_cast<wchar_t*>(L"\\StringFileInfo\\040904B0\\ProductVersion"), &value, &size));
-  EXPECT_STREQ(static_cast<const wchar_t*>(value), L"" NV_VERSION);
+  EXPECT_TRUE(std::wstring_view(static_cast<const wchar_t*>(value)).starts_with(L"" NV_VERSION "+"));  // the commit
 }
 
 namespace {

@@ -41,7 +41,9 @@ std::string describe(ITypeInfo* info, UINT index) {
   FUNCDESC* function = nullptr;
   if (FAILED(info->GetFuncDesc(index, &function))) return "?";
   Bstr name;
-  info->GetDocumentation(function->memid, name.out(), nullptr, nullptr, nullptr);
+  Bstr help;  // what an object browser tells
+  info->GetDocumentation(function->memid, name.out(), help.out(), nullptr, nullptr);
+  EXPECT_FALSE(view(help.get()).empty()) << "no help for " << narrow(view(name.get()));
   std::string type = typeName(function->elemdescFunc.tdesc);
   if (function->cParams == 1) type = typeName(function->lprgelemdescParam[0].tdesc);
   if (type == "HRESULT") type = "void";

@@ -3,6 +3,7 @@
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/EditText.h"
 #include "windows/forms/FormWindow.h"
+#include "windows/forms/ListArrow.h"
 
 namespace nv::windows {
 
@@ -61,6 +62,7 @@ class ComboBoxWindow final : public ControlWindow {
     const int row = static_cast<int>(SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
     SetWindowPos(window(), nullptr, place.left, place.top, place.right - place.left, height + droppedRows * row,
                  SWP_NOZORDER | SWP_NOACTIVATE);
+    hideSelection();
   }
 
   void showEntries() {
@@ -87,6 +89,39 @@ class ComboBoxWindow final : public ControlWindow {
     if (!closes || SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) == 0) return false;
     SendMessageW(window(), CB_SHOWDROPDOWN, FALSE, 0);
     return true;
+  }
+
+  LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
+    const LRESULT result = ControlWindow::handle(window, message, wparam, lparam);
+    if (window != this->window()) {
+      if (message == WM_KILLFOCUS) hideSelection();
+      return result;
+    }
+    if (message == WM_PRINTCLIENT) paintOver(reinterpret_cast<HDC>(wparam));
+    if (message == WM_PAINT) {
+      const HDC context = GetDC(window);
+      paintOver(context);
+      ReleaseDC(window, context);
+    }
+    return result;
+  }
+
+  /// The system keeps showing what is selected in a box that is left, and selects all in one that is resized.
+  void hideSelection() {
+    constexpr auto none = static_cast<WPARAM>(-1);
+    if (!comboBox_.hasFocus()) SendMessageW(text_.window(), EM_SETSEL, none, 0);
+  }
+
+  /// The system draws its arrow as a button where it can be typed into the box, and in use whenever its window is.
+  void paintOver(HDC context) {
+    RECT inside;
+    GetClientRect(window(), &inside);
+    const int dpi = owner().scale().dpi();
+    InflateRect(&inside, -systemMetric(SM_CXEDGE, dpi), -systemMetric(SM_CYEDGE, dpi));
+    const RECT arrow = arrowArea(inside, dpi);
+    const bool open = SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+    FillRect(context, &arrow, owner().brush(background()));
+    paintArrow(window(), context, arrow, comboBox_.look().alive, open);
   }
 
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }

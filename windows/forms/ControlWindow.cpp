@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "forms/Frame.h"
 #include "forms/TextField.h"
 #include "platform/ScopedValue.h"
 #include "windows/forms/FormWindow.h"
@@ -20,7 +19,7 @@ void ControlWindow::create(HWND parent) {
   const Native kind = native();
   // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
   const DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS | (control_.takesFocus() ? WS_TABSTOP : 0) |
-                      (control_.visible() ? WS_VISIBLE : 0) | (control_.enabled() ? 0 : WS_DISABLED);
+                      (control_.visible() ? WS_VISIBLE : 0) | (enabled() ? 0 : WS_DISABLED);
   window_ = createWindow({kind.windowClass, style, kind.extendedStyle}, control_.caption().c_str(), area(), parent);
   nameWindow(window_, control_.fullName());
   created();
@@ -57,7 +56,8 @@ void ControlWindow::apply(Attribute attribute) {
       ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
       break;
     case Attribute::enabled:
-      EnableWindow(window_, control_.enabled());
+      EnableWindow(window_, enabled());
+      RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
       break;
     case Attribute::text:
       SetWindowTextW(window_, control_.caption().c_str());
@@ -76,10 +76,14 @@ RECT ControlWindow::area() const {
 }
 
 RECT ControlWindow::lineArea() const {
-  constexpr int edges = 8;  // the window's edges and what an edit control keeps free inside them, in pixels at any dpi
+  constexpr int below = 5;  // the text, its window's edge included
+  const forms::Place& place = control_.place();
+  const Scale& scale = owner_.scale();
+  const int height = textInset + owner_.lineHeight(control_.font()) + below;
+  const int middle = scale.pixels(place.top + place.height / 2) - scale.pixels(place.top);
   RECT area = owner_.placeOf(control_);
-  const int spare = area.bottom - area.top - owner_.lineHeight(control_.font()) - edges;
-  if (spare > 0) InflateRect(&area, 0, -spare / 2);
+  area.top += middle - height / 2;
+  area.bottom = area.top + height;
   return area;
 }
 
@@ -91,13 +95,13 @@ void ControlWindow::place() {
 
 HBRUSH ControlWindow::handleCtlColor(HDC context) {
   SetBkColor(context, rgb(background()));
-  SetTextColor(context, rgb(colours().text));
+  SetTextColor(context, textColour());
   return owner_.brush(background());
 }
 
-const forms::Colours& ControlWindow::containerColours() const {
-  const forms::Frame* const frame = control_.frame();
-  return frame != nullptr ? frame->colours() : form().colours();
+COLORREF ControlWindow::textColour() const {
+  const forms::Look look = control_.look();
+  return look.greyed ? greyText(rgb(look.colours.back)) : rgb(look.colours.text);
 }
 
 LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -115,7 +119,9 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
     release_ = lparam;
     return 0;
   }
-  return handle(window, message, wparam, lparam);
+  const LRESULT result = handle(window, message, wparam, lparam);
+  owner_.noticeRelease(message);
+  return result;
 }
 
 void ControlWindow::destroyed(HWND window) {
@@ -145,6 +151,14 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
     case WM_SETFOCUS:
       owner_.focusEntered(control_);
       break;
+    case WM_SETFONT: {
+      const LRESULT set = pass(window, message, wparam, lparam);
+      // A font brings margins of its own with it, of some kinds of fields.
+      const int margin = owner_.scale().pixels(15);
+      if (dynamic_cast<forms::TextField*>(&control_) != nullptr && focusWindow() != nullptr)
+        SendMessageW(focusWindow(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
+      return set;
+    }
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
       discardCharacter_ = usesKey(wparam) || form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});

@@ -68,11 +68,11 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
   HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
-  forms::Colour background() const { return colours().back; }
-  /// That, and the colour of the text on it.
-  virtual const forms::Colours& colours() const { return control_.colours(); }
-  /// The colours of the frame or form behind the control.
-  const forms::Colours& containerColours() const;
+  forms::Colour background() const { return control_.look().colours.back; }
+  /// The colour of the text on it.
+  COLORREF textColour() const;
+  /// Whether the system takes the window for one that can be used, and draws it so.
+  virtual bool enabled() const { return !control_.look().greyed; }
 
   /// Whether the list of a control that has one is open.
   virtual std::optional<bool> dropped() const { return std::nullopt; }
@@ -80,8 +80,11 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   bool mouseDown(HWND window, int button, LPARAM lparam);
   /// Where the window stands, in pixels of its parent.
   virtual RECT area() const;
-  /// The same for fields of one line: no taller than their text needs, so that text and label keep to one line.
+  /// The same for fields of one line, and for the labels beside them: as tall as the text needs, in the middle of the
+  /// control's place, so that all texts of a row stand on one line at any dpi and in any font.
   RECT lineArea() const;
+  /// From the top of a field's window, with its edge, to its text, in pixels at any dpi.
+  static constexpr int textInset = 3;
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }

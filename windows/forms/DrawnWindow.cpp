@@ -23,9 +23,7 @@ class DrawnWindow : public ControlWindow {
   /// Draws on the control's background.
   virtual void paint(HDC context, const RECT& area) = 0;
   virtual void clicked() = 0;
-  virtual bool clickable() const { return true; }
-
-  const forms::Colours& colours() const override { return containerColours(); }
+  virtual bool clickable() const { return control().look().alive; }
 
   Native native() const override { return {drawnClass}; }
 
@@ -80,13 +78,12 @@ class HyperlinkWindow final : public DrawnWindow {
  public:
   HyperlinkWindow(FormWindow& owner, forms::Hyperlink& link) : DrawnWindow(owner, link), link_(link) {}
 
-  const forms::Colours& colours() const override { return link_.colours(); }
-
  private:
   void paint(HDC context, const RECT& area) override {
-    const Selected font(context, owner().font(link_.font(), true));
+    const bool alive = link_.look().alive;
+    const Selected font(context, owner().font(link_.font(), alive));
     SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, link_.enabled() ? linkColour(rgb(background())) : GetSysColor(COLOR_GRAYTEXT));
+    SetTextColor(context, alive ? linkColour(rgb(background())) : textColour());
     RECT text = area;
     DrawTextW(context, link_.caption().c_str(), -1, &text, DT_WORDBREAK | DT_END_ELLIPSIS);
     if (GetFocus() != window()) return;
@@ -107,13 +104,13 @@ class ImageWindow final : public DrawnWindow {
       : DrawnWindow(owner, image), image_(image), resource_(image.picture()) {}
 
  private:
-  bool clickable() const override { return image_.kind() == forms::Kind::image; }
+  bool clickable() const override { return image_.kind() == forms::Kind::image && DrawnWindow::clickable(); }
   void clicked() override { image_.clicked(); }
 
   void paint(HDC context, const RECT& area) override {
     const int width = area.right;
     const int height = area.bottom;
-    if (const HICON icon = owner().icon(resource_, width, height)) {
+    if (const HICON icon = owner().icon(resource_, width, height, image_.look().alive)) {
       DrawIconEx(context, 0, 0, icon, width, height, 0, nullptr, DI_NORMAL);
       return;
     }

@@ -4,18 +4,12 @@
 
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/FormWindow.h"
+#include "windows/forms/ListArrow.h"
 #include "windows/forms/WindowClasses.h"
 
 namespace nv::windows {
 
 using forms::Attribute;
-
-namespace {
-
-/// What visual styles call combo boxes (VSCLASS_COMBOBOX).
-constexpr const wchar_t* comboBoxTheme = L"COMBOBOX";
-
-}  // namespace
 
 ControlWindow::Native DropDownListWindow::native() const {
   return {dropDownListClass, WS_CLIPCHILDREN, WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT};
@@ -24,7 +18,7 @@ ControlWindow::Native DropDownListWindow::native() const {
 void DropDownListWindow::created() {
   const HWND edit = createWindow({L"EDIT", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP}, L"", {}, window());
   text_.connect(edit, list_);
-  EnableWindow(edit, list_.enabled());
+  EnableWindow(edit, enabled());
   placeText();
 }
 
@@ -39,9 +33,8 @@ void DropDownListWindow::apply(Attribute attribute) {
     case Attribute::visible:
     case Attribute::enabled:
       popup_.hide();
-      EnableWindow(text_.window(), list_.enabled());
+      EnableWindow(text_.window(), enabled());
       ControlWindow::apply(attribute);
-      InvalidateRect(window(), nullptr, TRUE);
       break;
     default:
       if (!text_.apply(attribute)) ControlWindow::apply(attribute);
@@ -54,35 +47,23 @@ void DropDownListWindow::apply(Attribute attribute) {
 RECT DropDownListWindow::buttonArea() const {
   RECT area;
   GetClientRect(window(), &area);
-  area.left = std::max<LONG>(area.left, area.right - systemMetric(SM_CXVSCROLL, owner().scale().dpi()));
-  return area;
+  return arrowArea(area, owner().scale().dpi());
 }
 
 void DropDownListWindow::placeText() {
   RECT area;
   GetClientRect(window(), &area);
-  // An edit window without an edge keeps its text at its top; ours stands in the middle, as in the other fields.
-  const int top = std::max<int>(0, (area.bottom - owner().lineHeight(list_.font())) / 2);
-  SetWindowPos(text_.window(), nullptr, 0, top, buttonArea().left, area.bottom - top, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-/// How the parts of the system's combo boxes look that are drawn here; each part has the same four states.
-int DropDownListWindow::themedState() const {
-  if (!list_.enabled()) return CBXS_DISABLED;
-  return popup_.open() ? CBXS_PRESSED : CBXS_NORMAL;
+  // An edit window without an edge keeps its text in its corner; in one with an edge it stands this much further in.
+  constexpr int inset = 1;
+  SetWindowPos(text_.window(), nullptr, inset, inset, std::max<int>(0, buttonArea().left - inset), area.bottom - inset,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DropDownListWindow::paint(HDC context) {
   RECT area;
   GetClientRect(window(), &area);
   FillRect(context, &area, owner().brush(background()));
-  RECT button = buttonArea();
-  if (const Theme theme(OpenThemeData(window(), comboBoxTheme)); theme) {
-    DrawThemeBackground(theme.get(), context, CP_DROPDOWNBUTTONRIGHT, themedState(), &button, nullptr);
-    return;
-  }
-  const UINT state = (list_.enabled() ? 0U : DFCS_INACTIVE) | (popup_.open() ? DFCS_PUSHED : 0U);
-  DrawFrameControl(context, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX | state);
+  paintArrow(window(), context, buttonArea(), list_.look().alive, popup_.open());
 }
 
 /// The edge as the current visual style has it, over that of the system.
@@ -98,7 +79,8 @@ void DropDownListWindow::paintEdge() {
   OffsetRect(&whole, -whole.left, -whole.top);
   const HDC context = GetWindowDC(window());
   ExcludeClipRect(context, inside.left, inside.top, inside.right, inside.bottom);
-  DrawThemeBackground(theme.get(), context, CP_BORDER, themedState(), &whole, nullptr);
+  const int state = themedState(list_.look().alive, popup_.open());
+  DrawThemeBackground(theme.get(), context, CP_BORDER, state, &whole, nullptr);
   ReleaseDC(window(), context);
 }
 

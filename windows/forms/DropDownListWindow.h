@@ -36,7 +36,6 @@ class DropDownListWindow final : public ControlWindow {
   void placeText();
   void paint(HDC context);
   void paintEdge();
-  int themedState() const;
   RECT buttonArea() const;
   void moveTo(std::ptrdiff_t row);
   /// The messages of the system's combo boxes, for tools that know how to work those.

@@ -64,7 +64,7 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
     makeControls();
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-    arrange(true);
+    arrange(Where::centre);
   } catch (...) {
     FormWindow::close();
     throw;
@@ -94,7 +94,8 @@ void FormWindow::update(Attribute attribute) {
       SetWindowTextW(window_, form().caption().c_str());
       break;
     case Attribute::place:
-      arrange(false);
+    case Attribute::size:
+      arrange(attribute == Attribute::size ? Where::here : Where::asFormSays);
       break;
     case Attribute::appearance:
       RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -181,12 +182,13 @@ ControlWindow* FormWindow::controlOf(HWND window) const {
   return found == controls_.end() ? nullptr : found->get();
 }
 
-void FormWindow::arrange(bool centre) {
+void FormWindow::arrange(Where where) {
+  const bool centre = where == Where::centre;
   const SIZE content{scale_.pixels(form().place().width), scale_.pixels(form().place().height)};
   scroller_.setContent(content);
   if (embedded()) {
     SetWindowPos(window_, nullptr, scale_.pixels(form().place().left), scale_.pixels(form().place().top), content.cx,
-                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE | (where == Where::here ? SWP_NOMOVE : 0U));
     return;
   }
   RECT frame{0, 0, content.cx, content.cy};
@@ -221,7 +223,7 @@ void FormWindow::rescale(int dpi) {
   if (dpi == scale_.dpi()) return;
   scale_ = Scale(dpi);
   scroller_ = Scroller(window_);
-  arrange(false);
+  arrange(Where::asFormSays);
   for (const auto& control : controls_) control->rescale();
 }
 
@@ -259,6 +261,11 @@ void FormWindow::giveFocusBack() {
   if (forms::Control* const active = form().activeControl(); active != nullptr && active->peer() != nullptr) {
     active->peer()->takeFocus();
   }
+}
+
+void FormWindow::noticeRelease(UINT message) {
+  const bool input = (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_KEYDOWN;
+  if (input && form().loaded() && !pressed()) form().released();
 }
 
 // Messages

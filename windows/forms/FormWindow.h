@@ -27,6 +27,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   void runModal() override;
   void close() override;
   void sendKey(wchar_t key) override;
+  bool pressed() const override { return GetKeyState(VK_LBUTTON) < 0; }
   std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window_); }
 
   // For the windows of the controls.
@@ -38,7 +39,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   HBRUSH brush(forms::Colour colour) { return palette_.brush(colour); }
   HFONT font(const forms::Font& font, bool underlined) { return palette_.font(font, underlined, scale_.dpi()); }
   int lineHeight(const forms::Font& font) { return palette_.lineHeight(font, scale_.dpi()); }
-  HICON icon(std::wstring_view resource, int width, int height) { return palette_.icon(resource, width, height); }
+  HICON icon(std::wstring_view resource, int width, int height, bool alive) {
+    return palette_.icon(resource, width, height, alive);
+  }
   /// Where a control stands in its parent window, in pixels, the scrolled part of the form taken into account.
   RECT placeOf(const forms::Control& control) const;
   /// The control whose window, or a window within it, this is; nullptr for windows of others.
@@ -47,6 +50,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   void bringIntoView(const forms::Control& control);
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
+  /// A message to one of the windows was handled: tells the form if by then the mouse has been let go, here or
+  /// elsewhere.
+  void noticeRelease(UINT message);
 
  private:
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -54,7 +60,10 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   void destroyed(HWND window) override;
   void makeControls();
   /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
-  void arrange(bool centre);
+  /// Sizes the window by its form, and places it: in the middle of its owner, where an embedded form says, or not at
+  /// all.
+  enum class Where { centre, asFormSays, here };
+  void arrange(Where where);
   void rescale(int dpi);
   void adoptParent();
   void paintBackground(HDC context) const;

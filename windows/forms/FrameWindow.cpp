@@ -15,6 +15,9 @@ class FrameWindow final : public ControlWindow {
  private:
   Native native() const override { return {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}; }
 
+  /// Blocked even where it does not look so: what stands in it is out of the mouse's reach.
+  bool enabled() const override { return control().look().alive; }
+
   void apply(forms::Attribute attribute) override {
     ControlWindow::apply(attribute);
     if (attribute == forms::Attribute::text) InvalidateRect(window(), nullptr, TRUE);
@@ -40,11 +43,20 @@ class FrameWindow final : public ControlWindow {
         return 0;
       case WM_ENABLE:
       case WM_MOUSEMOVE:
-        return 0;  // its look does not change
+        return 0;  // the system's group box would paint itself
       case WM_SETTEXT:
         return DefWindowProcW(window, message, wparam, lparam);
       default:
         return ControlWindow::handle(window, message, wparam, lparam);
+    }
+  }
+
+  /// The system's etched line, where it can be told from the background; a line in the text's colour otherwise.
+  void paintEdge(HDC context, RECT edge) const {
+    if (visible(GetSysColor(COLOR_BTNSHADOW), rgb(background()))) {
+      DrawEdge(context, &edge, EDGE_ETCHED, BF_RECT);
+    } else {
+      FrameRect(context, &edge, owner().brush(control().colours().text));
     }
   }
 
@@ -59,7 +71,7 @@ class FrameWindow final : public ControlWindow {
     GetTextMetricsW(context, &metrics);
     RECT edge = area;
     if (!caption.empty()) edge.top += metrics.tmHeight / 2;
-    DrawEdge(context, &edge, EDGE_ETCHED, BF_RECT);
+    paintEdge(context, edge);
     if (caption.empty()) return;
 
     RECT text = area;
@@ -73,7 +85,7 @@ class FrameWindow final : public ControlWindow {
     InflateRect(&gap, owner().scale().pixels(45), 0);
     FillRect(context, &gap, owner().brush(background()));
     SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, rgb(colours().text));
+    SetTextColor(context, textColour());
     DrawTextW(context, caption.c_str(), -1, &text, DT_SINGLELINE | DT_END_ELLIPSIS);
   }
 };

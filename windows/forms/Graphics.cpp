@@ -28,6 +28,25 @@ RECT workAreaOf(HWND window) {
   return monitor.rcWork;
 }
 
+/// The icon in grey, half of it seen through.
+Icon faded(HICON icon, int width, int height) {
+  ICONINFO parts{};
+  if (!GetIconInfo(icon, &parts)) return {};
+  const Bitmap colours(parts.hbmColor);
+  const Bitmap mask(parts.hbmMask);
+  BITMAPINFO layout{};
+  layout.bmiHeader = {sizeof(layout.bmiHeader), width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  std::vector<DWORD> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  const MemoryDc context(CreateCompatibleDC(nullptr));
+  GetDIBits(context.get(), colours.get(), 0, static_cast<UINT>(height), pixels.data(), &layout, DIB_RGB_COLORS);
+  for (DWORD& pixel : pixels) {
+    const auto level = static_cast<DWORD>(brightness(RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF)));
+    pixel = (pixel >> 25 << 24) | level << 16 | level << 8 | level;
+  }
+  SetDIBits(context.get(), colours.get(), 0, static_cast<UINT>(height), pixels.data(), &layout, DIB_RGB_COLORS);
+  return Icon(CreateIconIndirect(&parts));
+}
+
 }  // namespace
 
 Screens screens{dpiOf, workAreaOf};
@@ -59,6 +78,16 @@ int brightness(COLORREF colour) {
 bool readable(COLORREF text, COLORREF background) {
   constexpr int difference = 80;
   return std::abs(brightness(text) - brightness(background)) >= difference;
+}
+
+COLORREF greyText(COLORREF background) {
+  const COLORREF own = GetSysColor(COLOR_GRAYTEXT);
+  return readable(own, background) ? own : RGB(128, 128, 128);
+}
+
+bool visible(COLORREF line, COLORREF background) {
+  constexpr int difference = 40;
+  return std::abs(brightness(line) - brightness(background)) >= difference;
 }
 
 HBRUSH Palette::brush(forms::Colour colour) {
@@ -100,13 +129,16 @@ const Palette::CachedFont& Palette::cached(const forms::Font& font, bool underli
   return fonts_.back();
 }
 
-HICON Palette::icon(std::wstring_view resource, int width, int height) {
+HICON Palette::icon(std::wstring_view resource, int width, int height, bool alive) {
   for (const CachedIcon& cached : icons_) {
-    if (cached.resource == resource && cached.width == width && cached.height == height) return cached.handle.get();
+    if (cached.resource == resource && cached.width == width && cached.height == height && cached.alive == alive)
+      return cached.handle.get();
   }
   std::wstring name(resource);
   const HANDLE loaded = LoadImageW(moduleInstance(), name.c_str(), IMAGE_ICON, width, height, LR_DEFAULTCOLOR);
-  icons_.push_back({std::move(name), width, height, Icon(static_cast<HICON>(loaded))});
+  Icon icon(static_cast<HICON>(loaded));
+  if (icon && !alive) icon = faded(icon.get(), width, height);
+  icons_.push_back({std::move(name), width, height, alive, std::move(icon)});
   return icons_.back().handle.get();
 }
 

@@ -43,8 +43,12 @@ class Scale {
 COLORREF rgb(forms::Colour colour);
 /// How bright a colour looks, 0 to 255.
 int brightness(COLORREF colour);
-/// Whether text of one colour can be told from a background of the other.
+/// Whether text of one colour can be read on a background of the other.
 bool readable(COLORREF text, COLORREF background);
+/// The user's colour for what is disabled, where it can be read on the background, else a grey that can.
+COLORREF greyText(COLORREF background);
+/// Whether a line or a mark of one colour can be seen on a background of the other.
+bool visible(COLORREF line, COLORREF background);
 
 /// Brushes, fonts and icons, made once each and kept for all forms of a thread. What is handed out stays the palette's.
 class Palette {
@@ -53,8 +57,9 @@ class Palette {
   HFONT font(const forms::Font& font, bool underlined, int dpi);
   /// Height of a line of text in pixels.
   int lineHeight(const forms::Font& font, int dpi);
-  /// An icon of the component's resources in this size, in pixels; nullptr when there is none of that name.
-  HICON icon(std::wstring_view resource, int width, int height);
+  /// An icon of the component's resources in this size, in pixels, faded unless it is `alive`; nullptr when there is
+  /// none of that name.
+  HICON icon(std::wstring_view resource, int width, int height, bool alive);
 
  private:
   struct CachedFont {
@@ -68,6 +73,7 @@ class Palette {
     std::wstring resource;
     int width;
     int height;
+    bool alive;
     Icon handle;
   };
   const CachedFont& cached(const forms::Font& font, bool underlined, int dpi);

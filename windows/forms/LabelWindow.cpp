@@ -1,6 +1,7 @@
 // Labels.
 #include "forms/Label.h"
 #include "windows/forms/ControlWindows.h"
+#include "windows/forms/FormWindow.h"
 
 namespace nv::windows {
 
@@ -19,8 +20,18 @@ class LabelWindow final : public ControlWindow {
     return {L"STATIC", style};
   }
 
-  const forms::Colours& colours() const override {
-    return label_.transparent() ? containerColours() : label_.colours();
+  /// One line stands on that of the field beside it; more begin at the top.
+  RECT area() const override {
+    const RECT place = ControlWindow::area();
+    if (place.bottom - place.top >= 2 * owner().lineHeight(label_.font())) return place;
+    RECT line = lineArea();
+    line.top += textInset;
+    return line;
+  }
+
+  void apply(forms::Attribute attribute) override {
+    ControlWindow::apply(attribute);
+    if (attribute == forms::Attribute::appearance) ControlWindow::apply(forms::Attribute::place);  // by the font
   }
 
   forms::Label& label_;

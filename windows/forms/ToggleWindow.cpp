@@ -2,6 +2,7 @@
 #include "forms/Toggle.h"
 #include "platform/ScopedValue.h"
 #include "windows/forms/ControlWindows.h"
+#include "windows/forms/FormWindow.h"
 #include "windows/forms/Graphics.h"
 
 namespace nv::windows {
@@ -35,20 +36,41 @@ class ToggleWindow final : public ControlWindow {
   }
 
   /// Visual styles write in a colour of their own. Where that cannot be read the control is drawn without them.
-  void chooseTheme() const {
+  void chooseTheme() {
     SetWindowTheme(window(), nullptr, nullptr);
     const Theme theme(OpenThemeData(window(), L"BUTTON"));
     constexpr int part = isOption ? BP_RADIOBUTTON : BP_CHECKBOX;
     COLORREF text = 0;
+    themed_ = static_cast<bool>(theme);
     if (!theme || FAILED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text))) return;
-    if (!readable(text, rgb(background()))) SetWindowTheme(window(), L"", L"");
+    themed_ = readable(text, rgb(background()));
+    if (!themed_) SetWindowTheme(window(), L"", L"");
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
-    if (message != WM_SETFOCUS) return ControlWindow::handle(window, message, wparam, lparam);
     // The system's option button sends BN_CLICKED when it gets the focus, which is no click here.
-    const ScopedValue gettingFocus(gettingFocus_, true);
-    return ControlWindow::handle(window, message, wparam, lparam);
+    const ScopedValue gettingFocus(gettingFocus_, gettingFocus_ || message == WM_SETFOCUS);
+    const LRESULT result = ControlWindow::handle(window, message, wparam, lparam);
+    if (themed_ || enabled()) return result;
+    if (message == WM_PRINTCLIENT) paintText(reinterpret_cast<HDC>(wparam));
+    if (message == WM_PAINT) {
+      const HDC context = GetDC(window);
+      paintText(context);
+      ReleaseDC(window, context);
+    }
+    return result;
+  }
+
+  /// Without visual styles the system embosses what is disabled, in colours that may be those of the background.
+  void paintText(HDC context) {
+    RECT area;
+    GetClientRect(window(), &area);
+    area.left += systemMetric(SM_CXMENUCHECK, owner().scale().dpi()) + owner().scale().pixels(45);
+    FillRect(context, &area, owner().brush(background()));
+    const Selected font(context, owner().font(toggle_.font(), false));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, textColour());
+    DrawTextW(context, toggle_.caption().c_str(), -1, &area, DT_VCENTER | DT_SINGLELINE);
   }
 
   void notified(UINT code) override {
@@ -67,6 +89,7 @@ class ToggleWindow final : public ControlWindow {
 
   Toggle& toggle_;
   bool gettingFocus_ = false;
+  bool themed_ = true;
 };
 
 }  // namespace

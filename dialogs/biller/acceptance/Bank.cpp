@@ -107,6 +107,7 @@ Verdict frmRandomInfo::Acceptance::checkRoutingNumberDetails() {
   if (confirmation.text().empty()) {
     form_.lblBankInfoConfirm.setVisible(true);
     confirmation.setVisible(true);
+    form_.rearrange();
     maskAndConfirm(account, confirmation);
     return Verdict::stopAt(confirmation);
   }
