@@ -278,6 +278,10 @@ void RealStage::endSession(Dialog dialog) {
 }
 
 std::wstring RealStage::look(Dialog dialog, const std::wstring& name, const std::wstring& aspect) {
+  // A control has no window before it is first shown.
+  if (aspect == L"visible" && name != L"host" && name != L"form" && controlIn(handleOf(dialog), name) == nullptr) {
+    return L"false";
+  }
   const HWND seen = window(dialog, name);
   if (isHeard(aspect)) return hear(seen, thread_.ask([seen] { return typingField(seen); }), aspect);
   return thread_.ask([dialog, seen, &aspect] { return host::look(handleOf(dialog), seen, aspect); });
