@@ -33,7 +33,11 @@ void ControlWindow::rescale() {
 }
 
 void ControlWindow::update(Attribute attribute) {
-  if (window_ != nullptr) apply(attribute);
+  if (window_ != nullptr) {
+    apply(attribute);
+  } else if (attribute == Attribute::visible) {
+    owner_.makeWindows();
+  }
 }
 
 void ControlWindow::takeFocus() {
@@ -162,6 +166,7 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
   }
   if (destroying_ && message == WM_COMMAND) return 0;
   owner_.tips().heard(window, message, wparam, lparam);
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) owner_.noticePress();
   if (pressing_ && message == WM_LBUTTONUP) {
     release_ = lparam;
     return 0;
@@ -205,7 +210,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       const LRESULT set = pass(window, message, wparam, lparam);
       // A font brings margins of its own with it, of some kinds of fields.
       const int margin = owner_.scale().pixels(15);
-      if (dynamic_cast<forms::TextField*>(&control_) != nullptr && focusWindow() != nullptr)
+      if (control_.isField() && focusWindow() != nullptr)
         SendMessageW(focusWindow(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
       return set;
     }

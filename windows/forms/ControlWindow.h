@@ -30,7 +30,7 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   /// The window that takes the keyboard focus for the control.
   virtual HWND focusWindow() const { return window_; }
 
-  /// Creates the window in `parent` in the control's current state.
+  /// Creates the window in `parent`, behind all others there, in the control's current state.
   void create(HWND parent);
 
   /// Applies everything that depends on the dpi again.
