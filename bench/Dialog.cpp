@@ -2,11 +2,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "bench/BareDialog.h"
+#include "bench/PlainDialog.h"
 #include "bench/Rows.h"
 #include "bench/Workplace.h"
 #include "tests/windows/Server.h"
@@ -90,12 +91,15 @@ double opening(_ClsRandom* object) {
   return took;
 }
 
-double bareOpening(const std::vector<BareWindow>& description, HWND host) {
+/// The same of the plain dialog.
+double opening(
+    const PlainDialog& plain, HWND host, const std::function<void()>& andThen = [] {}) {
   const auto start = Clock::now();
-  const HWND dialog = made(description, host).front();
+  const HWND dialog = made(plain, host);
   ShowWindow(dialog, SW_SHOW);
-  SetForegroundWindow(dialog);
+  if (GetAncestor(dialog, GA_PARENT) == GetDesktopWindow()) SetForegroundWindow(dialog);
   settle();
+  andThen();
   const double took = secondsSince(start);
   DestroyWindow(dialog);
   settle();
@@ -127,35 +131,64 @@ class Embedded {
   HWND window_ = nullptr;
 };
 
-std::vector<BareWindow> describedDialog(_ClsRandom* object) {
-  std::vector<BareWindow> description;
-  show(object, [&](HWND dialog) { description = described(dialog); });
+PlainDialog plainDialogOf(_ClsRandom* object) {
+  PlainDialog plain;
+  show(object, [&](HWND dialog) { plain = plainDialog(dialog); });
   settle();
-  return description;
+  return plain;
 }
 
-/// Where the description of the dialog is handed to the processes that open it once.
-const char* const descriptionFile = "nvbench.windows";
+void drop(HWND list) {
+  SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
+  if (SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) == 0) throw std::runtime_error("the list does not drop down");
+  settle();
+}
 
-/// A process of its own that opens one side's dialog. Its exit code is the time in microseconds.
-double openedElsewhere(const wchar_t* option) {
-  wchar_t program[MAX_PATH];
-  GetModuleFileNameW(nullptr, program, MAX_PATH);
-  std::wstring command = L"\"" + std::wstring(program) + L"\" " + option;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  PROCESS_INFORMATION process{};
-  if (!CreateProcessW(program, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
-    throw std::runtime_error("nvbench cannot be started");
+/// A letter that is typed into an empty field, or taken back, until that is on the screen.
+/// @param prepare what is done once the field has the focus.
+double typing(
+    HWND edit, const std::function<void()>& prepare = [] {}) {
+  SetForegroundWindow(GetAncestor(edit, GA_ROOT));
+  SetFocus(edit);
+  SetWindowTextW(edit, L"");
+  prepare();
+  const auto type = [edit](WPARAM key, int length) {
+    PostMessageW(edit, WM_KEYDOWN, key, 1);
+    PostMessageW(edit, WM_KEYUP, key, 1);
+    settle();
+    if (GetWindowTextLengthW(edit) != length) throw std::runtime_error("what is typed does not arrive");
+  };
+  settle();
+  constexpr int letters = 20;
+  return timed([&] {
+           for (int i = 0; i < letters; ++i) {
+             type('Q', 1);
+             type(VK_BACK, 0);
+           }
+         }) /
+         (2 * letters);
+}
+
+/// A system's list of so many rows in a window of its own, which nobody tells what is in them.
+HWND plainList(HWND owner, const RECT& place, std::size_t rows) {
+  const HWND list =
+      CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, WC_LISTVIEWW, L"",
+                      WS_POPUP | WS_BORDER | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL, place.left, place.top,
+                      place.right - place.left, place.bottom - place.top, owner, nullptr, nullptr, nullptr);
+  for (int i = 0; i < 3; ++i) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH;
+    column.cx = (place.right - place.left) / 4;
+    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
   }
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD microseconds = 0;
-  GetExitCodeProcess(process.hProcess, &microseconds);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  if (microseconds < 100) throw std::runtime_error("the dialog cannot be opened in a process of its own");
-  return microseconds * 1e-6;
+  SendMessageW(list, LVM_SETITEMCOUNT, rows, 0);
+  ShowWindow(list, SW_SHOWNOACTIVATE);
+  settle();
+  return list;
 }
+
+/// Where the plain dialog is handed to the processes that open it once.
+const char* const plainFile = "nvbench.dialog";
 
 /// Listens for CSBOK.
 class Accepted {
@@ -186,45 +219,85 @@ const wchar_t* const fields[] = {
 
 }  // namespace
 
-int openOnce(bool bare) {
-  double took = 0;
-  const HostWindow host;
-  if (bare) {
-    std::ifstream file(descriptionFile, std::ios::binary);
-    std::vector<BareWindow> description;
-    for (BareWindow each; file.read(reinterpret_cast<char*>(&each), sizeof(each));) description.push_back(each);
-    if (!description.empty()) took = bareOpening(description, host.get());
-  } else {
-    const Workplace workplace(L"openOnce");
-    took = opening(workplace.object().Get());
-  }
-  return static_cast<int>(took * 1e6);
-}
+const Alone openDialog{L"--open", [] {
+                         const HostWindow host;
+                         return opening(Workplace(L"openDialog").object().Get());
+                       }};
+const Alone openPlainDialog{
+    L"--open-plain", [] {
+      const HostWindow host;
+      PlainDialog plain(static_cast<std::size_t>(std::filesystem::file_size(plainFile)) / sizeof(WORD));
+      std::ifstream(plainFile, std::ios::binary)
+          .read(reinterpret_cast<char*>(plain.data()), static_cast<std::streamsize>(plain.size() * sizeof(WORD)));
+      return opening(plain, host.get());
+    }};
 
-Medians firstOpening() {
+Comparison firstOpening() {
   {
     const HostWindow host;
-    const Workplace workplace(L"firstOpening");
-    const auto description = describedDialog(workplace.object().Get());
-    std::ofstream(descriptionFile, std::ios::binary)
-        .write(reinterpret_cast<const char*>(description.data()),
-               static_cast<std::streamsize>(description.size() * sizeof(BareWindow)));
+    const PlainDialog plain = plainDialogOf(Workplace(L"firstOpening").object().Get());
+    std::ofstream(plainFile, std::ios::binary)
+        .write(reinterpret_cast<const char*>(plain.data()), static_cast<std::streamsize>(plain.size() * sizeof(WORD)));
   }
-  const Medians took =
-      compare([] { return openedElsewhere(L"--open"); }, [] { return openedElsewhere(L"--open-bare"); }, 15);
-  std::filesystem::remove(descriptionFile);
+  const Comparison took = compare([] { return elsewhere(openDialog); }, [] { return elsewhere(openPlainDialog); }, 15);
+  std::filesystem::remove(plainFile);
   return took;
 }
 
-Medians nextOpening() {
+Comparison nextOpening() {
   const HostWindow host;
   const Workplace workplace(L"nextOpening");
   const auto object = workplace.object();
-  const auto description = describedDialog(object.Get());
-  return compare([&] { return opening(object.Get()); }, [&] { return bareOpening(description, host.get()); }, 41);
+  const PlainDialog plain = plainDialogOf(object.Get());
+  return compare([&] { return opening(object.Get()); }, [&] { return opening(plain, host.get()); }, 41);
 }
 
-Medians keystroke() {
+Comparison embeddedOpening() {
+  const HostWindow host;
+  const Workplace workplace(L"embeddedOpening");
+  const auto object = workplace.object();
+  const PlainDialog plain = plainDialog(Embedded(object.Get(), host.get()).window());
+  return compare(
+      [&] {
+        const auto start = Clock::now();
+        const Embedded dialog(object.Get(), host.get());
+        return secondsSince(start);
+      },
+      [&] { return opening(plain, host.get()); }, 41);
+}
+
+Comparison countryList(std::size_t rows) {
+  const HostWindow host;
+  const Workplace workplace(L"countryList." + std::to_wstring(rows), rows);
+  const auto object = workplace.object();
+  PlainDialog plain;
+  RECT place{};
+  const auto ours = [&] {
+    const auto start = Clock::now();
+    const Embedded dialog(object.Get(), host.get());
+    const HWND list = dialog.control(L"ran_payee_country");
+    drop(list);
+    const double took = secondsSince(start);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof(parts);
+    SendMessageW(list, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&parts));
+    GetWindowRect(parts.hwndList, &place);
+    if (plain.empty()) plain = plainDialog(dialog.window());
+    return took;
+  };
+  const auto bare = [&] {
+    HWND list = nullptr;
+    const double took = opening(plain, host.get(), [&] {
+      opaque(Lines(workplace.deciphered().c_str()).count());
+      list = plainList(host.get(), place, rows);
+    });
+    DestroyWindow(list);
+    return took;
+  };
+  return compare(ours, bare, 31);
+}
+
+Comparison keystroke() {
   const HostWindow host;
   const Workplace workplace(L"keystroke");
   const auto object = workplace.object();
@@ -232,34 +305,50 @@ Medians keystroke() {
   const HWND ours = dialog.control(L"ran_payee_street");
 
   const HostWindow bareHost;
-  std::vector<BareWindow> description = described(dialog.window());
-  description.front().style |= WS_VISIBLE;
-  const std::vector<HWND> windows = made(description, bareHost.get());
-  const auto at = std::ranges::find(description, ours, &BareWindow::original) - description.begin();
-  const HWND bare = windows[static_cast<std::size_t>(at)];
+  const HWND plain = made(plainDialog(dialog.window()), bareHost.get());
+  ShowWindow(plain, SW_SHOW);
+  const HWND bare = GetDlgItem(plain, LOWORD(reinterpret_cast<ULONG_PTR>(ours)));
 
-  // Letters typed and taken back, each until it is on the screen.
-  constexpr int letters = 20;
-  const auto typing = [](HWND edit) {
-    SetForegroundWindow(GetAncestor(edit, GA_ROOT));
-    SetFocus(edit);
-    SetWindowTextW(edit, L"");
-    settle();
-    const auto type = [edit](WPARAM key) {
-      PostMessageW(edit, WM_KEYDOWN, key, 1);
-      PostMessageW(edit, WM_KEYUP, key, 1);
-      settle();
-    };
-    const auto start = Clock::now();
-    for (int i = 0; i < letters; ++i) type('A');
-    if (GetWindowTextLengthW(edit) != letters) throw std::runtime_error("what is typed does not arrive");
-    for (int i = 0; i < letters; ++i) type(VK_BACK);
-    return secondsSince(start) / (2 * letters);
-  };
   return compare([&] { return typing(ours); }, [&] { return typing(bare); });
 }
 
-Medians acceptance() {
+Comparison keystrokeInList() {
+  const HostWindow host;
+  const Workplace fewRows(L"fewRows", 250);
+  const auto hasFew = fewRows.object();
+  const Embedded few(hasFew.Get(), host.get());
+  const Workplace manyRows(L"manyRows", 100'000);
+  const auto hasMany = manyRows.object();
+  const Embedded many(hasMany.Get(), host.get());
+  const auto typingInto = [](const Embedded& dialog) {
+    return [list = dialog.control(L"ran_payee_country")] {
+      return typing(FindWindowExW(list, nullptr, L"Edit", nullptr), [list] { drop(list); });
+    };
+  };
+  return compare(typingInto(many), typingInto(few), 31);
+}
+
+Comparison dialogMemory() {
+  const HostWindow host;
+  const Workplace workplace(L"dialogMemory");
+  const auto object = workplace.object();
+  const PlainDialog plain = plainDialog(Embedded(object.Get(), host.get()).window());
+  const auto shown = [&](const std::function<void()>& show) {
+    const double before = bytesOfHeaps();
+    show();
+    settle();
+    return bytesOfHeaps() - before;
+  };
+  HWND bare = nullptr;
+  std::optional<Embedded> dialog;
+  const double ours = shown([&] { dialog.emplace(object.Get(), host.get()); });
+  dialog.reset();
+  const double bareOnes = shown([&] { ShowWindow(bare = made(plain, host.get()), SW_SHOW); });
+  DestroyWindow(bare);
+  return exactly(ours, bareOnes);
+}
+
+Comparison acceptance() {
   const HostWindow host;
   const Workplace workplace(L"acceptance");
   const auto object = workplace.object();

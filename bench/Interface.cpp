@@ -1,4 +1,6 @@
 // What a host pays for a property, for an object, and for the trace.
+#include <thread>
+
 #include "bench/Rows.h"
 #include "bench/Workplace.h"
 #include "tests/windows/Server.h"
@@ -15,7 +17,7 @@ namespace {
 
 constexpr std::wstring_view value = L"LAKEHEAD HYDRO AND POWER";
 
-/// The least that a property of a text can be: a copy in, and a copy out.
+/// The least that a property of a text can be: a copy in, into room that is there already, and a copy out.
 class BareProperty : public IUnknown {
  public:
   virtual HRESULT STDMETHODCALLTYPE put(BSTR text) = 0;
@@ -31,16 +33,16 @@ class BareText final : public BareProperty {
   STDMETHODIMP_(ULONG) AddRef() override { return 1; }
   STDMETHODIMP_(ULONG) Release() override { return 1; }
   STDMETHODIMP put(BSTR text) override {
-    text_.reset(SysAllocStringLen(text, SysStringLen(text)));
-    return text_ ? S_OK : E_OUTOFMEMORY;
+    text_.assign(text, SysStringLen(text));
+    return S_OK;
   }
   STDMETHODIMP get(BSTR* text) override {
-    *text = SysAllocStringLen(text_.get(), SysStringLen(text_.get()));
+    *text = SysAllocStringLen(text_.data(), static_cast<UINT>(text_.size()));
     return *text != nullptr ? S_OK : E_OUTOFMEMORY;
   }
 
  private:
-  Bstr text_;
+  std::wstring text_;
 };
 
 ComPtr<IClassFactory> factoryOf(const wchar_t* program) {
@@ -96,7 +98,7 @@ void get(IDispatch* object, const wchar_t* member, VARIANT* argument) {
 
 }  // namespace
 
-Medians vtablePut() {
+Comparison vtablePut() {
   const auto object = Server::get().create();
   BareText bareText;
   BareProperty* const bare = opaque<BareProperty*>(&bareText);
@@ -104,7 +106,7 @@ Medians vtablePut() {
   return compare(repeated([&] { object->put_PayeeName(text.get()); }), repeated([&] { bare->put(text.get()); }));
 }
 
-Medians vtableGet() {
+Comparison vtableGet() {
   const auto object = Server::get().create();
   BareText bareText;
   BareProperty* const bare = opaque<BareProperty*>(&bareText);
@@ -115,7 +117,7 @@ Medians vtableGet() {
   return compare(repeated([&] { object->get_PayeeName(got.out()); }), repeated([&] { bare->get(got.out()); }));
 }
 
-Medians lateBoundPut() {
+Comparison lateBoundPut() {
   const auto object = Server::get().create();
   const auto bare = dictionary();
   const Bstr key = Bstr::copyOf(L"PayeeName");
@@ -126,7 +128,7 @@ Medians lateBoundPut() {
                  repeated([&] { put(bare.Get(), L"Item", bareArguments); }));
 }
 
-Medians lateBoundGet() {
+Comparison lateBoundGet() {
   const auto object = Server::get().create();
   const auto bare = dictionary();
   const Bstr key = Bstr::copyOf(L"PayeeName");
@@ -139,7 +141,7 @@ Medians lateBoundGet() {
                  repeated([&] { get(bare.Get(), L"Item", &bareArguments[1]); }));
 }
 
-Medians classCreation() {
+Comparison classCreation() {
   const auto keepsTheStore = Server::get().create();
   const auto ours = Server::get().factory();
   const auto bare = factoryOf(dictionaryClass);
@@ -147,7 +149,7 @@ Medians classCreation() {
                  repeated([&] { made<IDispatch>(*bare.Get(), IID_IDispatch); }));
 }
 
-Medians briefUse() {
+Comparison briefUse() {
   const auto bare = factoryOf(dictionaryClass);
   const Bstr key = Bstr::copyOf(L"PayeeName");
   const Bstr content = Bstr::copyOf(value);
@@ -161,7 +163,7 @@ Medians briefUse() {
                  repeated([&] { use(*bare.Get(), L"Item", bareArguments); }));
 }
 
-Medians traceLine() {
+Comparison traceLine() {
   const Workplace workplace(L"traceLine");
   const auto object = workplace.object();
   const Bstr text = Bstr::copyOf(value);
@@ -174,26 +176,36 @@ Medians traceLine() {
     DWORD written = 0;
     WriteFile(file.get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
   });
-  const Medians took = compare(repeated([&] { object->put_PayeeName(text.get()); }), bare);
+  const Comparison took = compare(repeated([&] { object->put_PayeeName(text.get()); }), bare);
   object->put_PlayByPlayEnabled(0);
   return took;
 }
 
-Medians switchedOffTrace() {
-  const auto object = Server::get().create();
-  const Bstr text = Bstr::copyOf(value);
-  // Several of each: what a property costs differs by where its code and its text happen to lie.
-  return compare(repeated([&] {
-                   object->put_PayeeName(text.get());
-                   object->put_PayeeStreet(text.get());
-                   object->put_PayeeCity(text.get());
-                   object->put_USBillPaymentURL(text.get());
-                 }),
-                 repeated([&] {
-                   object->put_WhatKindOfBiller(text.get());
-                   object->put_CurrencyCodeFromMain(text.get());
-                   object->put_DescCurrencyCodeFromMain(text.get());
-                   object->put_FormTitleFromMain(text.get());
+Comparison objectMemory() {
+  const Workplace workplace(L"objectMemory");
+  // Each in a thread of its own, which has no store yet; once before it counts, for what is made once for all.
+  const auto bytesOf = [](const auto& make) {
+    double bytes = 0;
+    for (int i = 0; i < 2; ++i) {
+      std::thread([&] {
+        const windows::test::Apartment apartment;
+        const double before = bytesOfHeaps();
+        const auto object = make();
+        bytes = bytesOfHeaps() - before;
+      }).join();
+    }
+    return bytes;
+  };
+  return exactly(bytesOf([&] { return workplace.object(); }), bytesOf([&] {
+                   auto bare = dictionary();
+                   std::wstring name = L"Payee";
+                   for (const wchar_t* const content : Workplace::texts()) {
+                     const Bstr key = Bstr::copyOf(name += L'x');
+                     const Bstr item = Bstr::copyOf(content);
+                     VARIANT arguments[] = {text(item), text(key)};
+                     put(bare.Get(), L"Item", arguments);
+                   }
+                   return bare;
                  }));
 }
 

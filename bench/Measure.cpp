@@ -7,15 +7,15 @@ namespace nv::bench {
 
 namespace {
 
-double median(std::vector<double>& values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
+Quartiles quartiles(std::vector<double>& values) {
+  std::ranges::sort(values);
+  const std::size_t quarter = values.size() / 4;
+  return {values[quarter], values[values.size() / 2], values[values.size() - 1 - quarter]};
 }
 
 }  // namespace
 
-Medians compare(const Sample& ours, const Sample& bare, std::size_t samples) {
+Comparison compare(const Sample& ours, const Sample& bare, std::size_t samples) {
   ours();
   bare();
   std::vector<double> oursTook;
@@ -24,7 +24,7 @@ Medians compare(const Sample& ours, const Sample& bare, std::size_t samples) {
     oursTook.push_back(ours());
     bareTook.push_back(bare());
   }
-  return {median(oursTook), median(bareTook)};
+  return {quartiles(oursTook), quartiles(bareTook)};
 }
 
 }  // namespace nv::bench

@@ -1,5 +1,4 @@
-// How everything here is timed: both sides of a comparison by turns, so that whatever else the machine does meets both,
-// and the median of each.
+// How everything here is timed: both sides of a comparison by turns, so that whatever else the machine does meets both.
 #pragma once
 
 #include <chrono>
@@ -11,13 +10,26 @@ namespace nv::bench {
 /// Runs one side once and tells what a piece of its work took, in seconds.
 using Sample = std::function<double()>;
 
-struct Medians {
-  double ours;  // of the component, in seconds
-  double bare;  // of the same work without it, in seconds
+/// The samples of one side, in order.
+struct Quartiles {
+  double lower;
+  double median;
+  double upper;
 };
 
+/// In seconds, unless a row says otherwise.
+struct Comparison {
+  Quartiles ours;  // of the component
+  Quartiles bare;  // of the same work without it
+};
+
+/// Of what does not vary.
+inline Comparison exactly(double ours, double bare) {
+  return {{ours, ours, ours}, {bare, bare, bare}};
+}
+
 /// Takes `samples` of each side by turns, after one that does not count: an odd number.
-Medians compare(const Sample& ours, const Sample& bare, std::size_t samples = 101);
+Comparison compare(const Sample& ours, const Sample& bare, std::size_t samples = 101);
 
 using Clock = std::chrono::steady_clock;
 

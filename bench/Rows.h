@@ -8,37 +8,51 @@
 namespace nv::bench {
 
 // The object (Interface.cpp)
-Medians vtablePut();
-Medians vtableGet();
-Medians lateBoundPut();
-Medians lateBoundGet();
-Medians classCreation();
+Comparison vtablePut();
+Comparison vtableGet();
+Comparison lateBoundPut();
+Comparison lateBoundGet();
+Comparison classCreation();
 /// An object for one late-bound put, the only one of its DLL.
-Medians briefUse();
-Medians traceLine();
-Medians switchedOffTrace();
+Comparison briefUse();
+Comparison traceLine();
 
 // The DLL (Library.cpp)
-Medians libraryLoad();
+Comparison firstCreation();
+Comparison libraryLoad();
 /// Not seconds but bytes: of the stripped DLL, and the most that it may have. Fails when the DLL imports what the
 /// system does not bring.
-Medians librarySize();
+Comparison librarySize();
 
 // The dialog on the screen (Dialog.cpp)
-Medians firstOpening();
-Medians nextOpening();
-Medians keystroke();
-Medians acceptance();
-/// What a process of its own does for `firstOpening`: opens one side's dialog once.
-/// @return how long that took, in microseconds.
-int openOnce(bool bare);
+Comparison firstOpening();
+Comparison nextOpening();
+Comparison embeddedOpening();
+/// The embedded dialog and its open country list.
+Comparison countryList(std::size_t rows);
+Comparison keystroke();
+/// In an open list of 100,000 rows, beside one of 250.
+Comparison keystrokeInList();
+Comparison acceptance();
+/// Bytes of the process's heaps.
+Comparison dialogMemory();
+Comparison objectMemory();
 
 // The rules alone (Rules.cpp)
-Medians mailCheck();
-Medians switchedOffTraceOfAcceptance();
-Medians countryFile(std::size_t rows);
-Medians countryFileBesideItsBytes();
+Comparison mailCheck();
+Comparison switchedOffTrace();
+Comparison countryFile(std::size_t rows);
 /// Per row: a file of 100,000 rows beside one of 10,000.
-Medians countryFileGrowth();
+Comparison countryFileGrowth();
+
+/// What only the first of a process can show.
+struct Alone {
+  const wchar_t* option;  // of a nvbench that does this and ends
+  double (*measure)();    // in seconds
+};
+extern const Alone openDialog, openPlainDialog;      // Dialog.cpp
+extern const Alone createByClass, loadLibraryAlone;  // Library.cpp
+/// Measures it in a process of its own.
+double elsewhere(const Alone& alone);
 
 }  // namespace nv::bench

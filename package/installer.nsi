@@ -10,14 +10,20 @@ Name "NVRandom ${VERSION}"
 OutFile "${OUTPUT}"
 BrandingText "NVRandom ${VERSION}"
 
-!define USAGE "NVRandom-${VERSION}-setup.exe [/S] [/AllUsers | /CurrentUser] [/FULL] [/LOG=FILE] [/D=FOLDER]$\r$\n$\r$\n\
-/S$\tsilent$\r$\n\
-/AllUsers$\tfor the machine, as an administrator$\r$\n\
-/CurrentUser$\tfor the user alone$\r$\n\
-/FULL$\twith guide, interface, samples and symbols$\r$\n\
-/LOG=FILE$\tadds what is done to a file$\r$\n\
-/D=FOLDER$\tinto that folder; the last option, without quotes$\r$\n$\r$\n\
-Exit codes: 0 done, 1 cancelled, 2 failed, 3 a newer version is installed, 4 in use."
+!define LINE "$\r$\n"
+!define USAGE "Options:${LINE}${LINE}\
+/S - silent${LINE}\
+/AllUsers - for the machine${LINE}\
+/CurrentUser - for the user alone${LINE}\
+/FULL - with what developers need${LINE}\
+/LOG=FILE - adds what is done to it${LINE}\
+/D=FOLDER - last, without quotes${LINE}${LINE}\
+Exit codes:${LINE}${LINE}\
+0 - done${LINE}\
+1 - cancelled${LINE}\
+2 - failed${LINE}\
+3 - a newer version is installed${LINE}\
+4 - in use"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\NVRandom"
 
 !define MULTIUSER_EXECUTIONLEVEL Highest
@@ -77,7 +83,7 @@ Var Log      ; the file that /LOG= names
   ${If} $Log != ""
     FileOpen $R9 "$Log" a
     FileSeek $R9 0 END
-    FileWrite $R9 "${Text}$\r$\n"
+    FileWrite $R9 "${Text}${LINE}"
     FileClose $R9
   ${EndIf}
 !macroend
@@ -90,11 +96,21 @@ Var Log      ; the file that /LOG= names
   Quit
 !macroend
 
+; Removes a folder with nothing left in it, and the maker's folder that it stands in.
+!macro Remove_Folder Folder
+  RMDir "${Folder}"
+  ${GetParent} "${Folder}" $R0
+  ${GetFileName} $R0 $R1
+  ${If} $R1 == "Norvik"
+    RMDir "$R0"
+  ${EndIf}
+!macroend
+
 ; Removes what an installation that does not come to its end has made ready.
 !macro Tidy
   SetOutPath "$TEMP"
   RMDir /r "$INSTDIR\~new"
-  RMDir "$INSTDIR"
+  !insertmacro Remove_Folder "$INSTDIR"
 !macroend
 
 ; Registers or unregisters the DLL of one word size. $0 is 0 when that worked.
@@ -270,7 +286,7 @@ Section
   ${If} $Older != ""
     !insertmacro Each_List "$Older\~old" "$Older" Remove_Folders
     RMDir /r "$Older\~old"
-    RMDir "$Older"
+    !insertmacro Remove_Folder "$Older"
   ${EndIf}
   RMDir /r "$INSTDIR\~new"
 
@@ -310,6 +326,7 @@ Function .onInit
   ${GetOptions} $R0 "/?" $0
   ${IfNot} ${Errors}
     MessageBox MB_OK "${USAGE}"
+    SetErrorLevel 0
     Quit
   ${EndIf}
   ${GetOptions} $R0 "/LOG=" $Log
@@ -344,13 +361,7 @@ Section Uninstall
   Delete "$INSTDIR\product.files"
   Delete "$INSTDIR\uninstall.exe"
   SetOutPath "$TEMP"
-  RMDir "$INSTDIR"
-  ; The maker's folder goes when nothing else is in it, as it came.
-  ${GetParent} "$INSTDIR" $0
-  ${GetFileName} $0 $1
-  ${If} $1 == "Norvik"
-    RMDir "$0"
-  ${EndIf}
+  !insertmacro Remove_Folder "$INSTDIR"
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
   ; A user may have had nothing to uninstall and no program of the user's own; a machine always has.
   DeleteRegKey /ifempty HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall"

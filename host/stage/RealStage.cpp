@@ -8,7 +8,7 @@
 #include "host/application/Clipboard.h"
 #include "host/application/Embedding.h"
 #include "host/base/Text.h"
-#include "host/standins/Setup.h"
+#include "host/standins/Answers.h"
 #include "host/user/Look.h"
 #include "host/user/Picture.h"
 #include "host/user/Reader.h"
@@ -278,6 +278,10 @@ void RealStage::endSession(Dialog dialog) {
 }
 
 std::wstring RealStage::look(Dialog dialog, const std::wstring& name, const std::wstring& aspect) {
+  // A control has no window before it is first shown.
+  if (aspect == L"visible" && name != L"host" && name != L"form" && controlIn(handleOf(dialog), name) == nullptr) {
+    return L"false";
+  }
   const HWND seen = window(dialog, name);
   if (isHeard(aspect)) return hear(seen, thread_.ask([seen] { return typingField(seen); }), aspect);
   return thread_.ask([dialog, seen, &aspect] { return host::look(handleOf(dialog), seen, aspect); });
@@ -338,7 +342,7 @@ void RealStage::setCountries(const std::wstring& text) {
 }
 
 void RealStage::setVerifierRegistered(bool registered) {
-  registered ? restoreVerifier() : withdrawVerifier();
+  record(answersFile, registered ? L"create 1" : L"create fails 0x80040154");  // class not registered
 }
 
 }  // namespace nv::host

@@ -31,7 +31,7 @@ ComPtr<IAccessible> accessibleOf(HWND window) {
 
 using TextOf = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
 
-std::wstring textOf(HWND window, TextOf read) {
+std::wstring heardText(HWND window, TextOf read) {
   BSTR text = nullptr;
   (accessibleOf(window).Get()->*read)(itself(), &text);  // without one the text stays empty
   const std::wstring heard(text == nullptr ? L"" : text, SysStringLen(text));
@@ -39,11 +39,11 @@ std::wstring textOf(HWND window, TextOf read) {
   return heard;
 }
 
-std::wstring nameOf(HWND window) {
-  return textOf(window, &IAccessible::get_accName);
+std::wstring heardName(HWND window) {
+  return heardText(window, &IAccessible::get_accName);
 }
 
-std::wstring roleOf(HWND window) {
+std::wstring heardRole(HWND window) {
   struct Role {
     LONG role;
     const wchar_t* name;
@@ -66,29 +66,29 @@ struct Heard {
   std::wstring (*ask)(HWND window);
 };
 
-constexpr Heard aspects[] = {
-    {L"name", nameOf},
-    {L"role", roleOf},
-    {L"key", [](HWND window) { return textOf(window, &IAccessible::get_accKeyboardShortcut); }},
-    {L"action", [](HWND window) { return textOf(window, &IAccessible::get_accDefaultAction); }},
+constexpr Heard heardAspects[] = {
+    {L"name", heardName},
+    {L"role", heardRole},
+    {L"key", [](HWND window) { return heardText(window, &IAccessible::get_accKeyboardShortcut); }},
+    {L"action", [](HWND window) { return heardText(window, &IAccessible::get_accDefaultAction); }},
     {L"required",
      [](HWND window) {
-       return std::wstring(textOf(window, &IAccessible::get_accDescription) == L"Required" ? L"true" : L"false");
+       return std::wstring(heardText(window, &IAccessible::get_accDescription) == L"Required" ? L"true" : L"false");
      }},
 };
 
 }  // namespace
 
 bool isHeard(std::wstring_view aspect) {
-  return std::ranges::find(aspects, aspect, &Heard::aspect) != std::end(aspects);
+  return std::ranges::find(heardAspects, aspect, &Heard::aspect) != std::end(heardAspects);
 }
 
 std::wstring hear(HWND window, HWND field, std::wstring_view aspect) {
-  const auto ask = std::ranges::find(aspects, aspect, &Heard::aspect)->ask;
+  const auto ask = std::ranges::find(heardAspects, aspect, &Heard::aspect)->ask;
   std::wstring heard = ask(window);
-  if (field == window || ask == roleOf) return heard;
-  const std::wstring inField = nameOf(field);
-  if (ask == nameOf && inField != heard) throw Failure(L"the field in it is called " + inField);
+  if (field == window || ask == heardRole) return heard;
+  const std::wstring inField = heardName(field);
+  if (ask == heardName && inField != heard) throw Failure(L"the field in it is called " + inField);
   return heard;
 }
 

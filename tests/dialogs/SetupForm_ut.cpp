@@ -65,6 +65,11 @@ TEST_F(SetupFormTest, ThePaymentKindOpensAndClosesTheBankBlock) {
   EXPECT_TRUE(user.enabled(L"txtAccount"));
 }
 
+TEST_F(SetupFormTest, InTheUnitedStatesItIsAnIndividualOutOfSight) {
+  unitedStates();
+  EXPECT_TRUE(shown().checked(L"optCIndividual"));
+}
+
 TEST_F(SetupFormTest, ABusinessNumberMakesABusiness) {
   component.store.PayeeIndBussFlg = L"I";
   User user = shown();

@@ -22,10 +22,13 @@ void leave(HWND dialog) {
     PostMessageW(dialog, WM_CLOSE, 0, 0);
     return;
   }
-  wchar_t account[32] = L"";  // in the United States it is always to be confirmed
-  GetWindowTextW(findControl(dialog, L"txtBankAccountNumber"), account, static_cast<int>(std::size(account)));
-  SendMessageW(findControl(dialog, L"txtConfirmBankAccountNumber"), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(account));
   SendMessageW(findControl(dialog, L"ran_payee_email"), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"other@mail.example"));
+  if (const HWND bankAccount = findControl(dialog, L"txtBankAccountNumber")) {
+    wchar_t account[32] = L"";  // in the United States it is always to be confirmed, in a field that OK shows
+    GetWindowTextW(bankAccount, account, static_cast<int>(std::size(account)));
+    press(dialog, L"cmd_ok");
+    SendMessageW(findControl(dialog, L"txtConfirmBankAccountNumber"), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(account));
+  }
   PostMessageW(findControl(dialog, L"cmd_ok"), BM_CLICK, 0, 0);
 }
 

@@ -57,7 +57,7 @@ TEST_F(Resources, WindowsUseTheCurrentControlsInAnyHost) {
   EXPECT_FALSE(isCurrent(before));
   long dialog = 0;
   ASSERT_EQ(S_OK, object->Get_hWnd(&dialog));
-  EXPECT_TRUE(isCurrent(findControl(reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog)), L"ran_payee_street")));
+  EXPECT_TRUE(isCurrent(findControl(reinterpret_cast<HWND>(static_cast<LONG_PTR>(dialog)), L"ran_payee_email")));
   const HWND after = hostsEdit();
   EXPECT_FALSE(isCurrent(after));
   DestroyWindow(before);

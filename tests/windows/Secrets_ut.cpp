@@ -78,7 +78,7 @@ TEST_F(Secrets, WindowsAreGivenBackWithoutTheirTexts) {
     windowsGone = 0;
     textsGone.clear();
     press(shownEmbedded(object.Get()), button);
-    EXPECT_GT(windowsGone, 100);
+    EXPECT_GT(windowsGone, 20);
     for (const std::string_view secret : {account, transit}) {
       const std::wstring text(secret.begin(), secret.end());
       EXPECT_TRUE(std::ranges::none_of(textsGone, [&](const auto& gone) { return gone.find(text) != gone.npos; }));

@@ -7,9 +7,9 @@ namespace nv::windows::test {
 
 namespace {
 
-/// Where the build has put nvhost.
+/// Where nvhost is: beside this program in the acceptance kit, else where the build has put it.
 std::filesystem::path hostFolder() {
-  return programFolder().parent_path().parent_path() / L"host";
+  return verifierIsSideBySide() ? programFolder() : programFolder().parent_path().parent_path() / L"host";
 }
 
 }  // namespace
@@ -33,6 +33,15 @@ std::filesystem::path programFolder() {
   return program().parent_path();
 }
 
+std::filesystem::path sourceFile(const std::string& name) {
+  const wchar_t* const kit = _wgetenv(L"NVRANDOM_SOURCES");
+  return (kit != nullptr ? std::filesystem::path(kit) : std::filesystem::path(NV_SOURCES)) / name;
+}
+
+bool verifierIsSideBySide() {
+  return std::filesystem::exists(programFolder() / L"NVHost.Verifier.manifest");
+}
+
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter) {
   std::wstring command = L"\"" + program.wstring() + L"\" --gtest_brief=1 --gtest_filter=" + filter;
   STARTUPINFOW startup{};
@@ -53,9 +62,25 @@ DWORD exitCode(HANDLE process) {
   return code;
 }
 
-StandInsTest::StandInsTest()
-    : installation(programFolder() / L"installations" / program().stem() / nameOfTest(), hostFolder() / L"standins") {
-  registerVerifier();
+namespace {
+
+/// Where the tests of this run have their installations. A second run of the same program waits here until the first
+/// has ended.
+std::filesystem::path installationsFolder() {
+  const std::wstring name = program().stem().wstring();
+  static const host::Handle turn(CreateMutexW(nullptr, FALSE, (L"NVRandom.Tests." + name).c_str()));
+  WaitForSingleObject(turn.get(), INFINITE);
+  return programFolder() / L"installations" / name;
+}
+
+}  // namespace
+
+void StandInsTest::tell(const std::wstring& answer) {
+  EXPECT_TRUE(host::record(host::answersFile, answer));
+}
+
+StandInsTest::StandInsTest() : installation(installationsFolder() / nameOfTest(), hostFolder() / L"standins") {
+  if (!verifierIsSideBySide()) registerVerifier();
 }
 
 void StandInsTest::registerVerifier() {
@@ -63,7 +88,7 @@ void StandInsTest::registerVerifier() {
 }
 
 void StandInsTest::set(_ClsRandom* object, const std::string& biller) const {
-  host::setBiller(*object, std::filesystem::path(NV_BILLERS_FOLDER) / (biller + ".txt"), installation.root());
+  host::setBiller(*object, sourceFile("host/scenarios/billers/" + biller + ".txt"), installation.root());
 }
 
 std::vector<std::wstring> StandInsTest::asked() {

@@ -19,6 +19,13 @@ std::wstring nameOfTest();
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
 
+/// A file of the sources: in the environment's NVRANDOM_SOURCES, as the acceptance kit has them, else where the program
+/// was built.
+std::filesystem::path sourceFile(const std::string& name);
+
+/// Whether the verifier is found beside the program, as in the acceptance kit, and not in the registry.
+bool verifierIsSideBySide();
+
 /// Starts tests in a process of their own.
 /// @param program this one or a copy.
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter);
@@ -32,7 +39,7 @@ class StandInsTest : public testing::Test {
   static void registerVerifier();
 
   /// Tells a stand-in what to answer, in the words of the scenario command `verifier`.
-  static void tell(const std::wstring& answer) { host::record(host::answersFile, answer); }
+  static void tell(const std::wstring& answer);
   /// Makes the object's record that of the biller, in this installation.
   void set(_ClsRandom* object, const std::string& biller) const;
   /// What the stand-ins have been asked since the last call, a line each.

@@ -15,7 +15,8 @@ constexpr int droppedRows = 12;
 
 class ComboBoxWindow final : public ControlWindow {
  public:
-  ComboBoxWindow(FormWindow& owner, forms::ComboBox& comboBox) : ControlWindow(owner, comboBox), comboBox_(comboBox) {}
+  ComboBoxWindow(FormWindow& owner, forms::ComboBox& comboBox)
+      : ControlWindow(owner, comboBox), comboBox_(comboBox), text_(comboBox) {}
 
   forms::Selection selection() const override { return text_.selection(); }
   HWND focusWindow() const override { return text_.window(); }
@@ -29,7 +30,7 @@ class ComboBoxWindow final : public ControlWindow {
     GetComboBoxInfo(window(), &parts);
     subclass(parts.hwndItem);
     showEntries();
-    text_.connect(parts.hwndItem, comboBox_);
+    text_.connect(parts.hwndItem);
     apply(Attribute::place);
   }
 

@@ -17,7 +17,7 @@ ControlWindow::Native DropDownListWindow::native() const {
 
 void DropDownListWindow::created() {
   const HWND edit = createWindow({L"EDIT", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP}, L"", {}, window());
-  text_.connect(edit, list_);
+  text_.connect(edit);
   EnableWindow(edit, enabled());
   placeText();
 }

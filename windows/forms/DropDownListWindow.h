@@ -11,7 +11,7 @@ namespace nv::windows {
 class DropDownListWindow final : public ControlWindow {
  public:
   DropDownListWindow(FormWindow& owner, forms::DropDownList& list)
-      : ControlWindow(owner, list), list_(list), popup_(*this, list) {}
+      : ControlWindow(owner, list), list_(list), text_(list), popup_(*this, list) {}
 
   forms::Selection selection() const override { return text_.selection(); }
   HWND focusWindow() const override { return text_.window(); }

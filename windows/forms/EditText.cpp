@@ -10,9 +10,8 @@ std::wstring textOf(HWND window) {
   return text;
 }
 
-void EditText::connect(HWND edit, forms::TextField& field) {
+void EditText::connect(HWND edit) {
   edit_ = edit;
-  field_ = &field;
   apply(Attribute::limit);
   apply(Attribute::text);
 }
@@ -21,17 +20,17 @@ bool EditText::apply(Attribute attribute) {
   switch (attribute) {
     case Attribute::text: {
       const auto code = setByCode();
-      SetWindowTextW(edit_, field_->text().c_str());
+      SetWindowTextW(edit_, field_.text().c_str());
     }
       [[fallthrough]];
     case Attribute::selection: {
-      const forms::Selection selection = field_->lastSelection();
+      const forms::Selection selection = field_.lastSelection();
       SendMessageW(edit_, EM_SETSEL, static_cast<WPARAM>(selection.start), selection.start + selection.length);
       SendMessageW(edit_, EM_SCROLLCARET, 0, 0);
       return true;
     }
     case Attribute::limit:
-      SendMessageW(edit_, EM_LIMITTEXT, static_cast<WPARAM>(field_->maxLength()), 0);
+      SendMessageW(edit_, EM_LIMITTEXT, static_cast<WPARAM>(field_.maxLength()), 0);
       return true;
     default:
       return false;
@@ -39,10 +38,11 @@ bool EditText::apply(Attribute attribute) {
 }
 
 void EditText::changed() {
-  if (!setByCode_) field_->onUserText(textOf(edit_), selection());
+  if (!setByCode_) field_.onUserText(textOf(edit_), selection());
 }
 
 forms::Selection EditText::selection() const {
+  if (edit_ == nullptr) return field_.lastSelection();
   DWORD start = 0;
   DWORD end = 0;
   SendMessageW(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));

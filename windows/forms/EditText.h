@@ -9,14 +9,17 @@ namespace nv::windows {
 
 class EditText {
  public:
+  explicit EditText(forms::TextField& field) : field_(field) {}
+
   /// Connects the two and shows the field's state in the window.
-  void connect(HWND edit, forms::TextField& field);
+  void connect(HWND edit);
   HWND window() const { return edit_; }
 
   /// Shows the field's text, selection or limit; returns whether `attribute` was one of them.
   bool apply(forms::Attribute attribute);
   /// The window's text has changed: passes it to the field, unless code set it.
   void changed();
+  /// The selected part; without a window, what is to be selected there.
   forms::Selection selection() const;
   /// While the result lives, changes of the window's text are not passed to the field.
   [[nodiscard]] ScopedValue<bool> setByCode() { return {setByCode_, true}; }
@@ -27,8 +30,8 @@ class EditText {
   }
 
  private:
+  forms::TextField& field_;
   HWND edit_ = nullptr;
-  forms::TextField* field_ = nullptr;
   bool setByCode_ = false;
 };
 

@@ -1,8 +1,10 @@
 #include "windows/forms/FormWindow.h"
 
 #include <algorithm>
+#include <map>
 
 #include "forms/Frame.h"
+#include "windows/Scopes.h"
 #include "windows/ThreadWindows.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/WindowClasses.h"
@@ -45,6 +47,16 @@ bool isInputMethod(HWND window) {
   return std::wstring_view(name) == L"IME" || (GetClassLongPtrW(window, GCL_STYLE) & CS_IME) != 0;
 }
 
+/// What the windows of a form are made under.
+struct MakingScope {
+  explicit MakingScope(const forms::Form& form) {
+    // An embedded form is the host's child, and follows its dpi.
+    if (form.border() == forms::Border::dialog) dpi.emplace();
+  }
+  ActivationContextScope controls;
+  std::optional<DpiAwarenessScope> dpi;
+};
+
 SIZE sizeOf(const RECT& rect) {
   return {rect.right - rect.left, rect.bottom - rect.top};
 }
@@ -52,6 +64,8 @@ SIZE sizeOf(const RECT& rect) {
 }  // namespace
 
 FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(form), palette_(palette) {
+  const MakingScope scope(form);
+  registerWindowClasses();
   const HWND owner = embedded() ? nullptr : hostWindow();
   // Created on its owner's screen: the dpi is that of the window.
   const RECT work = screens.workAreaOf(owner);
@@ -62,7 +76,10 @@ FormWindow::FormWindow(forms::Form& form, Palette& palette) : MessageHandler(for
     scroller_ = Scroller(window_);
     nameWindow(window_, form.windowName());
     if (embedded()) session_ = createWindow({sessionClass, WS_POPUP}, L"", {}, nullptr);
-    makeControls();
+    for (forms::Control* control : form.controls()) {
+      control->attach(controls_.emplace_back(makeControlWindow(*this, *control)).get());
+    }
+    makeWindows();
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     arrange(Where::centre);
   } catch (...) {
@@ -75,13 +92,22 @@ FormWindow::~FormWindow() {
   close();
 }
 
-void FormWindow::makeControls() {
-  for (forms::Control* control : form().controls()) {
-    controls_.push_back(makeControlWindow(*this, *control));
-    const auto* const frame = control->frame();
-    const auto parent = frame == nullptr ? window_ : static_cast<ControlWindow*>(frame->peer())->window();
-    controls_.back()->create(parent);
-    control->attach(controls_.back().get());
+void FormWindow::makeWindows() {
+  const MakingScope scope(form());
+  const bool someAreThere = std::ranges::any_of(controls_, [](const auto& each) { return each->window() != nullptr; });
+  std::map<HWND, HWND> last;  // of the windows in each parent so far
+  for (const auto& each : controls_) {
+    const forms::Frame* const frame = each->control().frame();
+    const HWND parent = frame == nullptr ? window_ : static_cast<const ControlWindow*>(frame->peer())->window();
+    if (parent == nullptr) continue;
+    if (each->window() == nullptr && each->control().visible()) {
+      each->create(parent);
+      // It stands where it would if all were made at once: tools and screen readers go by that order.
+      if (someAreThere) {
+        SetWindowPos(each->window(), last[parent], 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+      }
+    }
+    if (each->window() != nullptr) last[parent] = each->window();
   }
 }
 
@@ -265,7 +291,9 @@ void FormWindow::giveFocusBack() {
 
 void FormWindow::noticeRelease(UINT message) {
   const bool input = (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_KEYDOWN;
-  if (input && form().loaded() && !pressed()) form().released();
+  if (!input || pressed()) return;
+  pressed_ = false;
+  if (form().loaded()) form().released();
 }
 
 // Messages

@@ -9,7 +9,8 @@ namespace {
 
 class TextBoxWindow final : public ControlWindow {
  public:
-  TextBoxWindow(FormWindow& owner, forms::TextBox& textBox) : ControlWindow(owner, textBox), textBox_(textBox) {}
+  TextBoxWindow(FormWindow& owner, forms::TextBox& textBox)
+      : ControlWindow(owner, textBox), textBox_(textBox), text_(textBox) {}
 
   forms::Selection selection() const override { return text_.selection(); }
 
@@ -17,7 +18,7 @@ class TextBoxWindow final : public ControlWindow {
   Native native() const override { return {L"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}; }
 
   void created() override {
-    text_.connect(window(), textBox_);
+    text_.connect(window());
     if (textBox_.passwordChar() != 0) apply(forms::Attribute::mask);
   }
 

@@ -1,7 +1,5 @@
 #include "windows/forms/WindowsWidgetset.h"
 
-#include <optional>
-
 #include "forms/Button.h"
 #include "forms/ComboBox.h"
 #include "forms/DropDownList.h"
@@ -9,7 +7,6 @@
 #include "forms/Image.h"
 #include "forms/Label.h"
 #include "forms/Toggle.h"
-#include "windows/Scopes.h"
 #include "windows/forms/ControlWindows.h"
 #include "windows/forms/FormWindow.h"
 #include "windows/forms/WindowClasses.h"
@@ -17,11 +14,6 @@
 namespace nv::windows {
 
 std::unique_ptr<forms::FormPeer> WindowsWidgetset::createWindows(forms::Form& form) {
-  const ActivationContextScope controls;
-  registerWindowClasses();
-  // An embedded form is the host's child, and follows its dpi.
-  std::optional<DpiAwarenessScope> dpi;
-  if (form.border() == forms::Border::dialog) dpi.emplace();
   return std::make_unique<FormWindow>(form, palette_);
 }
 

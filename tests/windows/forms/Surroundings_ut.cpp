@@ -124,6 +124,27 @@ TEST_F(Surroundings, ATextThatIsCutOffIsShownWholeByATip) {
   EXPECT_EQ(FindWindowW(TOOLTIPS_CLASSW, nullptr), nullptr);
 }
 
+BOOL CALLBACK noteName(HWND window, LPARAM names) {
+  const std::wstring name = nameOf(window);
+  if (!name.empty()) reinterpret_cast<std::vector<std::wstring>*>(names)->push_back(name);
+  return TRUE;
+}
+
+TEST_F(Surroundings, AControlGetsItsWindowWhenItIsFirstSeenInTheOrderOfAll) {
+  for (forms::Control* control : {static_cast<forms::Control*>(&form->box), static_cast<forms::Control*>(&form->tick)})
+    control->setVisible(false);
+  form->show();
+  EXPECT_EQ(findControl(window(), L"second"), nullptr);
+  form->tick.setVisible(true);
+  form->box.setVisible(true);
+  std::vector<std::wstring> expected;
+  for (const forms::Control* control : form->controls()) expected.push_back(control->fullName());
+  std::vector<std::wstring> names;
+  EnumChildWindows(window(), noteName, reinterpret_cast<LPARAM>(&names));
+  EXPECT_EQ(names, expected);
+  form->unload();
+}
+
 TEST_F(Surroundings, AClickElsewhereClosesTheListAndItsArrowComesUp) {
   form->show();
   const auto up = arrow();
