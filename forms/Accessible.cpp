@@ -28,10 +28,6 @@ bool saysSomething(const std::wstring& caption) {
   return std::ranges::any_of(caption, [](wchar_t c) { return isCapital(asciiUpper(c)); });
 }
 
-bool isField(const Control& control) {
-  return control.kind() == Kind::textBox || control.kind() == Kind::comboBox || control.kind() == Kind::dropDownList;
-}
-
 }  // namespace
 
 Role roleOf(const Control& control) {
@@ -69,7 +65,7 @@ const wchar_t* roleName(Role role) {
 
 const Control* labelOf(const Control& control) {
   if (const Control* const said = control.description().label; said != nullptr && said->visible()) return said;
-  if (!isField(control)) return nullptr;
+  if (!control.isField()) return nullptr;
   const auto& all = control.form().controls();
   const Control* label = nullptr;
   for (const Control* other : all) {

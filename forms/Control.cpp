@@ -69,12 +69,20 @@ bool Control::takesInput() const {
   return reachable() && !form().busy();
 }
 
+bool Control::isField() const {
+  return kind_ == Kind::textBox || kind_ == Kind::comboBox || kind_ == Kind::dropDownList;
+}
+
+bool Control::isReadingText() const {
+  return isField() && form().forReading();
+}
+
 Look Control::look() const {
-  const bool field = kind_ == Kind::textBox || kind_ == Kind::comboBox || kind_ == Kind::dropDownList;
+  const bool field = isField();
   const bool label = kind_ == Kind::label;
   const bool text = field || label || kind_ == Kind::frame || kind_ == Kind::hyperlink;
-  const bool seenThrough =
-      kind_ == Kind::image || kind_ == Kind::picture || (label && static_cast<const Label&>(*this).transparent());
+  const bool seenThrough = isReadingText() || kind_ == Kind::image || kind_ == Kind::picture ||
+                           (label && static_cast<const Label&>(*this).transparent());
   Look look;
   look.alive = !blocked() && usable();
   look.greyed = blocked() && !(text && form().forReading());

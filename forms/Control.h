@@ -88,6 +88,10 @@ class Control {
   /// Reachable, and the form is not busy. Whatever a widgetset reports of the user, by whichever route, is asked this.
   bool takesInput() const;
 
+  /// Whether there is a text to be entered in it.
+  bool isField() const;
+  /// Whether it is a field of a form for reading: nothing but its text is seen, in as many lines as that takes.
+  bool isReadingText() const;
   /// How it is drawn: by its own colours, its kind, and whether it can be used. The only place that decides about it.
   Look look() const;
   /// The control's own colours, whatever it looks like.

@@ -10,9 +10,9 @@
 #include "host/base/Crash.h"
 #include "host/base/File.h"
 #include "host/base/Text.h"
+#include "host/check/Check.h"
 #include "host/stage/Runner.h"
 #include "host/standins/Cipher.h"
-#include "host/standins/Setup.h"
 
 namespace nv::host {
 
@@ -26,7 +26,7 @@ constexpr const wchar_t* usage =
     L"  show modal|remote|import FILE  opens the dialog for you with the biller of a file\n"
     L"  play FILE                      plays one scenario in this process, for a debugger\n"
     L"  encipher IN OUT                makes a country file for the stand-in cipher from a text file\n"
-    L"  setup                          registers the stand-ins for other programs: test machines only\n"
+    L"  check                          plays everything that the acceptance kit holds, and writes report.html\n"
     L"\n"
     L"FOLDER is where installation and pictures go; by default the folder of nvhost.\n";
 
@@ -73,10 +73,7 @@ int run(std::vector<std::wstring> arguments) {
   if (command == L"play" && files.size() == 1) return playScenario(folders, files[0], false);
   if (command == L"aloud" && files.size() == 1) return playScenario(folders, files[0], true);
   if (command == L"encipher" && files.size() == 2) return encipherFile(files[0], files[1]);
-  if (command == L"setup" && files.empty()) {
-    registerStandIns(folders.program);
-    return 0;
-  }
+  if (command == L"check" && files.empty()) return checkMachine(folders.program.parent_path().parent_path());
   throw Failure(usage);
 }
 

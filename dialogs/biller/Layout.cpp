@@ -32,10 +32,10 @@ constexpr Twips noteUnderFrame = 40;
 void arrangeAddress(frmRandomInfo& form) {
   constexpr Twips headFields = blockLeft + 2100, headPitch = 285;
   form.Label1.setPlace({blockLeft + leftLabels, frameHead, 1800, textHeight});
-  form.ran_payee_name.setPlace({headFields, frameHead, 6000, textHeight});
+  form.ran_payee_name.setPlace({headFields, frameHead, 8400, textHeight});
   form.imgHelpCSFTInfo[0].setPlace({blockLeft + helpColumn, frameHead - 15, iconSize, iconSize});
   form.Label2.setPlace({blockLeft + leftLabels, frameHead + headPitch, 1800, textHeight});
-  form.ran_payee_account.setPlace({headFields, frameHead + headPitch, 6000, textHeight});
+  form.ran_payee_account.setPlace({headFields, frameHead + headPitch, 8400, textHeight});
 
   form.Label3.setPlace({leftLabels, blockWithoutHead + 15, 9000, textHeight});
   const bool whole = form.Label3.visible();
@@ -52,7 +52,7 @@ void arrangeAddress(frmRandomInfo& form) {
   const auto phoneRow = [&right](forms::Label& label, forms::Label& plus, forms::TextBox& country, forms::TextBox& area,
                                  forms::TextBox& number, forms::TextBox& international, forms::Image& help) {
     right.row(label, {{plus, 105}, country, area, number}).help(help, helpColumn);
-    international.move(area.place().left, area.place().top);
+    international.setPlace({area.place().left, area.place().top, international.place().width, area.place().height});
   };
   phoneRow(form.lblPhoneNo, form.Label19, form.txtPhoneCountryCode, form.ran_payee_ph_area, form.ran_payee_phone,
            form.ran_Inter_payee_phone, form.imgHelpCSFTInfo[1]);

@@ -87,7 +87,8 @@ void frmFXBankInfo::showConfirmation(Section& section) {
     box->setVisible(true);
     box->setEnabled(true);
   }
-  for (forms::TextBox* box : {&section.account, &section.number}) box->setPasswordChar(maskCharacter);
+  maskAndConfirm(section.account, section.accountConf);
+  maskAndConfirm(section.number, section.numberConf);
   rearrange();
 }
 

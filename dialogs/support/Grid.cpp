@@ -1,5 +1,10 @@
 #include "dialogs/support/Grid.h"
 
+#include <algorithm>
+
+#include "forms/TextField.h"
+#include "platform/Text.h"
+
 namespace nv {
 
 using forms::Kind;
@@ -34,6 +39,17 @@ forms::Place centred(Kind kind, Twips left, Twips fieldTop, Twips width) {
   return {left, fieldTop + (design::fieldHeight - height) / 2, width, height};
 }
 
+/// How many lines beyond the first the text of a field takes in a form for reading, as far as that can be told without
+/// a font.
+Twips furtherLines(const Grid::Field& field) {
+  constexpr Twips wide = 105, narrow = 80;  // what a character takes
+  if (!field.control.isReadingText()) return 0;
+  Twips needed = 0;
+  for (const wchar_t c : static_cast<const forms::TextField&>(field.control).text())
+    needed += isCapital(c) || isDigit(c) ? wide : narrow;
+  return needed / (field.width + 1);
+}
+
 }  // namespace
 
 Grid& Grid::row(forms::Control& label, std::initializer_list<Field> fields) {
@@ -43,14 +59,18 @@ Grid& Grid::row(forms::Control& label, std::initializer_list<Field> fields) {
 
 Grid& Grid::row(std::initializer_list<Field> fields) {
   Twips left = fields_;
-  bool visible = false;
+  Twips taken = 0;
   for (const Field& field : fields) {
-    field.control.setPlace(centred(field.control.kind(), left, top_, field.width));
+    const Twips further = furtherLines(field) * design::textHeight;
+    const Kind kind = field.control.isReadingText() ? Kind::label : field.control.kind();
+    forms::Place place = centred(kind, left, top_, field.width);
+    place.height += further;
+    field.control.setPlace(place);
     left += field.width + besideGap;
-    visible = visible || field.control.visible();
+    if (field.control.visible()) taken = std::max(taken, design::rowPitch + further);
   }
   last_ = top_;
-  if (visible) top_ += design::rowPitch;
+  top_ += taken;
   return *this;
 }
 

@@ -39,7 +39,8 @@ class Grid {
   /// @param labels left edge of the labels. @param fields left edge of the fields. @param top top of the first row.
   Grid(forms::Twips labels, forms::Twips fields, forms::Twips top) : labels_(labels), fields_(fields), top_(top) {}
 
-  /// A row: the label, then the fields side by side. A row of which nothing is visible takes no room.
+  /// A row: the label, then the fields side by side. A row of which nothing is visible takes no room; in a form for
+  /// reading one with a long text takes more.
   Grid& row(forms::Control& label, std::initializer_list<Field> fields);
   /// A row of fields alone.
   Grid& row(std::initializer_list<Field> fields);

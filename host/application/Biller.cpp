@@ -7,6 +7,7 @@
 
 #include "host/application/Automation.h"
 #include "host/application/BillerFile.h"
+#include "host/standins/Diversion.h"
 
 namespace nv::host {
 
@@ -69,6 +70,7 @@ Biller::Biller(std::function<void(const std::wstring&)> onEvent) : onEvent_(std:
   CLSID id;
   check(CLSIDFromProgID(L"NVRandom.ClsRandom", &id));
   check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID__ClsRandom, &object_));
+  divertBrowserAndHelp();
   Microsoft::WRL::ComPtr<IConnectionPointContainer> container;
   check(object_->QueryInterface(IID_IConnectionPointContainer, &container));
   check(container->FindConnectionPoint(DIID___ClsRandom, &connection_));

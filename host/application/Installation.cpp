@@ -6,7 +6,6 @@
 #include "host/base/Text.h"
 #include "host/standins/Cipher.h"
 #include "host/standins/Record.h"
-#include "host/standins/Setup.h"
 
 namespace nv::host {
 
@@ -35,13 +34,8 @@ Installation::Installation(fs::path root, fs::path standIns) : root_(std::move(r
     if (!CopyFileW((standIns_ / library).c_str(), target.c_str(), FALSE)) fail(target, L"made");
   }
   setSampleCountries();
-  restoreVerifier();
   SetEnvironmentVariableW(installationVariable, this->root().c_str());
   SetCurrentDirectoryW(root_.c_str());
-}
-
-Installation::~Installation() {
-  restoreVerifier();
 }
 
 /// An earlier run that ended in the middle may have left anything, read-only or not.

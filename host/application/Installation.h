@@ -23,11 +23,10 @@ namespace nv::host {
 
 class Installation {
  public:
-  /// Makes the installation anew in `root`, whatever is there, and tells the stand-ins where it is. An account verifier
-  /// that was withdrawn comes back, now and at the end. Fails with Failure, as everything here does.
+  /// Makes the installation anew in `root`, whatever is there, and tells the stand-ins where it is. Fails with Failure,
+  /// as everything here does.
   /// @param standIns the folder with the stand-ins for the closed libraries and the sample list of countries.
   Installation(std::filesystem::path root, std::filesystem::path standIns);
-  ~Installation();
   Installation(const Installation&) = delete;
   Installation& operator=(const Installation&) = delete;
 

@@ -145,7 +145,7 @@ void checkHoles(std::vector<Shown> shown, const forms::Frame* frame, forms::Twip
 }  // namespace
 
 void checkLayout(const User& user) {
-  constexpr forms::Twips mostInFrames = 300, mostInForms = 500;
+  constexpr forms::Twips mostInFrames = 330, mostInForms = 500;
   std::vector<Shown> shown;
   for (const forms::Control* control : user.form().controls()) {
     if (user.visible(control->fullName())) shown.push_back({control, user.seen(control->fullName()).place});

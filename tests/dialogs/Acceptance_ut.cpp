@@ -42,7 +42,7 @@ TEST_F(AcceptanceTest, ValuesOutOfSightStopTheAttempt) {
     SCOPED_TRACE(what);
     component.store = business;
     if (message != nullptr) international();  // its telephone numbers are others
-    const Texts record = texts(component.store);
+    const Record record = recordOf(component.store);
     {
       User user = shown();
       act(user);
@@ -50,7 +50,7 @@ TEST_F(AcceptanceTest, ValuesOutOfSightStopTheAttempt) {
       user.click(L"cmd_ok");
       EXPECT_TRUE(user.open());
       EXPECT_EQ(user.focus(), focus);
-      EXPECT_EQ(texts(component.store), record);
+      EXPECT_EQ(recordOf(component.store), record);
       EXPECT_EQ(host.events, Texts{});
     }
     random.Unload_From_Remote();

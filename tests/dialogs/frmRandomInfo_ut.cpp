@@ -8,13 +8,13 @@ using platform::MessageBoxes;
 using BillerDialogTest = BillerTest;
 
 TEST_F(BillerDialogTest, ClosingIsNotUndoneByAnOKThatWasStillQueued) {
-  const Texts before = texts(component.store);
+  const Record before = recordOf(component.store);
   for (const bool byKey : {false, true}) {
     User user = shown();
     put(user, L"ran_payee_city", L"KENORA");
     widgetset.pending.push_back([&] { byKey ? static_cast<void>(user.altKey(L'O')) : user.click(L"cmd_ok"); });
     user.closeBox();
-    EXPECT_EQ(texts(component.store), before);
+    EXPECT_EQ(recordOf(component.store), before);
     EXPECT_EQ(std::exchange(host.events, {}), Texts{L"Cancel"});
   }
 }

@@ -5,9 +5,12 @@
 
 namespace nv::test {
 
+/// Texts by the names of their properties.
+using Record = std::map<std::wstring, std::wstring>;
+
 /// An installation, and on record a Canadian business whose bank account is not known.
 class BillerTest : public ComponentTest {
- protected:
+ public:
   static constexpr const wchar_t* title = L"Norvik - Biller / Funds Transfer Information";
 
   BillerTest() {
@@ -79,14 +82,14 @@ class BillerTest : public ComponentTest {
   }
 
   /// Every text of the record and the context.
-  static Texts texts(const Store& store) {
-    Texts texts;
-    const auto add = [&texts](const auto& value) {
-      if constexpr (std::is_same_v<decltype(value), const std::wstring&>) texts.push_back(value);
+  static Record recordOf(const Store& store) {
+    Record record;
+    const auto add = [&record](const wchar_t* name, const auto& value) {
+      if constexpr (std::is_same_v<decltype(value), const std::wstring&>) record.emplace(name, value);
     };
-#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(store.Name);
+#define NV_PROPERTY_AS(id, Name, Type, Access, Tracing, Label) add(L## #Name, store.Name);
 #include "component/core/properties.def"
-    return texts;
+    return record;
   }
 
   /// Puts a text into a field past the rules of typing.

@@ -41,7 +41,7 @@ class Host : public ClsRandomEvents {
 };
 
 class ComponentTest : public testing::Test {
- protected:
+ public:
   ~ComponentTest() override { EXPECT_TRUE(component.forms.empty()) << "a form outlived whoever showed it"; }
 
   static constexpr const wchar_t* dllPath = L"C:\\Apps\\NORVIK\\Bin";

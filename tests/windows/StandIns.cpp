@@ -7,9 +7,9 @@ namespace nv::windows::test {
 
 namespace {
 
-/// Where the build has put nvhost.
+/// Where nvhost is: beside this program in the acceptance kit, else where the build has put it.
 std::filesystem::path hostFolder() {
-  return programFolder().parent_path().parent_path() / L"host";
+  return verifierIsSideBySide() ? programFolder() : programFolder().parent_path().parent_path() / L"host";
 }
 
 }  // namespace
@@ -31,6 +31,14 @@ std::filesystem::path program() {
 
 std::filesystem::path programFolder() {
   return program().parent_path();
+}
+
+bool verifierIsSideBySide() {
+  return std::filesystem::exists(programFolder() / L"NVHost.Verifier.manifest");
+}
+
+std::filesystem::path sourceFile(const std::string& name) {
+  return programFolder() / (verifierIsSideBySide() ? ".." : "../../../..") / name;
 }
 
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter) {
@@ -71,7 +79,7 @@ void StandInsTest::tell(const std::wstring& answer) {
 }
 
 StandInsTest::StandInsTest() : installation(installationsFolder() / nameOfTest(), hostFolder() / L"standins") {
-  registerVerifier();
+  if (!verifierIsSideBySide()) registerVerifier();
 }
 
 void StandInsTest::registerVerifier() {
@@ -79,7 +87,7 @@ void StandInsTest::registerVerifier() {
 }
 
 void StandInsTest::set(_ClsRandom* object, const std::string& biller) const {
-  host::setBiller(*object, std::filesystem::path(NV_BILLERS_FOLDER) / (biller + ".txt"), installation.root());
+  host::setBiller(*object, sourceFile("host/scenarios/billers/" + biller + ".txt"), installation.root());
 }
 
 std::vector<std::wstring> StandInsTest::asked() {

@@ -19,6 +19,12 @@ std::wstring nameOfTest();
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
 
+/// A file of the sources: the acceptance kit has them above its programs, the build stands in them.
+std::filesystem::path sourceFile(const std::string& name);
+
+/// Whether the verifier is found beside the program, as in the acceptance kit, and not in the registry.
+bool verifierIsSideBySide();
+
 /// Starts tests in a process of their own.
 /// @param program this one or a copy.
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter);

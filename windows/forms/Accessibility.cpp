@@ -37,6 +37,9 @@ Told toldOf(const forms::Control& control) {
   if (isRequired(control)) told.description = L"Required";
   if (control.reachable()) {
     told.action = actionOf(control);
+  } else if (control.isReadingText()) {
+    told.state |= STATE_SYSTEM_READONLY;
+    told.noState |= STATE_SYSTEM_FOCUSABLE;
   } else {
     told.state |= STATE_SYSTEM_UNAVAILABLE;
     told.noState |= STATE_SYSTEM_FOCUSABLE;

@@ -61,6 +61,7 @@ void ControlWindow::apply(Attribute attribute) {
       break;
     case Attribute::enabled:
       EnableWindow(window_, enabled());
+      if (control_.isReadingText()) takeBoxOff();
       RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
       break;
     case Attribute::text:
@@ -80,6 +81,18 @@ RECT ControlWindow::area() const {
 }
 
 RECT ControlWindow::lineArea() const {
+  return control_.isReadingText() ? textArea() : middleLine();
+}
+
+RECT ControlWindow::textArea() const {
+  const RECT place = ControlWindow::area();
+  if (place.bottom - place.top >= 2 * owner_.lineHeight(control_.font())) return place;
+  RECT line = middleLine();
+  line.top += textInset;
+  return line;
+}
+
+RECT ControlWindow::middleLine() const {
   constexpr int below = 5;  // the text, its window's edge included
   const forms::Place& place = control_.place();
   const Scale& scale = owner_.scale();
@@ -95,6 +108,40 @@ void ControlWindow::place() {
   const RECT place = area();
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// A field of a form for reading: what there is to see, its text, is drawn here.
+void ControlWindow::takeBoxOff() {
+  SetWindowLongW(window_, GWL_EXSTYLE, GetWindowLongW(window_, GWL_EXSTYLE) & ~WS_EX_CLIENTEDGE);
+  SetWindowPos(window_, nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (focusWindow() != window_) ShowWindow(focusWindow(), SW_HIDE);
+}
+
+std::optional<LRESULT> ControlWindow::showText(UINT message, WPARAM wparam) {
+  const auto paint = [this](HDC context) {
+    RECT area;
+    GetClientRect(window_, &area);
+    FillRect(context, &area, owner_.brush(background()));
+    const Selected font(context, owner_.font(control_.font(), false));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, textColour());
+    DrawTextW(context, static_cast<const forms::TextField&>(control_).text().c_str(), -1, &area, readingFormat);
+  };
+  switch (message) {
+    case WM_ERASEBKGND:
+      return TRUE;
+    case WM_NCPAINT:
+      return 0;
+    case WM_PRINTCLIENT:
+      paint(reinterpret_cast<HDC>(wparam));
+      return 0;
+    case WM_PAINT:
+      paint(Painting(window_).context());
+      return 0;
+    default:
+      return std::nullopt;
+  }
 }
 
 HBRUSH ControlWindow::handleCtlColor(HDC context) {
@@ -119,9 +166,13 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
   }
   if (destroying_ && message == WM_COMMAND) return 0;
   owner_.tips().heard(window, message, wparam, lparam);
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) owner_.noticePress();
   if (pressing_ && message == WM_LBUTTONUP) {
     release_ = lparam;
     return 0;
+  }
+  if (window == window_ && control_.isReadingText()) {
+    if (const auto shown = showText(message, wparam)) return *shown;
   }
   const LRESULT result = handle(window, message, wparam, lparam);
   owner_.noticeRelease(message);
@@ -159,7 +210,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       const LRESULT set = pass(window, message, wparam, lparam);
       // A font brings margins of its own with it, of some kinds of fields.
       const int margin = owner_.scale().pixels(15);
-      if (dynamic_cast<forms::TextField*>(&control_) != nullptr && focusWindow() != nullptr)
+      if (control_.isField() && focusWindow() != nullptr)
         SendMessageW(focusWindow(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
       return set;
     }

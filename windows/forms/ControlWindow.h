@@ -16,6 +16,9 @@ class FormWindow;
 /// The Shift, Control and Alt keys at the message being handled, as ShiftState bits.
 int shiftState();
 
+/// How the text of a field is drawn in a form for reading: wrapped, between letters if need be. DrawText's flags.
+inline constexpr UINT readingFormat = DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
+
 class ControlWindow : public forms::ControlPeer, public MessageHandler, public Teller {
  public:
   ControlWindow(FormWindow& owner, forms::Control& control)
@@ -83,6 +86,8 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   /// The same for fields of one line, and for the labels beside them: as tall as the text needs, in the middle of the
   /// control's place, so that all texts of a row stand on one line at any dpi and in any font.
   RECT lineArea() const;
+  /// The same for what is only to be read: one line stands on that of the fields beside it, more begin at the top.
+  RECT textArea() const;
   /// From the top of a field's window, with its edge, to its text, in pixels at any dpi.
   static constexpr int textInset = 3;
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
@@ -93,6 +98,9 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) final;
   void destroyed(HWND window) final;
   void wipeText(HWND window);
+  RECT middleLine() const;
+  void takeBoxOff();
+  std::optional<LRESULT> showText(UINT message, WPARAM wparam);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool focusForPress();
   void place();

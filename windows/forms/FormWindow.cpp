@@ -291,7 +291,9 @@ void FormWindow::giveFocusBack() {
 
 void FormWindow::noticeRelease(UINT message) {
   const bool input = (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_KEYDOWN;
-  if (input && form().loaded() && !pressed()) form().released();
+  if (!input || pressed()) return;
+  pressed_ = false;
+  if (form().loaded()) form().released();
 }
 
 // Messages

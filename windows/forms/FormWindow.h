@@ -27,7 +27,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   void runModal() override;
   void close() override;
   void sendKey(wchar_t key) override;
-  bool pressed() const override { return GetKeyState(VK_LBUTTON) < 0; }
+  bool pressed() const override { return pressed_ && GetKeyState(VK_LBUTTON) < 0; }
   std::intptr_t handle() const override { return reinterpret_cast<std::intptr_t>(window_); }
 
   // For the windows of the controls.
@@ -53,6 +53,9 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   void makeWindows();
   /// The keyboard focus has come into a control's window, whoever brought it there.
   void focusEntered(forms::Control& control);
+  /// The mouse goes down in a control's window. A host may have shown the form while it was held down: that is no
+  /// press.
+  void noticePress() { pressed_ = true; }
   /// A message to one of the windows was handled: tells the form if by then the mouse has been let go, here or
   /// elsewhere.
   void noticeRelease(UINT message);
@@ -61,9 +64,8 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   LRESULT receive(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   Told tell(HWND window) const override;
   void destroyed(HWND window) override;
-  /// Gives the window its size (and, embedded, its place) as the form says, within the work area of its screen.
-  /// Sizes the window by its form, and places it: in the middle of its owner, where an embedded form says, or not at
-  /// all.
+  /// Gives the window its size as the form says, within the work area of its screen, and its place: in the middle of
+  /// its owner, where an embedded form says, or the one that it has.
   enum class Where { centre, asFormSays, here };
   void arrange(Where where);
   void rescale(int dpi);
@@ -86,6 +88,7 @@ class FormWindow final : public forms::FormPeer, private MessageHandler, private
   Tips tips_{*this};
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<HWND> disabled_;  // top-level windows to be enabled again after a modal show
+  bool pressed_ = false;        // the mouse went down in a control
 };
 
 }  // namespace nv::windows

@@ -20,14 +20,7 @@ class LabelWindow final : public ControlWindow {
     return {L"STATIC", style};
   }
 
-  /// One line stands on that of the field beside it; more begin at the top.
-  RECT area() const override {
-    const RECT place = ControlWindow::area();
-    if (place.bottom - place.top >= 2 * owner().lineHeight(label_.font())) return place;
-    RECT line = lineArea();
-    line.top += textInset;
-    return line;
-  }
+  RECT area() const override { return textArea(); }
 
   void apply(forms::Attribute attribute) override {
     ControlWindow::apply(attribute);

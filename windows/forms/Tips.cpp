@@ -23,20 +23,22 @@ std::wstring cutText(const forms::Control& control, HWND window) {
   if (field == nullptr && control.kind() != Kind::label) return {};
   if (control.kind() == Kind::textBox && static_cast<const forms::TextBox&>(control).passwordChar() != 0) return {};
   const std::wstring& text = field != nullptr ? field->text() : control.caption();
+  const bool oneLine = field != nullptr && !control.isReadingText();
   RECT room;
   GetClientRect(window, &room);
-  if (field != nullptr) SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+  if (oneLine) SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
   OffsetRect(&room, -room.left, -room.top);
 
   const HDC context = GetDC(window);
   RECT needed{0, 0, room.right, 0};
   {
     const Selected font(context, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
-    const UINT wrap = field != nullptr ? static_cast<UINT>(DT_SINGLELINE | DT_NOPREFIX) : DT_WORDBREAK;
+    UINT wrap = field != nullptr ? readingFormat : DT_WORDBREAK;
+    if (oneLine) wrap = DT_SINGLELINE | DT_NOPREFIX;
     DrawTextW(context, text.c_str(), -1, &needed, DT_CALCRECT | wrap);
   }
   ReleaseDC(window, context);
-  const bool fits = needed.right <= room.right && (field != nullptr || needed.bottom <= room.bottom);
+  const bool fits = needed.right <= room.right && (oneLine || needed.bottom <= room.bottom);
   return fits ? std::wstring() : text;
 }
 
@@ -75,7 +77,10 @@ ControlWindow* Tips::controlAt(POINT place) const {
 
 void Tips::follow(POINT place) {
   const ControlWindow* const control = controlAt(place);
-  std::wstring text = control == nullptr ? std::wstring() : cutText(control->control(), control->focusWindow());
+  std::wstring text = control == nullptr
+                          ? std::wstring()
+                          : cutText(control->control(),
+                                    control->control().isReadingText() ? control->window() : control->focusWindow());
   if (control == of_ && text == text_) return;
   withdraw();
   if (!text.empty()) offer(*control, std::move(text));

@@ -41,12 +41,6 @@ std::wstring saidOr(const std::wstring& refusal, const wchar_t* otherwise) {
   return trimmed(refusal).empty() ? otherwise : refusal;
 }
 
-/// Masks a number and makes room for its confirmation: a number of the record may be longer than can be typed.
-void maskAndConfirm(TextBox& number, TextBox& confirmation) {
-  number.setPasswordChar(maskCharacter);
-  confirmation.setMaxLength(std::max(number.maxLength(), static_cast<int>(number.text().size())));
-}
-
 }  // namespace
 
 Verdict frmRandomInfo::Acceptance::checkBankId() {
@@ -167,11 +161,12 @@ Verdict frmRandomInfo::Acceptance::confirmAccount() {
   if (!std::exchange(form_.confirming_, true)) form_.clearConfirmation();
   form_.showConfirmation(true);
   for (const Pair& pair : pairs) maskAndConfirm(pair.field, pair.confirmation);
+  // A number that is empty, as an account may be, is not to be entered again.
   for (const Pair& pair : pairs) {
-    if (pair.confirmation.text().empty()) return Verdict::stopAt(pair.confirmation);
+    if (pair.confirmation.text().empty() && !confirmed(pair)) return Verdict::stopAt(pair.confirmation);
   }
   for (const Pair& pair : {account, transit, bankId}) {
-    if (!sameTrimmed(pair.confirmation, pair.field)) return Verdict::stopSelected(pair.confirmation);
+    if (!confirmed(pair)) return Verdict::stopSelected(pair.confirmation);
   }
   form_.clearConfirmation();
   return Verdict::stopAt(form_.txtTransitConf);
