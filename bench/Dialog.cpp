@@ -145,13 +145,10 @@ void drop(HWND list) {
 }
 
 /// A letter that is typed into an empty field, or taken back, until that is on the screen.
-/// @param prepare what is done once the field has the focus.
-double typing(
-    HWND edit, const std::function<void()>& prepare = [] {}) {
+double typing(HWND edit) {
   SetForegroundWindow(GetAncestor(edit, GA_ROOT));
   SetFocus(edit);
   SetWindowTextW(edit, L"");
-  prepare();
   const auto type = [edit](WPARAM key, int length) {
     PostMessageW(edit, WM_KEYDOWN, key, 1);
     PostMessageW(edit, WM_KEYUP, key, 1);
@@ -160,13 +157,13 @@ double typing(
   };
   settle();
   constexpr int letters = 20;
-  return timed([&] {
-           for (int i = 0; i < letters; ++i) {
-             type('Q', 1);
-             type(VK_BACK, 0);
-           }
-         }) /
-         (2 * letters);
+  const double took = timed([&] {
+    for (int i = 0; i < letters; ++i) {
+      type('Q', 1);
+      type(VK_BACK, 0);
+    }
+  });
+  return took / (2 * letters);
 }
 
 /// A system's list of so many rows in a window of its own, which nobody tells what is in them.
@@ -310,22 +307,6 @@ Comparison keystroke() {
   const HWND bare = GetDlgItem(plain, LOWORD(reinterpret_cast<ULONG_PTR>(ours)));
 
   return compare([&] { return typing(ours); }, [&] { return typing(bare); });
-}
-
-Comparison keystrokeInList() {
-  const HostWindow host;
-  const Workplace fewRows(L"fewRows", 250);
-  const auto hasFew = fewRows.object();
-  const Embedded few(hasFew.Get(), host.get());
-  const Workplace manyRows(L"manyRows", 100'000);
-  const auto hasMany = manyRows.object();
-  const Embedded many(hasMany.Get(), host.get());
-  const auto typingInto = [](const Embedded& dialog) {
-    return [list = dialog.control(L"ran_payee_country")] {
-      return typing(FindWindowExW(list, nullptr, L"Edit", nullptr), [list] { drop(list); });
-    };
-  };
-  return compare(typingInto(many), typingInto(few), 31);
 }
 
 Comparison dialogMemory() {

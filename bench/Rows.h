@@ -31,8 +31,6 @@ Comparison embeddedOpening();
 /// The embedded dialog and its open country list.
 Comparison countryList(std::size_t rows);
 Comparison keystroke();
-/// In an open list of 100,000 rows, beside one of 250.
-Comparison keystrokeInList();
 Comparison acceptance();
 /// Bytes of the process's heaps.
 Comparison dialogMemory();
@@ -44,6 +42,8 @@ Comparison switchedOffTrace();
 Comparison countryFile(std::size_t rows);
 /// Per row: a file of 100,000 rows beside one of 10,000.
 Comparison countryFileGrowth();
+/// What a letter that is typed looks for in a list of 100,000 rows.
+Comparison rowSearch();
 
 /// What only the first of a process can show.
 struct Alone {

@@ -69,10 +69,11 @@ std::optional<std::size_t> DropDownList::find(std::wstring_view text) const {
   const std::size_t nameColumn = textColumn_ == 0 ? 1 : 0;
   std::optional<std::size_t> named;
   std::optional<std::size_t> begun;
-  for (std::size_t row = 0; row < rows_.size() && !text.empty(); ++row) {
-    const std::wstring_view code = cell(row, textColumn_);
+  const std::size_t rows = text.empty() ? 0 : rows_.size();  // which divides
+  for (std::size_t row = 0; row < rows; ++row) {
+    const std::wstring_view code = rows_.cell(row, textColumn_);
     if (code.size() == text.size() && beginsWith(code, text)) return row;
-    const std::wstring_view name = cell(row, nameColumn);
+    const std::wstring_view name = rows_.cell(row, nameColumn);
     if (!beginsWith(name, text)) continue;
     if (!named && name.size() == text.size()) named = row;
     if (!begun && code.size() != text.size()) begun = row;

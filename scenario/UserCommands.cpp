@@ -225,7 +225,8 @@ Names told(Stage& stage, Dialog dialog) {
     if (name.empty()) throw Failure(control + L" has no name");
     if (std::ranges::find(called, name) != called.end()) throw Failure(L"there are two called " + inQuotes(name));
     called.push_back(name);
-    lines.push_back(name + L";" + role + (look(L"required") == L"true" ? L";required;" : L";;") + look(L"key"));
+    std::wstring& line = lines.emplace_back(name);
+    line.append(L";").append(role).append(look(L"required") == L"true" ? L";required;" : L";;").append(look(L"key"));
   }
   return lines;
 }

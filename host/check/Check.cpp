@@ -1,7 +1,6 @@
 #include "host/check/Check.h"
 
 #include <algorithm>
-#include <atomic>
 
 #include "host/application/Clipboard.h"
 #include "host/application/Permissions.h"
@@ -54,7 +53,6 @@ class Check {
   int run();
   /// Ends the run; it is over when this returns. From any thread.
   void stop() {
-    stopped_ = true;
     job_.stop();
     WaitForSingleObject(over_.get(), INFINITE);
   }
@@ -71,12 +69,11 @@ class Check {
   fs::path pictures_ = kit_ / L"pictures";
   Job job_;
   std::vector<Result> results_;
-  std::atomic<bool> stopped_ = false;
   Handle over_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
 void Check::add(const std::wstring& part, const std::wstring& test, Outcome outcome, const std::wstring& said) {
-  if (stopped_) return;  // what was ended in the middle is no result
+  if (job_.stopped()) return;  // what was ended in the middle is no result
   results_.push_back({part, test, outcome, said});
   constexpr const wchar_t* marks[] = {L"PASS ", L"FAIL ", L"SKIP "};
   printLine(marks[static_cast<std::size_t>(outcome)] + part + L": " + test);
@@ -111,13 +108,13 @@ void Check::scenarios(const std::wstring& architecture) {
   });
   ended(part, before, exit);
   std::error_code none;
+  fs::create_directory(pictures_, none);
   fs::copy(work_ / architecture / L"shots", pictures_ / architecture, fs::copy_options::recursive, none);
 }
 
 void Check::tests(const std::wstring& architecture, const wchar_t* program) {
   const std::wstring part = program + (L", " + architecture);
   SetEnvironmentVariableW(L"NVRANDOM_DLL", (kit_ / architecture / L"NVRandom.dll").c_str());
-  SetEnvironmentVariableW(L"NVRANDOM_SOURCES", kit_.c_str());
   std::wstring said;
   const auto hear = [&](const std::wstring& line) {
     const auto result = [&](const wchar_t* mark, Outcome outcome) {
@@ -135,9 +132,11 @@ void Check::tests(const std::wstring& architecture, const wchar_t* program) {
 }
 
 void Check::play(const std::wstring& architecture) {
-  if (!stopped_) scenarios(architecture);
-  for (const wchar_t* program : {L"nv_windows_tests", L"nv_widgetset_tests"}) {
-    if (!stopped_) tests(architecture, program);
+  try {
+    scenarios(architecture);
+    for (const wchar_t* program : {L"nv_windows_tests", L"nv_widgetset_tests"}) tests(architecture, program);
+  } catch (const Failure& failure) {
+    add(architecture, L"its programs", Outcome::failed, failure.text());
   }
 }
 
@@ -152,10 +151,10 @@ int Check::run() {
   removeFolder(work_);
   for (const wchar_t* architecture : {L"x86", L"x64"}) removeFolder(kit_ / architecture / L"installations");
   const fs::path report = kit_ / L"report.html";
-  writeReport(report, results_, pictures_, stopped_ ? L"It was stopped before its end." : L"");
+  writeReport(report, results_, pictures_, job_.stopped() ? L"It was stopped before its end." : L"");
   printLine(report.wstring());
   printLine(summary(results_));
-  const bool good = !stopped_ && std::ranges::count(results_, Outcome::failed, &Result::outcome) == 0;
+  const bool good = !job_.stopped() && std::ranges::count(results_, Outcome::failed, &Result::outcome) == 0;
   SetEvent(over_.get());
   return good ? 0 : 1;
 }

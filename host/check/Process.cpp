@@ -11,8 +11,13 @@ Job::Job() : job_(CreateJobObjectW(nullptr, nullptr)) {
     throw Failure(L"programs cannot be run together (" + std::to_wstring(GetLastError()) + L")");
 }
 
+void Job::stop() {
+  stopped_ = true;
+  TerminateJobObject(job_.get(), ERROR_CANCELLED);
+}
+
 DWORD Job::run(const std::filesystem::path& program, const std::wstring& arguments,
-               const std::function<void(const std::wstring&)>& said) const {
+               const std::function<void(const std::wstring&)>& said) {
   SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
   HANDLE reading = nullptr;
   HANDLE writing = nullptr;
@@ -34,6 +39,7 @@ DWORD Job::run(const std::filesystem::path& program, const std::wstring& argumen
   const Handle thread(process.hThread);
   const Handle running(process.hProcess);
   AssignProcessToJobObject(job_.get(), running.get());
+  if (stopped_) stop();
   ResumeThread(thread.get());
   childs.reset();  // the last one to write closes the pipe
 

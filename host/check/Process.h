@@ -1,6 +1,7 @@
 // A program that is run to its end, and what it says meanwhile.
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -20,11 +21,13 @@ class Job {
   /// @param program its file; @param arguments a command line without it.
   /// @param said is handed each line that it writes, as it comes.
   DWORD run(const std::filesystem::path& program, const std::wstring& arguments,
-            const std::function<void(const std::wstring&)>& said) const;
-  /// Ends what runs now, and all that it has started. From any thread.
-  void stop() const { TerminateJobObject(job_.get(), ERROR_CANCELLED); }
+            const std::function<void(const std::wstring&)>& said);
+  /// Ends what runs now, all that it has started, and what is run from now on. From any thread.
+  void stop();
+  bool stopped() const { return stopped_; }
 
  private:
+  std::atomic<bool> stopped_ = false;
   Handle job_;
 };
 

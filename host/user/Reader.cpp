@@ -34,7 +34,7 @@ using TextOf = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
 std::wstring heardText(HWND window, TextOf read) {
   BSTR text = nullptr;
   (accessibleOf(window).Get()->*read)(itself(), &text);  // without one the text stays empty
-  const std::wstring heard(text == nullptr ? L"" : text, SysStringLen(text));
+  std::wstring heard(text == nullptr ? L"" : text, SysStringLen(text));
   SysFreeString(text);
   return heard;
 }

@@ -30,11 +30,12 @@ TEST_F(ReportTest, TheTraceIsOneLineForEachEntry) {
 
 TEST_F(ReportTest, AnErrorIsTracedShownAndLogged) {
   startTrace();
+  WritePlayByPlay(component, L"before", false);
   ExpectedBox failing = errorBox;
   failing.whileOpen = [] { throw RuntimeError(ErrorNumber::outOfMemory); };  // the log is written all the same
   messages.expect(failing);
   ShowError(component, 5, L"D", L"P", false, L"");
-  EXPECT_EQ(files.text(traceFile), traceLine + L"Random - ShowError D\r\nLastOP=P\r\n");
+  EXPECT_EQ(files.text(traceFile), traceLine + L"before\r\n" + traceLine + L"Random - ShowError D\r\nLastOP=P\r\n");
   EXPECT_EQ(files.text(errorLog), logLine);
 
   struct Case {

@@ -104,7 +104,9 @@ TEST_F(ReferenceListsTest, TheCountryFileIsReadAsItComes) {
   const Case cases[] = {
       {"empty", L"", {}},
       {"a heading alone", L"Countries of the world", {}},
-      {"the file's order", L"H\nGermany,DE,49\nAustria,AT,43\n", {L"Germany;DE;49", L"Austria;AT;43"}},
+      {"the file's order, from the heading's second value on",
+       L"H,Atlantis,AX,1\nGermany,DE,49\nAustria,AT,43\n",
+       {L"Atlantis;AX;1", L"Germany;DE;49", L"Austria;AT;43"}},
       {"the two neighbours once", L"H\r\nCANADA,CA,001\r\nUSA,US,001\r\nAustria,AT,43", {L"Austria;AT;43"}},
       {"trimmed", L"H\n \t Austria\t, AT ,\t 43 \t\n", {L"Austria;AT;43"}},
       {"quoted",

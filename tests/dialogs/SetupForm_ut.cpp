@@ -1,4 +1,5 @@
 // How the biller dialog opens, as far as no user can tell. What each kind of biller gets to see is in scenarios.
+#include "forms/DropDownList.h"
 #include "forms/Toggle.h"
 #include "tests/support/BillerTest.h"
 
@@ -29,6 +30,17 @@ TEST_F(SetupFormTest, EachModeIsAsHighAsWhatItShows) {
           EXPECT_TRUE(!user.visible(bank) || frame.height == user.seen(bank).place.bottom() + 100) << bank;
         }
       }
+      // Whatever is shown later, the buttons stay in the room that an embedding host has made.
+      if (user.visible(L"cmbCurrencyCode") && user.enabled(L"cmbCurrencyCode")) {
+        user.click(L"cmbCurrencyCode");
+        dynamic_cast<forms::DropDownList&>(user.control(L"cmbCurrencyCode")).picked(0);
+        user.click(L"ran_payee_email");
+      }
+      installation.answers[L"ValidateBankAccount"].result = 2;
+      for (const wchar_t* number : {L"txtTransit", L"txtBankID", L"txtAccount"}) put(user, number, L"123");
+      user.click(L"cmd_ok");
+      EXPECT_TRUE(user.visible(L"txtAccountConf") || user.visible(L"txtConfirmBankAccountNumber"));
+      EXPECT_LE(user.seen(L"cmd_ok").place.bottom(), ok.bottom() + 500);
     }
     random.Unload_From_Remote();
     component.store = before;

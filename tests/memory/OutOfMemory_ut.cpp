@@ -70,7 +70,8 @@ void harm(const Scene& scene, long nth, Record whole) {
   untilFailure = nth;
   const bool shown = show.play() == 0;
   memoryIsBack();
-  show.random.Unload_From_Remote();
+  if (scene.way == Scene::embedded) show.random.Unload_From_Remote();  // which might still be shown
+  EXPECT_TRUE(show.component.forms.empty());
   if (Record now = show.record(); now != show.before) {  // accepted, with the letter where and if it arrived
     const Texts arrived = {L"pay@acme.examplex", L"pay@acme.example", L"xpay@acme.example"};
     std::wstring& email = now[L"PayeeEmail"];

@@ -33,13 +33,12 @@ std::filesystem::path programFolder() {
   return program().parent_path();
 }
 
-std::filesystem::path sourceFile(const std::string& name) {
-  const wchar_t* const kit = _wgetenv(L"NVRANDOM_SOURCES");
-  return (kit != nullptr ? std::filesystem::path(kit) : std::filesystem::path(NV_SOURCES)) / name;
-}
-
 bool verifierIsSideBySide() {
   return std::filesystem::exists(programFolder() / L"NVHost.Verifier.manifest");
+}
+
+std::filesystem::path sourceFile(const std::string& name) {
+  return programFolder() / (verifierIsSideBySide() ? ".." : "../../../..") / name;
 }
 
 HANDLE startTests(const std::filesystem::path& program, const std::wstring& filter) {

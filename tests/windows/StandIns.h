@@ -19,8 +19,7 @@ std::wstring nameOfTest();
 /// Folder of the running tests, in the build.
 std::filesystem::path programFolder();
 
-/// A file of the sources: in the environment's NVRANDOM_SOURCES, as the acceptance kit has them, else where the program
-/// was built.
+/// A file of the sources: the acceptance kit has them above its programs, the build stands in them.
 std::filesystem::path sourceFile(const std::string& name);
 
 /// Whether the verifier is found beside the program, as in the acceptance kit, and not in the registry.
