@@ -8,14 +8,19 @@ else()
   set(NV_IDL_IMPORTLIB /usr/lib/x86_64-linux-gnu/wine/x86_64-windows)
 endif()
 
+# widl writes the time and the path that it is given into what it makes, which is to be the same everywhere. Who only builds
+# and tests needs no clock for that; scripts/package brings one.
+find_program(NV_FAKETIME faketime)
+if(NV_FAKETIME)
+  set(NV_IDL_CLOCK ${CMAKE_COMMAND} -E env TZ=UTC ${NV_FAKETIME} -f "2026-01-01 00:00:00")
+endif()
+
 function(nv_idl target source)
   cmake_path(GET source STEM name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/idl)
   file(MAKE_DIRECTORY ${folder})
   set(idl ${folder}/${name}.idl)
-  # It writes the time and the path that it is given into what it makes, which is to be the same everywhere.
-  set(widl ${CMAKE_COMMAND} -E env TZ=UTC faketime -f "2026-01-01 00:00:00"
-           ${NV_WIDL} -I ${NV_IDL_INCLUDE} -L ${NV_IDL_IMPORTLIB})
+  set(widl ${NV_IDL_CLOCK} ${NV_WIDL} -I ${NV_IDL_INCLUDE} -L ${NV_IDL_IMPORTLIB})
   add_custom_command(
     OUTPUT ${idl} ${folder}/${name}.h ${folder}/${name}_i.c ${folder}/${name}.tlb
     COMMAND ${CMAKE_C_COMPILER} -E -P -x c -I ${PROJECT_SOURCE_DIR} ${ARGN} -o ${idl} ${CMAKE_CURRENT_SOURCE_DIR}/${source}
