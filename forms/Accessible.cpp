@@ -50,7 +50,7 @@ Role roleOf(const Control& control) {
     case Kind::image:
       return Role::button;
     case Kind::hyperlink:
-      return Role::link;
+      return control.look().alive ? Role::link : Role::text;
     case Kind::picture:
       break;
   }
