@@ -127,8 +127,7 @@ void arrangeBankInfo(frmRandomInfo& form) {
   form.lblDisclaimer.setPlace({leftLabels, bank.top(), 1200, textHeight});
   form.lblDisclaimerDetails.setPlace({details, bank.top(), 9000, 3 * textHeight});
   form.ctHyperLink1.setPlace({details, form.lblDisclaimerDetails.place().bottom(), 4800, textHeight + 30});
-  const Twips end = form.lblDisclaimer.visible() ? form.ctHyperLink1.place().bottom() : bank.bottom();
-  form.fraBankInfo.setPlace({blockLeft, 0, blockWidth, end + gap});
+  form.fraBankInfo.setPlace({blockLeft, 0, blockWidth, form.ctHyperLink1.place().bottom() + gap});
 }
 
 /// Puts what is seen of these, from Frame3 on, below each other, and fits Frame1 around them.

@@ -74,9 +74,7 @@ void frmRandomInfo::showReadOnly() {
   // Nothing is to be entered: what speaks of that goes, and so do the help images that cannot be clicked.
   for (forms::Label& mark : lblAsterisk) mark.setVisible(false);
   for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(image.visible() && !image.blocked());
-  for (forms::Control* request :
-       std::initializer_list<forms::Control*>{&Label14, &Label15, &lblDisclaimer, &lblDisclaimerDetails, &ctHyperLink1})
-    request->setVisible(false);
+  for (forms::Label* request : {&Label14, &Label15}) request->setVisible(false);
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
