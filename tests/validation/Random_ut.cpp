@@ -4,6 +4,7 @@
 #include "tests/support/FormTest.h"
 #include "validation/AddressRules.h"
 #include "validation/BankChecks.h"
+#include "validation/BusinessNumber.h"
 #include "validation/SystemHelpers.h"
 #include "validation/TextHelpers.h"
 
@@ -158,6 +159,7 @@ TEST_F(RandomTest, OpenBrowserTellsWhatWentWrong) {
                                  L"notepad",
                                  L"../pay.example",
                                  L"pay.htm",
+                                 L"pay.vbs",
                                  L"\\\\server\\share\\x",
                                  L"//server.example/x",
                                  L"file:///C:/pay.htm",
@@ -199,11 +201,12 @@ TEST_F(RandomTest, HelpersWriteTheirLabels) {
   Random::OpenBrowser(component);
   Random::Has_PO_Box_Address(component, L"");
   Random::ValidateABANumber(component, L"", true);
+  Random::VerifyBusinessNumber(component, L"");
   std::wstring refusal;
   Random::VerifyAccount(component, L"", L"", refusal, 0, false);
-  EXPECT_EQ(traced(),
-            (Texts{L"Random - PadLeft", L"Random - PadRight", L"Random - ComboBoxAutoComplete", L"Random - OpenBrowser",
-                   L"Random - Has_PO_Box_Address", L"Random - ValidateABANumber", L"Random - VerifyAccount"}));
+  EXPECT_EQ(traced(), (Texts{L"Random - PadLeft", L"Random - PadRight", L"Random - ComboBoxAutoComplete",
+                             L"Random - OpenBrowser", L"Random - Has_PO_Box_Address", L"Random - ValidateABANumber",
+                             L"Random - VerifyBusinessNumber", L"Random - VerifyAccount"}));
 }
 
 }  // namespace
