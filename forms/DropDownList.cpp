@@ -69,7 +69,7 @@ std::optional<std::size_t> DropDownList::find(std::wstring_view text) const {
   const std::size_t nameColumn = textColumn_ == 0 ? 1 : 0;
   std::optional<std::size_t> named;
   std::optional<std::size_t> begun;
-  const std::size_t rows = text.empty() ? 0 : rows_.size();  // which divides
+  const std::size_t rows = text.empty() ? 0 : rows_.size();  // a division, so not asked for each row
   for (std::size_t row = 0; row < rows; ++row) {
     const std::wstring_view code = rows_.cell(row, textColumn_);
     if (code.size() == text.size() && beginsWith(code, text)) return row;

@@ -51,7 +51,7 @@ class Hyperlink : public CaptionedControl {
 
   /// For the widgetset: the user clicked.
   void clicked() {
-    if (takesInput() && !caption().empty()) click.raise();
+    if (takesInput() && usable()) click.raise();
   }
 
  private:
