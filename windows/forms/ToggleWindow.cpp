@@ -37,14 +37,16 @@ class ToggleWindow final : public ControlWindow {
 
   /// Visual styles write in a colour of their own. Where that cannot be read the control is drawn without them.
   void chooseTheme() {
-    SetWindowTheme(window(), nullptr, nullptr);
-    const Theme theme(OpenThemeData(window(), L"BUTTON"));
+    const Theme theme(OpenThemeData(nullptr, L"BUTTON"));
     constexpr int part = isOption ? BP_RADIOBUTTON : BP_CHECKBOX;
     COLORREF text = 0;
-    themed_ = static_cast<bool>(theme);
-    if (!theme || FAILED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text))) return;
-    themed_ = readable(text, rgb(background()));
-    if (!themed_) SetWindowTheme(window(), L"", L"");
+    const bool coloured =
+        theme && SUCCEEDED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text));
+    const bool themed = theme && (!coloured || readable(text, rgb(background())));
+    if (themed == themed_) return;
+    themed_ = themed;
+    const wchar_t* const classes = themed ? nullptr : L"";
+    SetWindowTheme(window(), classes, classes);
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
