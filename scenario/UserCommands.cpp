@@ -150,8 +150,8 @@ Action readReports(Tokens& tokens) {
       const std::wstring top = player.stage().look(player.dialog(), name, L"top");
       click(player, name);
       const Names seen = player.stage().events();
-      if (seen.size() != before.size() + 1 || !reportsTop(seen.back(), std::stoi(top)))
-        differ(name + L" to be reported as CurrentFieldTop(" + top + L")", seen.empty() ? L"none" : joined(seen));
+      if (seen.size() == before.size() + 1 && reportsTop(seen.back(), std::stoi(top))) continue;
+      differ(std::wstring(name).append(L" to be reported at ").append(top), seen.empty() ? L"none" : joined(seen));
     }
   };
 }

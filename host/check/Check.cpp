@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 #include "host/application/Clipboard.h"
 #include "host/application/Permissions.h"
@@ -67,7 +68,7 @@ std::wstring objection(const fs::path& kit, const fs::path& work) {
 class Session {
  public:
   Session() {
-    for (int i = 0; i < colourCount; ++i) elements_[i] = i;
+    std::iota(elements_.begin(), elements_.end(), 0);
     std::ranges::transform(elements_, colours_.begin(), GetSysColor);
   }
   void restore() const {
@@ -88,8 +89,8 @@ class Session {
 class UnstoppedConsole {
  public:
   UnstoppedConsole() {
-    if (GetConsoleMode(input_, &mode_))
-      SetConsoleMode(input_, (mode_ & ~ENABLE_QUICK_EDIT_MODE) | ENABLE_EXTENDED_FLAGS);
+    constexpr DWORD quickEdit = ENABLE_QUICK_EDIT_MODE;
+    if (GetConsoleMode(input_, &mode_)) SetConsoleMode(input_, (mode_ & ~quickEdit) | ENABLE_EXTENDED_FLAGS);
   }
   ~UnstoppedConsole() {
     if (mode_ != 0) SetConsoleMode(input_, mode_ | ENABLE_EXTENDED_FLAGS);
