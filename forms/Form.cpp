@@ -10,14 +10,6 @@
 
 namespace nv::forms {
 
-namespace {
-
-bool isButton(const Control& control) {
-  return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
-}
-
-}  // namespace
-
 Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, std::wstring_view windowName,
            Border border)
     : widgetset_(widgetset), loadedForms_(loadedForms), name_(name), windowName_(windowName), border_(border) {}
@@ -214,7 +206,7 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
   }
   if (pressed.code == keys::escape && pressed.shift == 0) {
     for (Control* other : controls_) {
-      if (!isButton(*other) || !other->reachable() || !static_cast<Button*>(other)->cancels()) continue;
+      if (!other->isButton() || !other->reachable() || !static_cast<Button*>(other)->cancels()) continue;
       static_cast<Button*>(other)->press();
       return true;
     }

@@ -118,26 +118,30 @@ void ControlWindow::takeBoxOff() {
   if (focusWindow() != window_) ShowWindow(focusWindow(), SW_HIDE);
 }
 
-std::optional<LRESULT> ControlWindow::showText(UINT message, WPARAM wparam) {
-  const auto paint = [this](HDC context) {
+/// Answers the messages that have a window drawn, if it is drawn here.
+std::optional<LRESULT> ControlWindow::painted(UINT message, WPARAM wparam) {
+  const bool reading = control_.isReadingText();
+  if (!reading && !drawn()) return std::nullopt;
+  const auto paintAll = [this, reading](HDC context) {
     RECT area;
     GetClientRect(window_, &area);
     FillRect(context, &area, owner_.brush(background()));
     const Selected font(context, owner_.font(control_.font(), false));
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, textColour());
+    if (!reading) return paint(context, area);
     DrawTextW(context, static_cast<const forms::TextField&>(control_).text().c_str(), -1, &area, readingFormat);
   };
   switch (message) {
     case WM_ERASEBKGND:
       return TRUE;
     case WM_NCPAINT:
-      return 0;
+      return reading ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_PRINTCLIENT:
-      paint(reinterpret_cast<HDC>(wparam));
+      paintAll(reinterpret_cast<HDC>(wparam));
       return 0;
     case WM_PAINT:
-      paint(Painting(window_).context());
+      paintAll(Painting(window_).context());
       return 0;
     default:
       return std::nullopt;
@@ -171,8 +175,8 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
     release_ = lparam;
     return 0;
   }
-  if (window == window_ && control_.isReadingText()) {
-    if (const auto shown = showText(message, wparam)) return *shown;
+  if (window == window_) {
+    if (const auto result = painted(message, wparam)) return *result;
   }
   const LRESULT result = handle(window, message, wparam, lparam);
   owner_.noticeRelease(message);

@@ -68,6 +68,10 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   virtual void notified(UINT /*code*/) {}
   virtual LRESULT notified(const NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
+  /// Whether the window is drawn by `paint`, and not by the system.
+  virtual bool drawn() const { return false; }
+  /// Draws what stands on the background; font and colour of its text are chosen.
+  virtual void paint(HDC /*context*/, const RECT& /*area*/) {}
   /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
   HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
@@ -100,7 +104,7 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   void wipeText(HWND window);
   RECT middleLine() const;
   void takeBoxOff();
-  std::optional<LRESULT> showText(UINT message, WPARAM wparam);
+  std::optional<LRESULT> painted(UINT message, WPARAM wparam);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool focusForPress();
   void place();

@@ -59,10 +59,7 @@ void DropDownListWindow::placeText() {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void DropDownListWindow::paint(HDC context) {
-  RECT area;
-  GetClientRect(window(), &area);
-  FillRect(context, &area, owner().brush(background()));
+void DropDownListWindow::paint(HDC context, const RECT& /*area*/) {
   paintArrow(window(), context, buttonArea(), list_.look().alive, popup_.open());
 }
 
@@ -96,19 +93,11 @@ LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPA
   LRESULT result = 0;
   if (answer(message, wparam, lparam, result)) return result;
   switch (message) {
-    case WM_ERASEBKGND:
-      return TRUE;
     case WM_NCPAINT: {
       const LRESULT painted = ControlWindow::handle(window, message, wparam, lparam);
       paintEdge();
       return painted;
     }
-    case WM_PRINTCLIENT:
-      paint(reinterpret_cast<HDC>(wparam));
-      return 0;
-    case WM_PAINT:
-      paint(Painting(window).context());
-      return 0;
     case WM_COMMAND:
       if (HIWORD(wparam) == EN_CHANGE) text_.changed();
       return 0;
