@@ -15,6 +15,21 @@ int shiftState() {
   return down(VK_SHIFT, forms::shiftKey) | down(VK_CONTROL, forms::controlKey) | down(VK_MENU, forms::altKey);
 }
 
+namespace {
+
+/// A key is used up, and with it what it types: TranslateMessage has posted that before the key came here, with the
+/// same lParam. What comes without a key, from input methods and tools, is left alone.
+void discardCharacters(HWND window, UINT keyMessage, WPARAM key, LPARAM lparam) {
+  if (MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR) == 0) return;
+  const UINT typed = keyMessage == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
+  constexpr UINT posted = PM_QS_POSTMESSAGE;  // and nothing else gets its turn meanwhile
+  MSG next;
+  while (PeekMessageW(&next, window, typed, typed, PM_NOREMOVE | posted) && next.lParam == lparam)
+    PeekMessageW(&next, window, typed, typed, PM_REMOVE | posted);
+}
+
+}  // namespace
+
 void ControlWindow::create(HWND parent) {
   const Native kind = native();
   // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
@@ -47,8 +62,8 @@ void ControlWindow::takeFocus() {
 }
 
 void ControlWindow::type(wchar_t character) {
-  discardCharacter_ = form().keyPressedDown(control_, {character, 0});
-  if (window_ != nullptr) SendMessageW(focusWindow(), WM_CHAR, character, 1);
+  if (form().keyPressedDown(control_, {character, 0}) || window_ == nullptr) return;
+  SendMessageW(focusWindow(), WM_CHAR, character, 1);
 }
 
 void ControlWindow::apply(Attribute attribute) {
@@ -220,11 +235,10 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
     }
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      discardCharacter_ = usesKey(wparam) || form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});
-      if (discardCharacter_) return 0;
-      break;
+      if (!usesKey(wparam) && !form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()})) break;
+      discardCharacters(window, message, wparam, lparam);
+      return 0;
     case WM_CHAR: {
-      if (discardCharacter_) return 0;
       const wchar_t character = form().characterTyped(control_, static_cast<wchar_t>(wparam));
       if (character == 0 || !usesCharacter(character)) return 0;
       return pass(window, message, character, lparam);
@@ -235,7 +249,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       SendMessageW(window, WM_CHAR, 0xD800 + ((wparam - 0x10000) >> 10), lparam);
       return SendMessageW(window, WM_CHAR, 0xDC00 + (wparam & 0x3FF), lparam);
     case WM_SYSCHAR:
-      if (discardCharacter_ || form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
+      if (form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
       break;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:

@@ -113,7 +113,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   forms::Control& control_;
   HWND window_ = nullptr;
   Accessibles accessibles_;
-  bool discardCharacter_ = false;  // of the key that is down
   bool pressing_ = false;          // a press waits until the field being left has been
   std::optional<LPARAM> release_;  // of the button meanwhile, and where
   bool destroying_ = false;        // the windows are being destroyed
