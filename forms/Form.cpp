@@ -158,14 +158,14 @@ void Form::leaveUnreachable() {
 }
 
 void Form::tab(bool backward) {
-  const auto count = controls_.size();
-  const auto own = active_ == nullptr
-                       ? (backward ? 0 : count - 1)
-                       : static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
-  for (std::size_t step = 1; step <= count; ++step) {
-    Control& next = *controls_[(own + (backward ? count - step : step)) % count];
-    if (!focusable(next) || !next.tabStop()) continue;
-    focusByKeyboard(next);
+  // From no control Tab comes to the first and Shift+Tab to the last: it has a place of its own, behind them all.
+  const auto none = controls_.size();
+  const auto places = none + 1;
+  const auto own = static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
+  for (std::size_t step = 1; step <= places; ++step) {
+    const std::size_t at = (own + (backward ? places - step : step)) % places;
+    if (at == none || !focusable(*controls_[at]) || !controls_[at]->tabStop()) continue;
+    focusByKeyboard(*controls_[at]);
     return;
   }
 }
