@@ -110,6 +110,8 @@ void RandomUser::confirm(Hands& hands) {
   if (names.empty()) return enter({});
   for (const std::wstring& name : names) {
     const std::wstring text = hands.textOf(confirmedBy(name));
+    const auto left = hands.reachable();  // a field that loses the focus may take others away
+    if (std::ranges::find(left, name) == left.end()) continue;
     hands.click(name);
     enter(text);
   }

@@ -52,14 +52,14 @@ using Flag = Integer;
 
 struct String {
   using Stored = std::wstring;
-  using Argument = std::wstring_view;
+  using Argument = const std::wstring_view&;
   static void assign(Stored& stored, Argument value) { stored = value; }
 };
 
 /// The path of a folder; slashes count as backslashes.
 struct Folder {
   using Stored = std::wstring;
-  using Argument = std::wstring_view;
+  using Argument = const std::wstring_view&;
   static void assign(Stored& stored, Argument value) {
     stored = value;
     std::ranges::replace(stored, L'/', L'\\');

@@ -1,5 +1,8 @@
 // What the biller dialog accepts as an e-mail address and as a web site.
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
 
 #include "dialogs/biller/frmRandomInfo.h"
 #include "platform/Text.h"
@@ -8,31 +11,44 @@ namespace nv {
 
 namespace {
 
-bool isLetterOrDigit(wchar_t c) {
-  return isDigit(c) || (asciiUpper(c) >= L'A' && asciiUpper(c) <= L'Z');
-}
+/// What a character is in an e-mail address. Each kind may stand wherever the one before it may, but for the dot.
+enum class Kind : std::uint8_t {
+  none,
+  dot,
+  sign,    // in the mailbox
+  hyphen,  // and inside a part of the domain
+  letter   // and at its ends; or a digit
+};
 
-/// [a-z0-9!#$%&'*+/=?^_`{|}~-]+
-bool isMailboxPart(std::wstring_view part) {
-  constexpr std::wstring_view others = L"!#$%&'*+/=?^_`{|}~-";
-  const auto fits = [others](wchar_t c) { return isLetterOrDigit(c) || others.find(c) != others.npos; };
-  return !part.empty() && std::ranges::all_of(part, fits);
-}
-
-/// [a-z0-9](?:[a-z0-9-]*[a-z0-9])?
-bool isDomainLabel(std::wstring_view label) {
-  const auto fits = [](wchar_t c) { return isLetterOrDigit(c) || c == L'-'; };
-  return !label.empty() && label.front() != L'-' && label.back() != L'-' && std::ranges::all_of(label, fits);
-}
-
-/// How many parts a text has between its dots; 0 when one of them does not fit.
-std::size_t fittingParts(std::wstring_view text, bool (*fits)(std::wstring_view)) {
-  std::size_t count = 0;
-  for (bool more = true; more; ++count) {
-    more = text.find(L'.') != text.npos;
-    if (!fits(taken(text, L'.'))) return 0;
+constexpr auto kinds = [] {
+  std::array<Kind, 128> table{};
+  table['.'] = Kind::dot;
+  for (const char c : std::string_view("!#$%&'*+/=?^_`{|}~")) table[static_cast<unsigned char>(c)] = Kind::sign;
+  table['-'] = Kind::hyphen;
+  for (unsigned char c = 0; c < table.size(); ++c) {
+    if (isDigit(c) || isCapital(asciiUpper(c))) table[c] = Kind::letter;
   }
-  return count;
+  return table;
+}();
+
+Kind kindOf(wchar_t c) {
+  const auto code = static_cast<std::size_t>(c);
+  return code < kinds.size() ? kinds[code] : Kind::none;
+}
+
+/// How many parts a text has between its dots; 0 when one is empty or has a character that may not stand there.
+/// @param inside the least of the kinds that may stand inside a part.
+/// @param atEnds the least that may stand first or last in it.
+std::size_t partsOf(std::wstring_view text, Kind inside, Kind atEnds) {
+  std::size_t count = 1;
+  Kind before = Kind::dot;
+  for (const wchar_t c : text) {
+    const Kind kind = kindOf(c);
+    if (kind == Kind::dot) ++count;
+    if (kind == Kind::dot ? before < atEnds : kind < (before == Kind::dot ? atEnds : inside)) return 0;
+    before = kind;
+  }
+  return before < atEnds ? 0 : count;
 }
 
 /// Whether a text matches, letters counting alike in both cases, the pattern
@@ -40,7 +56,7 @@ std::size_t fittingParts(std::wstring_view text, bool (*fits)(std::wstring_view)
 /// [a-z0-9](?:[a-z0-9-]*[a-z0-9])?$
 bool isEmailAddress(std::wstring_view text) {
   const std::wstring_view mailbox = taken(text, L'@');
-  return fittingParts(mailbox, isMailboxPart) > 0 && fittingParts(text, isDomainLabel) > 1;
+  return partsOf(mailbox, Kind::sign, Kind::sign) > 0 && partsOf(text, Kind::hyphen, Kind::letter) > 1;
 }
 
 /// Whether a text matches the pattern (www\.)?.+\. anywhere: it has a dot behind another character of its line.

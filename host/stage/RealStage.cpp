@@ -244,7 +244,7 @@ void RealStage::choose(Dialog dialog, const std::wstring& list, const std::wstri
 }
 
 void RealStage::close(Dialog dialog) {
-  user_.closeByBox(window(dialog, L"form"));
+  user_.closeByBox(GetAncestor(window(dialog, L"form"), GA_ROOT));
 }
 
 void RealStage::closeHost() {

@@ -55,7 +55,7 @@ class Given final : public HostValue {
 std::int16_t argument(const Given& given, std::int16_t*) {
   return given.number();
 }
-std::wstring argument(const Given& given, std::wstring_view*) {
+std::wstring argument(const Given& given, const std::wstring_view*) {
   return given.text();
 }
 StringArray argument(const Given& given, const StringArray*) {
