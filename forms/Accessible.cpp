@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forms/Button.h"
 #include "forms/Form.h"
 #include "forms/Frame.h"
 #include "forms/Toggle.h"
@@ -96,9 +97,10 @@ wchar_t mnemonicOf(const Control& control) {
 
 std::wstring keyOf(const Control& control) {
   if (!control.description().key.empty()) return std::wstring(control.description().key);
-  const Control* const label = labelOf(control);
+  const Control* const label = control.isField() ? labelOf(control) : nullptr;
   const wchar_t mnemonic = mnemonicOf(label != nullptr ? *label : control);
-  return mnemonic != 0 ? std::wstring(L"Alt+") + mnemonic : std::wstring();
+  if (mnemonic != 0) return std::wstring(L"Alt+") + mnemonic;
+  return control.isButton() && static_cast<const Button&>(control).cancels() ? L"Esc" : L"";
 }
 
 bool isRequired(const Control& control) {

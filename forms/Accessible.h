@@ -47,7 +47,7 @@ const Control* labelOf(const Control& control);
 /// itself.
 wchar_t mnemonicOf(const Control& control);
 
-/// The key that reaches the control from anywhere in the form, as "Alt+B"; empty when there is none.
+/// The key that reaches the control, or presses it, from anywhere in the form, as "Alt+B"; empty when there is none.
 std::wstring keyOf(const Control& control);
 
 bool isRequired(const Control& control);

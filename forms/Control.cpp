@@ -80,12 +80,12 @@ bool Control::isReadingText() const {
 Look Control::look() const {
   const bool field = isField();
   const bool label = kind_ == Kind::label;
-  const bool text = field || label || kind_ == Kind::frame || kind_ == Kind::hyperlink;
+  const bool pressed = isButton() || kind_ == Kind::image;
   const bool seenThrough = isReadingText() || kind_ == Kind::image || kind_ == Kind::picture ||
                            (label && static_cast<const Label&>(*this).transparent());
   Look look;
   look.alive = !blocked() && usable();
-  look.greyed = blocked() && !(text && form().forReading());
+  look.greyed = blocked() && (pressed || !form().forReading());
   look.colours = colours_;
   if (field && !look.alive) look.colours = colours::buttonFace;
   if (seenThrough) look.colours = frame() != nullptr ? frame()->colours() : form().colours();

@@ -90,6 +90,8 @@ class Control {
 
   /// Whether there is a text to be entered in it.
   bool isField() const;
+  /// Whether it is a button, of either kind: a forms::Button.
+  bool isButton() const { return kind_ == Kind::commandButton || kind_ == Kind::styledButton; }
   /// Whether it is a field of a form for reading: nothing but its text is seen, in as many lines as that takes.
   bool isReadingText() const;
   /// How it is drawn: by its own colours, its kind, and whether it can be used. The only place that decides about it.

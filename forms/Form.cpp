@@ -10,14 +10,6 @@
 
 namespace nv::forms {
 
-namespace {
-
-bool isButton(const Control& control) {
-  return control.kind() == Kind::commandButton || control.kind() == Kind::styledButton;
-}
-
-}  // namespace
-
 Form::Form(Widgetset& widgetset, FormList& loadedForms, std::wstring_view name, std::wstring_view windowName,
            Border border)
     : widgetset_(widgetset), loadedForms_(loadedForms), name_(name), windowName_(windowName), border_(border) {}
@@ -166,14 +158,14 @@ void Form::leaveUnreachable() {
 }
 
 void Form::tab(bool backward) {
-  const auto count = controls_.size();
-  const auto own = active_ == nullptr
-                       ? (backward ? 0 : count - 1)
-                       : static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
-  for (std::size_t step = 1; step <= count; ++step) {
-    Control& next = *controls_[(own + (backward ? count - step : step)) % count];
-    if (!focusable(next) || !next.tabStop()) continue;
-    focusByKeyboard(next);
+  // From no control Tab comes to the first and Shift+Tab to the last: it has a place of its own, behind them all.
+  const auto none = controls_.size();
+  const auto places = none + 1;
+  const auto own = static_cast<std::size_t>(std::ranges::find(controls_, active_) - controls_.begin());
+  for (std::size_t step = 1; step <= places; ++step) {
+    const std::size_t at = (own + (backward ? places - step : step)) % places;
+    if (at == none || !focusable(*controls_[at]) || !controls_[at]->tabStop()) continue;
+    focusByKeyboard(*controls_[at]);
     return;
   }
 }
@@ -214,7 +206,7 @@ bool Form::keyPressedDown(Control& control, const KeyDown& pressed) {
   }
   if (pressed.code == keys::escape && pressed.shift == 0) {
     for (Control* other : controls_) {
-      if (!isButton(*other) || !other->reachable() || !static_cast<Button*>(other)->cancels()) continue;
+      if (!other->isButton() || !other->reachable() || !static_cast<Button*>(other)->cancels()) continue;
       static_cast<Button*>(other)->press();
       return true;
     }

@@ -76,7 +76,7 @@ class Form : public std::enable_shared_from_this<Form> {
   /// gotFocus. A control that the focus only passed through has neither. Does nothing when the control cannot have the
   /// focus now.
   void focus(Control& control);
-  /// A form for reading: its texts are not greyed, whatever keeps the user out of them.
+  /// A form for reading: nothing is greyed that says something, whatever keeps the user out of it.
   bool forReading() const { return forReading_; }
   void setForReading();
   /// While it lives, the user can only close the form: an outside party that is called meanwhile may dispatch messages.

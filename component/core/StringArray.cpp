@@ -1,12 +1,19 @@
 #include "component/core/StringArray.h"
 
+#include <limits>
+
 #include "platform/RuntimeError.h"
 
 namespace nv {
 
 StringArray::StringArray(std::vector<Bounds> dimensions) : dimensions_(std::move(dimensions)) {
   std::size_t count = dimensions_.empty() ? 0 : 1;
-  for (const Bounds& bounds : dimensions_) count *= bounds.size();
+  for (const Bounds& bounds : dimensions_) {
+    const std::size_t size = bounds.size();
+    if (size != 0 && count > std::numeric_limits<std::size_t>::max() / size)
+      throw RuntimeError(ErrorNumber::outOfMemory);
+    count *= size;
+  }
   elements_.resize(count);
 }
 

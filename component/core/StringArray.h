@@ -18,7 +18,7 @@ class StringArray {
 
   /// An array without dimensions: every subscript is out of range.
   StringArray() = default;
-  /// All elements empty.
+  /// All elements empty. Fails with "Out of memory" when there are more than memory can hold.
   explicit StringArray(std::vector<Bounds> dimensions);
 
   std::size_t dimensions() const { return dimensions_.size(); }

@@ -36,6 +36,12 @@ std::array<Help, 6> helps(const frmRandomInfo& form) {
            {&form.fraBankAcctInfo, 506000019}}};
 }
 
+/// A country code says nothing without a number.
+void hideUnlessKnown(std::initializer_list<const forms::TextBox*> number, std::initializer_list<forms::Control*> code) {
+  if (std::ranges::any_of(number, [](const forms::TextBox* part) { return !trimmed(part->text()).empty(); })) return;
+  for (forms::Control* each : code) each->setVisible(false);
+}
+
 }  // namespace
 
 frmRandomInfo::frmRandomInfo(Component& component, Border border)
@@ -75,6 +81,9 @@ void frmRandomInfo::showReadOnly() {
   for (forms::Label& mark : lblAsterisk) mark.setVisible(false);
   for (forms::Image& image : imgHelpCSFTInfo) image.setVisible(image.visible() && !image.blocked());
   for (forms::Label* request : {&Label14, &Label15}) request->setVisible(false);
+  hideUnlessKnown({&ran_payee_ph_area, &ran_payee_phone, &ran_Inter_payee_phone}, {&Label19, &txtPhoneCountryCode});
+  hideUnlessKnown({&ran_payee_fax_area, &ran_payee_faxnumber, &ran_inter_payee_faxnumber},
+                  {&Label20, &txtFaxCountryCode});
   cmd_cancel.setVisible(false);
   cmd_ok.setCaption(L"Close");
   cmd_ok.setCancels(true);  // Escape keeps closing the dialog
@@ -111,7 +120,7 @@ void frmRandomInfo::connectButtons() {
     image.describe({.label = help.subject, .before = L"Help with ", .key = L"F1"});
     onClick(image, [this, help] { showHelp(help.topic); });
   }
-  fraBusinessNum.describe({.label = &lblBN});
+  fraBusinessNum.describe({.label = &optCBusiness, .after = L" or Individual"});
   Frame3.describe({.label = &Label3});
   onClick(cmdFXBankingInfo, [this] { ShowFXBankingInfoScreen(); });
   onClick(ctHyperLink1, [this] {

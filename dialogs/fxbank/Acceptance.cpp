@@ -69,14 +69,10 @@ Verdict frmFXBankInfo::confirm(Section& section) {
   if (!accountChanged_) return Verdict::passed();
   if (!std::exchange(confirming_, true)) {
     showConfirmation(section);
-    section.accountConf.setText({});
-    return Verdict::stopEmptied(section.numberConf);
+    return Verdict::stopAt(section.numberConf);
   }
-  if (sameTrimmed(section.accountConf, section.account) && sameTrimmed(section.numberConf, section.number)) {
-    confirming_ = false;
-    closeConfirmation(section);
+  if (sameTrimmed(section.accountConf, section.account) && sameTrimmed(section.numberConf, section.number))
     return Verdict::passed();
-  }
   showConfirmation(section);
   return sendToConfirmation(section);
 }

@@ -54,7 +54,10 @@ Twips furtherLines(const Grid::Field& field) {
 
 Grid& Grid::row(forms::Control& label, std::initializer_list<Field> fields) {
   label.setPlace(besideField(labels_, top_, fields_ - labels_ - besideGap));
-  return row(fields);
+  const Twips next = top_ + (label.visible() ? design::rowPitch : 0);
+  row(fields);
+  top_ = std::max(top_, next);
+  return *this;
 }
 
 Grid& Grid::row(std::initializer_list<Field> fields) {

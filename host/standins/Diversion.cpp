@@ -9,22 +9,15 @@
 
 #include "host/base/Text.h"
 #include "host/standins/Record.h"
+#include "host/user/Screen.h"
 
 namespace nv::host {
 
 namespace {
 
-std::wstring nameOfCaller(HWND window) {
-  wchar_t marked[64];
-  const auto atom = static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(GetPropW(window, L"NVRandom.Name")));
-  std::wstring name(marked, atom == 0 ? 0 : GlobalGetAtomNameW(atom, marked, static_cast<int>(std::size(marked))));
-  std::erase(name, L'^');  // in front of each capital
-  return name;
-}
-
 HWND WINAPI showHelp(HWND caller, LPCWSTR file, UINT command, DWORD_PTR data) {
   record(L"Help.txt", std::wstring(file == nullptr ? L"" : file) + L" command " + std::to_wstring(command) +
-                          L" topic " + std::to_wstring(data) + L" for " + nameOfCaller(caller));
+                          L" topic " + std::to_wstring(data) + L" for " + nameOf(caller));
   return nullptr;
 }
 

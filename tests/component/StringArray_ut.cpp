@@ -31,6 +31,7 @@ TEST(StringArray, RefusesEverySubscriptOutsideItsBounds) {
       [&] { empty.at({-1}); },
   };
   for (std::size_t i = 0; i < std::size(uses); ++i) EXPECT_EQ(errorOf(uses[i]), 9) << "use " << i;
+  EXPECT_EQ(errorOf([] { StringArray({{0, 0x7FFFFFFF}, {0, 0x7FFFFFFF}, {0, 3}}); }), 7) << "2 to the power of 64";
 }
 
 }  // namespace

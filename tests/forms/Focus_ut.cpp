@@ -87,9 +87,12 @@ TEST_F(FocusTest, NoControlHasTheFocusWhenNoneCanHaveIt) {
   User user = shown();
   for (forms::Control* control : form->controls()) control->setEnabled(false);
   EXPECT_EQ(user.focus(), L"");
-  form->combo.setEnabled(true);
-  form->combo.setFocus();
-  EXPECT_EQ(user.focus(), L"combo");
+  for (forms::Control* end : {static_cast<forms::Control*>(&form->first), static_cast<forms::Control*>(&form->leave)})
+    end->setEnabled(true);
+  form->keyPressedDown(form->combo, {forms::keys::tab, forms::shiftKey});
+  EXPECT_EQ(user.focus(), L"leave");
+  form->leave.setEnabled(false);
+  EXPECT_EQ(user.focus(), L"first");
 }
 
 TEST_F(FocusTest, TabGoesRoundThroughWhatCanBeReached) {

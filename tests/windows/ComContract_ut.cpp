@@ -242,6 +242,14 @@ TEST(ComContract, LateBoundPutsTakeWhatHostsHandOver) {
     EXPECT_EQ(S_OK, put(currencies, flags, reference));
     EXPECT_EQ(typeMismatch, put(currencies, flags, text));
   }
+  // More elements than any memory holds: a host's descriptor may say so.
+  Variant boundless;
+  ASSERT_EQ(S_OK, SafeArrayAllocDescriptorEx(VT_BSTR, 2, &boundless.parray));
+  boundless.vt = VT_ARRAY | VT_BSTR;
+  SAFEARRAYBOUND* const bounds = boundless.parray->rgsabound;
+  bounds[0] = bounds[1] = {1U << 31, 0};
+  EXPECT_EQ(static_cast<HRESULT>(0x800A0007), put(currencies, DISPATCH_PROPERTYPUT, boundless));
+  bounds[0].cElements = 0;  // there is nothing to be freed
   EXPECT_EQ(S_OK, object->put_IPBillerCurrencies(&list.parray));
   EXPECT_EQ(S_OK, object->put_IPBillerCurrencies(nullptr)) << "no array is an empty one";
 

@@ -35,14 +35,14 @@ bool isMarked(const forms::Control& control) {
 Told toldOf(const forms::Control& control) {
   Told told{.name = nameOf(control), .role = systemRole(roleOf(control)), .key = keyOf(control)};
   if (isRequired(control)) told.description = L"Required";
+  // As it is seen: what is greyed is out of use, what is not is there to be read.
+  const bool greyed = control.look().greyed;
+  (greyed ? told.state : told.noState) |= STATE_SYSTEM_UNAVAILABLE;
   if (control.reachable()) {
     told.action = actionOf(control);
-  } else if (control.isReadingText()) {
-    told.state |= STATE_SYSTEM_READONLY;
-    told.noState |= STATE_SYSTEM_FOCUSABLE;
   } else {
-    told.state |= STATE_SYSTEM_UNAVAILABLE;
     told.noState |= STATE_SYSTEM_FOCUSABLE;
+    if (!greyed && control.takesFocus()) told.state |= STATE_SYSTEM_READONLY;
   }
   if (isMarked(control)) told.state |= STATE_SYSTEM_CHECKED;
   if (told.role == ROLE_SYSTEM_LINK) told.state |= STATE_SYSTEM_LINKED;

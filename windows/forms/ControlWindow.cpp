@@ -15,6 +15,21 @@ int shiftState() {
   return down(VK_SHIFT, forms::shiftKey) | down(VK_CONTROL, forms::controlKey) | down(VK_MENU, forms::altKey);
 }
 
+namespace {
+
+/// A key is used up, and with it what it types: TranslateMessage has posted that before the key came here, with the
+/// same lParam. What comes without a key, from input methods and tools, is left alone.
+void discardCharacters(HWND window, UINT keyMessage, WPARAM key, LPARAM lparam) {
+  if (MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR) == 0) return;
+  const UINT typed = keyMessage == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
+  constexpr UINT posted = PM_QS_POSTMESSAGE;  // and nothing else gets its turn meanwhile
+  MSG next;
+  while (PeekMessageW(&next, window, typed, typed, PM_NOREMOVE | posted) && next.lParam == lparam)
+    PeekMessageW(&next, window, typed, typed, PM_REMOVE | posted);
+}
+
+}  // namespace
+
 void ControlWindow::create(HWND parent) {
   const Native kind = native();
   // WS_TABSTOP is for tools that ask; the form itself decides where Tab stops.
@@ -47,8 +62,8 @@ void ControlWindow::takeFocus() {
 }
 
 void ControlWindow::type(wchar_t character) {
-  discardCharacter_ = form().keyPressedDown(control_, {character, 0});
-  if (window_ != nullptr) SendMessageW(focusWindow(), WM_CHAR, character, 1);
+  if (form().keyPressedDown(control_, {character, 0}) || window_ == nullptr) return;
+  SendMessageW(focusWindow(), WM_CHAR, character, 1);
 }
 
 void ControlWindow::apply(Attribute attribute) {
@@ -117,26 +132,30 @@ void ControlWindow::takeBoxOff() {
   if (focusWindow() != window_) ShowWindow(focusWindow(), SW_HIDE);
 }
 
-std::optional<LRESULT> ControlWindow::showText(UINT message, WPARAM wparam) {
-  const auto paint = [this](HDC context) {
+/// Answers the messages that have a window drawn, if it is drawn here.
+std::optional<LRESULT> ControlWindow::painted(UINT message, WPARAM wparam) {
+  const bool reading = control_.isReadingText();
+  if (!reading && !drawn()) return std::nullopt;
+  const auto paintAll = [this, reading](HDC context) {
     RECT area;
     GetClientRect(window_, &area);
     FillRect(context, &area, owner_.brush(background()));
     const Selected font(context, owner_.font(control_.font(), false));
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, textColour());
+    if (!reading) return paint(context, area);
     DrawTextW(context, static_cast<const forms::TextField&>(control_).text().c_str(), -1, &area, readingFormat);
   };
   switch (message) {
     case WM_ERASEBKGND:
       return TRUE;
     case WM_NCPAINT:
-      return 0;
+      return reading ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_PRINTCLIENT:
-      paint(reinterpret_cast<HDC>(wparam));
+      paintAll(reinterpret_cast<HDC>(wparam));
       return 0;
     case WM_PAINT:
-      paint(Painting(window_).context());
+      paintAll(Painting(window_).context());
       return 0;
     default:
       return std::nullopt;
@@ -170,8 +189,8 @@ LRESULT ControlWindow::receive(HWND window, UINT message, WPARAM wparam, LPARAM 
     release_ = lparam;
     return 0;
   }
-  if (window == window_ && control_.isReadingText()) {
-    if (const auto shown = showText(message, wparam)) return *shown;
+  if (window == window_) {
+    if (const auto result = painted(message, wparam)) return *result;
   }
   const LRESULT result = handle(window, message, wparam, lparam);
   owner_.noticeRelease(message);
@@ -215,11 +234,10 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
     }
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      discardCharacter_ = usesKey(wparam) || form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()});
-      if (discardCharacter_) return 0;
-      break;
+      if (!usesKey(wparam) && !form().keyPressedDown(control_, {static_cast<int>(wparam), shiftState()})) break;
+      discardCharacters(window, message, wparam, lparam);
+      return 0;
     case WM_CHAR: {
-      if (discardCharacter_) return 0;
       const wchar_t character = form().characterTyped(control_, static_cast<wchar_t>(wparam));
       if (character == 0 || !usesCharacter(character)) return 0;
       return pass(window, message, character, lparam);
@@ -230,7 +248,7 @@ LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM l
       SendMessageW(window, WM_CHAR, 0xD800 + ((wparam - 0x10000) >> 10), lparam);
       return SendMessageW(window, WM_CHAR, 0xDC00 + (wparam & 0x3FF), lparam);
     case WM_SYSCHAR:
-      if (discardCharacter_ || form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
+      if (form().mnemonicTyped(static_cast<wchar_t>(wparam))) return 0;
       break;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:

@@ -68,6 +68,10 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   virtual void notified(UINT /*code*/) {}
   virtual LRESULT notified(const NMHDR& /*header*/) { return 0; }
   virtual void draw(const DRAWITEMSTRUCT& /*item*/) {}
+  /// Whether the window is drawn by `paint`, and not by the system.
+  virtual bool drawn() const { return false; }
+  /// Draws what stands on the background; font and colour of its text are chosen.
+  virtual void paint(HDC /*context*/, const RECT& /*area*/) {}
   /// Answers WM_CTLCOLOR...: sets the colours to draw in and returns the brush of the background.
   HBRUSH handleCtlColor(HDC context);
   /// The colour behind the window's own drawing.
@@ -102,7 +106,7 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   void wipeText(HWND window);
   RECT middleLine() const;
   void takeBoxOff();
-  std::optional<LRESULT> showText(UINT message, WPARAM wparam);
+  std::optional<LRESULT> painted(UINT message, WPARAM wparam);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool focusForPress();
 
@@ -110,7 +114,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   forms::Control& control_;
   HWND window_ = nullptr;
   Accessibles accessibles_;
-  bool discardCharacter_ = false;  // of the key that is down
   bool pressing_ = false;          // a press waits until the field being left has been
   std::optional<LPARAM> release_;  // of the button meanwhile, and where
   bool destroying_ = false;        // the windows are being destroyed

@@ -20,23 +20,14 @@ class DrawnWindow : public ControlWindow {
   using ControlWindow::ControlWindow;
 
  protected:
-  /// Draws on the control's background.
-  virtual void paint(HDC context, const RECT& area) = 0;
   virtual void clicked() = 0;
   virtual bool clickable() const { return control().look().alive; }
 
   Native native() const override { return {drawnClass}; }
+  bool drawn() const override { return true; }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
     switch (message) {
-      case WM_ERASEBKGND:
-        return TRUE;
-      case WM_PRINTCLIENT:
-        paintAll(reinterpret_cast<HDC>(wparam));
-        return 0;
-      case WM_PAINT:
-        paintAll(Painting(window).context());
-        return 0;
       case WM_SETFONT:
         return 0;
       case WM_SETTEXT:
@@ -57,14 +48,6 @@ class DrawnWindow : public ControlWindow {
     }
     return ControlWindow::handle(window, message, wparam, lparam);
   }
-
- private:
-  void paintAll(HDC context) {
-    RECT area;
-    GetClientRect(window(), &area);
-    FillRect(context, &area, owner().brush(background()));
-    paint(context, area);
-  }
 };
 
 /// The user's colour for links where it can be told from the background, else a blue that can.
@@ -82,8 +65,7 @@ class HyperlinkWindow final : public DrawnWindow {
   void paint(HDC context, const RECT& area) override {
     const bool alive = link_.look().alive;
     const Selected font(context, owner().font(link_.font(), alive));
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, alive ? linkColour(rgb(background())) : textColour());
+    if (alive) SetTextColor(context, linkColour(rgb(background())));
     RECT text = area;
     DrawTextW(context, link_.caption().c_str(), -1, &text, DT_WORDBREAK | DT_END_ELLIPSIS);
     if (GetFocus() != window()) return;

@@ -57,7 +57,7 @@ DropDownListWindow::Parts DropDownListWindow::parts() const {
 }
 
 /// The edge as the current visual style has it, else that of the system.
-void DropDownListWindow::paint(HDC context) {
+void DropDownListWindow::paint(HDC context, const RECT& /*area*/) {
   const Parts of = parts();
   const bool alive = list_.look().alive;
   if (const Theme theme(OpenThemeData(window(), comboBoxTheme)); theme) {
@@ -82,14 +82,6 @@ LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPA
   LRESULT result = 0;
   if (answer(message, wparam, lparam, result)) return result;
   switch (message) {
-    case WM_ERASEBKGND:
-      return TRUE;
-    case WM_PRINTCLIENT:
-      paint(reinterpret_cast<HDC>(wparam));
-      return 0;
-    case WM_PAINT:
-      paint(Painting(window).context());
-      return 0;
     case WM_COMMAND:
       if (HIWORD(wparam) == EN_CHANGE) text_.changed();
       return 0;

@@ -29,11 +29,12 @@ class DropDownListWindow final : public ControlWindow {
   void apply(forms::Attribute attribute) override;
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;
   RECT area() const override { return lineArea(); }
+  bool drawn() const override { return true; }
+  void paint(HDC context, const RECT& area) override;
   bool usesKey(WPARAM key) override;
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
   std::optional<bool> dropped() const override { return popup_.open(); }
 
-  void paint(HDC context);
   /// In pixels of the window.
   struct Parts {
     RECT whole;

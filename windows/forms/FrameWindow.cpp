@@ -27,14 +27,6 @@ class FrameWindow final : public ControlWindow {
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
     switch (message) {
-      case WM_ERASEBKGND:
-        return TRUE;
-      case WM_PRINTCLIENT:
-        paint(reinterpret_cast<HDC>(wparam));
-        return 0;
-      case WM_PAINT:
-        paint(Painting(window).context());
-        return 0;
       case WM_NCHITTEST:
         return HTCLIENT;  // a group box lets clicks through to the window behind it
       case WM_LBUTTONDOWN:
@@ -60,13 +52,10 @@ class FrameWindow final : public ControlWindow {
     }
   }
 
-  void paint(HDC context) {
-    RECT area;
-    GetClientRect(window(), &area);
-    FillRect(context, &area, owner().brush(background()));
+  bool drawn() const override { return true; }
 
+  void paint(HDC context, const RECT& area) override {
     const std::wstring& caption = control().caption();
-    const Selected font(context, owner().font(control().font(), false));
     TEXTMETRICW metrics;
     GetTextMetricsW(context, &metrics);
     RECT edge = area;
@@ -84,8 +73,6 @@ class FrameWindow final : public ControlWindow {
     RECT gap = text;
     InflateRect(&gap, owner().scale().pixels(45), 0);
     FillRect(context, &gap, owner().brush(background()));
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, textColour());
     DrawTextW(context, caption.c_str(), -1, &text, DT_SINGLELINE | DT_END_ELLIPSIS);
   }
 };

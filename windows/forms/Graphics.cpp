@@ -1,5 +1,7 @@
 #include "windows/forms/Graphics.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "windows/Instance.h"
@@ -28,7 +30,16 @@ RECT workAreaOf(HWND window) {
   return monitor.rcWork;
 }
 
-/// The icon in grey, half of it seen through.
+/// How much light a colour gives, 0 to 1, as WCAG 2 has it.
+double luminance(COLORREF colour) {
+  const auto linear = [](int level) {
+    const double part = level / 255.0;
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(GetRValue(colour)) + 0.7152 * linear(GetGValue(colour)) + 0.0722 * linear(GetBValue(colour));
+}
+
+/// The icon in grey, half of it seen through; none when there is no memory for it.
 Icon faded(HICON icon, int width, int height) {
   ICONINFO parts{};
   if (!GetIconInfo(icon, &parts)) return {};
@@ -38,12 +49,13 @@ Icon faded(HICON icon, int width, int height) {
   layout.bmiHeader = {sizeof(layout.bmiHeader), width, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   std::vector<DWORD> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   const MemoryDc context(CreateCompatibleDC(nullptr));
-  GetDIBits(context.get(), colours.get(), 0, static_cast<UINT>(height), pixels.data(), &layout, DIB_RGB_COLORS);
+  const auto lines = static_cast<UINT>(height);
+  if (GetDIBits(context.get(), colours.get(), 0, lines, pixels.data(), &layout, DIB_RGB_COLORS) != height) return {};
   for (DWORD& pixel : pixels) {
     const auto level = static_cast<DWORD>(brightness(RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF)));
     pixel = (pixel >> 25 << 24) | level << 16 | level << 8 | level;
   }
-  SetDIBits(context.get(), colours.get(), 0, static_cast<UINT>(height), pixels.data(), &layout, DIB_RGB_COLORS);
+  if (SetDIBits(context.get(), colours.get(), 0, lines, pixels.data(), &layout, DIB_RGB_COLORS) != height) return {};
   return Icon(CreateIconIndirect(&parts));
 }
 
@@ -75,14 +87,20 @@ int brightness(COLORREF colour) {
   return (299 * GetRValue(colour) + 587 * GetGValue(colour) + 114 * GetBValue(colour)) / 1000;
 }
 
+double contrast(COLORREF one, COLORREF other) {
+  const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
 bool readable(COLORREF text, COLORREF background) {
-  constexpr int difference = 80;
-  return std::abs(brightness(text) - brightness(background)) >= difference;
+  constexpr double enough = 3;
+  return contrast(text, background) >= enough;
 }
 
 COLORREF greyText(COLORREF background) {
+  constexpr double paleAsSystemsAre = 2;
   const COLORREF own = GetSysColor(COLOR_GRAYTEXT);
-  return readable(own, background) ? own : RGB(128, 128, 128);
+  return contrast(own, background) >= paleAsSystemsAre ? own : RGB(128, 128, 128);
 }
 
 bool visible(COLORREF line, COLORREF background) {
@@ -138,6 +156,7 @@ HICON Palette::icon(std::wstring_view resource, int width, int height, bool aliv
   const HANDLE loaded = LoadImageW(moduleInstance(), name.c_str(), IMAGE_ICON, width, height, LR_DEFAULTCOLOR);
   Icon icon(static_cast<HICON>(loaded));
   if (icon && !alive) icon = faded(icon.get(), width, height);
+  if (!icon) return nullptr;  // to be tried again: memory may have run short
   icons_.push_back({std::move(name), width, height, alive, std::move(icon)});
   return icons_.back().handle.get();
 }

@@ -43,7 +43,9 @@ class Scale {
 COLORREF rgb(forms::Colour colour);
 /// How bright a colour looks, 0 to 255.
 int brightness(COLORREF colour);
-/// Whether text of one colour can be read on a background of the other.
+/// How far two colours stand apart for those who read, 1 to 21, as WCAG 2 has it.
+double contrast(COLORREF one, COLORREF other);
+/// Whether text of one colour can be read on a background of the other: the least that WCAG 2 asks of any text.
 bool readable(COLORREF text, COLORREF background);
 /// The user's colour for what is disabled, where it can be read on the background, else a grey that can.
 COLORREF greyText(COLORREF background);

@@ -22,6 +22,9 @@ class LabelWindow final : public ControlWindow {
 
   RECT area() const override { return textArea(); }
 
+  /// The system would write what is disabled in its own grey, on any background.
+  bool enabled() const override { return true; }
+
   void apply(forms::Attribute attribute) override {
     ControlWindow::apply(attribute);
     if (attribute == forms::Attribute::appearance) ControlWindow::apply(forms::Attribute::place);  // by the font

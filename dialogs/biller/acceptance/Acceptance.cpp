@@ -42,7 +42,7 @@ const std::vector<frmRandomInfo::Acceptance::Check>& frmRandomInfo::Acceptance::
 }
 
 void frmRandomInfo::Acceptance::run() {
-  const bool checksAddress = !form_.domestic() || store().PayeeIndBusnTag == businessTag;
+  const bool checksAddress = !form_.domestic() || (store().PayeeIndBusnTag == businessTag && !individual());
   if (checksAddress && !pass(addressChecks())) return;
   if (pass(bankChecks())) accept();
 }

@@ -81,6 +81,8 @@ class frmRandomInfo::Acceptance {
 
   Component& component() const { return form_.component(); }
   Store& store() const { return form_.store(); }
+  /// Who opened as a private person stays one: what the host says meanwhile would demand an address that is not shown.
+  bool individual() const { return store().PayeeIndBusnTag == individualTag || !form_.ran_payee_street.visible(); }
   bool anyBankNumber() const { return !empty(form_.txtBankID) || !empty(form_.txtTransit) || !empty(form_.txtAccount); }
   /// The numbers of an international biller are not checked, nor are those that the user cannot see.
   bool checksBankNumbers() const { return !form_.foreignCurrency_ && form_.fraBankAcctInfo.reachable(); }

@@ -68,7 +68,7 @@ Verdict frmRandomInfo::Acceptance::checkBusinessNumber() {
 }
 
 Verdict frmRandomInfo::Acceptance::checkIndividual() {
-  if (store().PayeeIndBusnTag != individualTag) return Verdict::passed();
+  if (!individual()) return Verdict::passed();
   if (empty(form_.ran_payee_email)) return Verdict::stopAt(form_.ran_payee_email);
   if (Verdict mail = checkMail(); mail.stops()) return mail;
   if (!form_.domestic() || anyBankNumber()) return Verdict::passed();

@@ -72,8 +72,14 @@ TEST_F(Reader, LearnsAndDoesWhatAUserCan) {
   act(window(L"link"));
   EXPECT_EQ(form->journal.back(), L"link click");
   form->box.setEnabled(false);
-  EXPECT_TRUE(has(window(L"second"), STATE_SYSTEM_UNAVAILABLE));
-  EXPECT_FALSE(has(window(L"second"), STATE_SYSTEM_FOCUSABLE));
+  for (const bool forReading : {false, true}) {
+    if (forReading) form->setForReading();
+    for (const wchar_t* name : {L"box", L"second", L"opt(0)"}) {
+      EXPECT_EQ(has(window(name), STATE_SYSTEM_UNAVAILABLE), !forReading) << name;
+      EXPECT_EQ(has(window(name), STATE_SYSTEM_READONLY), forReading && name != std::wstring_view(L"box")) << name;
+      EXPECT_FALSE(has(window(name), STATE_SYSTEM_FOCUSABLE)) << name;
+    }
+  }
 }
 
 TEST_F(Reader, GoesThroughTheRowsOfAnOpenList) {

@@ -47,14 +47,15 @@ class ContrastScheme {
   ContrastScheme& operator=(const ContrastScheme&) = delete;
 
  private:
-  static constexpr int elements[] = {COLOR_WINDOW, COLOR_WINDOWTEXT, COLOR_BTNFACE, COLOR_BTNTEXT, COLOR_HOTLIGHT};
-  static constexpr COLORREF colours[] = {0, 0xFFFFFF, 0, 0xFFFFFF, 0x00FFFF};
+  static constexpr int elements[] = {COLOR_WINDOW,  COLOR_WINDOWTEXT, COLOR_BTNFACE,
+                                     COLOR_BTNTEXT, COLOR_HOTLIGHT,   COLOR_GRAYTEXT};
+  static constexpr COLORREF colours[] = {0, 0xFFFFFF, 0, 0xFFFFFF, 0x00FFFF, 0x00FF00};
   std::array<COLORREF, std::size(elements)> before_{};
 };
 
-/// The greatest difference in brightness, of 255, between the most frequent colour of a window and any other in the
-/// middle, where neither edges nor marks nor arrows are.
-int contrast(HWND window) {
+/// The greatest contrast between the most frequent colour of a window and any other in the middle, where neither edges
+/// nor marks nor arrows are.
+double legibility(HWND window) {
   RECT inside;
   GetClientRect(window, &inside);
   std::map<COLORREF, int> pixels;
@@ -64,10 +65,8 @@ int contrast(HWND window) {
   }
   ReleaseDC(window, context);
   const COLORREF back = std::ranges::max_element(pixels, {}, [](const auto& pixel) { return pixel.second; })->first;
-  int greatest = 0;
-  for (const auto& [colour, count] : pixels) {
-    greatest = std::max(greatest, std::abs(brightness(colour) - brightness(back)));
-  }
+  double greatest = 1;
+  for (const auto& [colour, count] : pixels) greatest = std::max(greatest, contrast(colour, back));
   return greatest;
 }
 
@@ -95,10 +94,13 @@ TEST(Styles, WhatIsWrittenCanBeReadInAnyTheme) {
       form->show();
       modFormController::reStyleForm(styled.component, *form);
       const HWND window = reinterpret_cast<HWND>(form->handle());
-      RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-      for (const forms::Control* control : form->controls()) {
-        EXPECT_GT(contrast(findControl(window, control->fullName().c_str())), 100)
-            << control->fullName() << ", style " << style << (contrastTheme ? ", contrast" : "");
+      for (const bool alive : {true, false}) {
+        for (forms::Control* control : form->controls()) control->setEnabled(alive);
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        for (const forms::Control* control : form->controls()) {
+          EXPECT_GE(legibility(findControl(window, control->fullName().c_str())), alive ? 4 : 2)
+              << control->fullName() << ", style " << style << (contrastTheme ? ", contrast" : "");
+        }
       }
       form->unload();
     }
