@@ -25,15 +25,16 @@ constexpr auto kinds = [] {
   table['.'] = Kind::dot;
   for (const char c : std::string_view("!#$%&'*+/=?^_`{|}~")) table[static_cast<unsigned char>(c)] = Kind::sign;
   table['-'] = Kind::hyphen;
-  for (unsigned char c = 0; c < table.size(); ++c) {
-    if (isDigit(c) || isCapital(asciiUpper(c))) table[c] = Kind::letter;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    const auto c = static_cast<wchar_t>(i);
+    if (isDigit(c) || isCapital(asciiUpper(c))) table[i] = Kind::letter;
   }
   return table;
 }();
 
 Kind kindOf(wchar_t c) {
-  const auto code = static_cast<std::size_t>(c);
-  return code < kinds.size() ? kinds[code] : Kind::none;
+  const bool ascii = (c & ~0x7F) == 0;
+  return ascii ? kinds[static_cast<unsigned char>(c)] : Kind::none;
 }
 
 /// How many parts a text has between its dots; 0 when one is empty or has a character that may not stand there.

@@ -83,7 +83,12 @@ int Machine::addFont(const std::wstring& path) {
 }
 
 void Machine::emptyClipboard() {
-  if (!OpenClipboard(nullptr)) return;
+  // A history of the clipboard or a remote desktop may have it open, for some milliseconds.
+  constexpr DWORD pause = 10;  // milliseconds
+  for (int further = 5; !OpenClipboard(nullptr); --further) {
+    if (further == 0) return;
+    Sleep(pause);
+  }
   EmptyClipboard();
   CloseClipboard();
 }
