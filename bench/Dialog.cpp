@@ -138,9 +138,21 @@ PlainDialog plainDialogOf(_ClsRandom* object) {
   return plain;
 }
 
-void drop(HWND list) {
+/// Drops the list down. Returns its windows.
+COMBOBOXINFO dropped(HWND list) {
   SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
   if (SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) == 0) throw std::runtime_error("the list does not drop down");
+  settle();
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof(parts);
+  SendMessageW(list, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&parts));
+  return parts;
+}
+
+/// Types a key, until what comes of it is on the screen.
+void strike(HWND window, WPARAM key) {
+  PostMessageW(window, WM_KEYDOWN, key, 1);
+  PostMessageW(window, WM_KEYUP, key, 1);
   settle();
 }
 
@@ -150,9 +162,7 @@ double typing(HWND edit) {
   SetFocus(edit);
   SetWindowTextW(edit, L"");
   const auto type = [edit](WPARAM key, int length) {
-    PostMessageW(edit, WM_KEYDOWN, key, 1);
-    PostMessageW(edit, WM_KEYUP, key, 1);
-    settle();
+    strike(edit, key);
     if (GetWindowTextLengthW(edit) != length) throw std::runtime_error("what is typed does not arrive");
   };
   settle();
@@ -164,24 +174,6 @@ double typing(HWND edit) {
     }
   });
   return took / (2 * letters);
-}
-
-/// A system's list of so many rows in a window of its own, which nobody tells what is in them.
-HWND plainList(HWND owner, const RECT& place, std::size_t rows) {
-  const HWND list =
-      CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, WC_LISTVIEWW, L"",
-                      WS_POPUP | WS_BORDER | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL, place.left, place.top,
-                      place.right - place.left, place.bottom - place.top, owner, nullptr, nullptr, nullptr);
-  for (int i = 0; i < 3; ++i) {
-    LVCOLUMNW column{};
-    column.mask = LVCF_WIDTH;
-    column.cx = (place.right - place.left) / 4;
-    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
-  }
-  SendMessageW(list, LVM_SETITEMCOUNT, rows, 0);
-  ShowWindow(list, SW_SHOWNOACTIVATE);
-  settle();
-  return list;
 }
 
 /// Where the plain dialog is handed to the processes that open it once.
@@ -272,23 +264,53 @@ Comparison countryList(std::size_t rows) {
   const auto ours = [&] {
     const auto start = Clock::now();
     const Embedded dialog(object.Get(), host.get());
-    const HWND list = dialog.control(L"ran_payee_country");
-    drop(list);
+    const COMBOBOXINFO list = dropped(dialog.control(L"ran_payee_country"));
     const double took = secondsSince(start);
-    COMBOBOXINFO parts{};
-    parts.cbSize = sizeof(parts);
-    SendMessageW(list, CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&parts));
-    GetWindowRect(parts.hwndList, &place);
+    GetWindowRect(list.hwndList, &place);
     if (plain.empty()) plain = plainDialog(dialog.window());
     return took;
   };
   const auto bare = [&] {
     HWND list = nullptr;
+    std::optional<Lines> lines;
     const double took = opening(plain, host.get(), [&] {
-      opaque(Lines(workplace.deciphered().c_str()).count());
-      list = plainList(host.get(), place, rows);
+      lines.emplace(workplace.deciphered().c_str());
+      list = plainList(host.get(), place, *lines);
+      settle();
     });
-    DestroyWindow(list);
+    DestroyWindow(GetParent(list));
+    return took;
+  };
+  return compare(ours, bare, 31);
+}
+
+Comparison letterInOpenList() {
+  const HostWindow host;
+  const Workplace workplace(L"letterInOpenList", 100'000);
+  const auto object = workplace.object();
+  const Lines lines(workplace.deciphered().c_str());
+  RECT place{};
+  const auto typing = [](HWND window, HWND list) {
+    const double took = timed([window] { strike(window, 'Z'); });
+    if (ListView_GetNextItem(list, -1, LVNI_SELECTED) < 90'000) throw std::runtime_error("the letter finds nothing");
+    return took;
+  };
+  const auto ours = [&] {
+    const Embedded dialog(object.Get(), host.get());
+    const HWND country = dialog.control(L"ran_payee_country");
+    SetForegroundWindow(host.get());
+    SetFocus(country);
+    const COMBOBOXINFO list = dropped(country);
+    SendMessageW(list.hwndItem, EM_SETSEL, 0, -1);
+    GetWindowRect(list.hwndList, &place);
+    return typing(list.hwndItem, list.hwndList);
+  };
+  const auto bare = [&] {
+    const HWND list = plainList(host.get(), place, lines);
+    SetFocus(list);
+    settle();
+    const double took = typing(list, list);
+    DestroyWindow(GetParent(list));
     return took;
   };
   return compare(ours, bare, 31);

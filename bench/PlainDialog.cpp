@@ -1,6 +1,7 @@
 #include "bench/PlainDialog.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -112,6 +113,24 @@ INT_PTR CALLBACK nobody(HWND, UINT message, WPARAM, LPARAM) {
   return message == WM_INITDIALOG;  // the first control gets the focus
 }
 
+/// What a plain list asks the window around it.
+LRESULT CALLBACK answerList(HWND around, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message != WM_NOTIFY) return DefWindowProcW(around, message, wparam, lparam);
+  const Lines& lines = *reinterpret_cast<const Lines*>(GetWindowLongPtrW(around, GWLP_USERDATA));
+  const auto code = reinterpret_cast<const NMHDR*>(lparam)->code;
+  if (code == LVN_ODFINDITEMW) {
+    const auto letter = static_cast<char>(std::toupper(*reinterpret_cast<const NMLVFINDITEMW*>(lparam)->lvfi.psz));
+    std::size_t row = 0;
+    while (row < lines.count() && !lines[row].starts_with(letter)) ++row;
+    return row < lines.count() ? static_cast<LRESULT>(row) : -1;
+  }
+  const LVITEMW& item = reinterpret_cast<const NMLVDISPINFOW*>(lparam)->item;
+  if (code != LVN_GETDISPINFOW || item.iSubItem != 0 || (item.mask & LVIF_TEXT) == 0) return 0;
+  const std::string_view line = lines[static_cast<std::size_t>(item.iItem)];
+  *std::ranges::copy(line.substr(0, line.find(',')), item.pszText).out = L'\0';
+  return 0;
+}
+
 }  // namespace
 
 PlainDialog plainDialog(HWND dialog) {
@@ -130,6 +149,26 @@ PlainDialog plainDialog(HWND dialog) {
 HWND made(const PlainDialog& plain, HWND host) {
   return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(plain.data()), host,
                                     nobody, 0);
+}
+
+HWND plainList(HWND owner, const RECT& place, const Lines& lines) {
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
+  const HWND around = CreateWindowExW(WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP | WS_BORDER, place.left, place.top,
+                                      width, height, owner, nullptr, nullptr, nullptr);
+  SetWindowLongPtrW(around, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&lines));
+  SetWindowLongPtrW(around, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(answerList));
+  const HWND list = CreateWindowW(WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL,
+                                  0, 0, width, height, around, nullptr, nullptr, nullptr);
+  for (int i = 0; i < 3; ++i) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH;
+    column.cx = width / 4;
+    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+  }
+  SendMessageW(list, LVM_SETITEMCOUNT, lines.count(), 0);
+  ShowWindow(around, SW_SHOWNOACTIVATE);
+  return list;
 }
 
 }  // namespace nv::bench

@@ -30,6 +30,8 @@ Comparison nextOpening();
 Comparison embeddedOpening();
 /// The embedded dialog and its open country list.
 Comparison countryList(std::size_t rows);
+/// A letter typed into the open country list.
+Comparison letterInOpenList();
 Comparison keystroke();
 Comparison acceptance();
 /// Bytes of the process's heaps.
@@ -42,8 +44,6 @@ Comparison switchedOffTrace();
 Comparison countryFile(std::size_t rows);
 /// Per row: a file of 100,000 rows beside one of 10,000.
 Comparison countryFileGrowth();
-/// What a letter that is typed looks for in a list of 100,000 rows.
-Comparison rowSearch();
 
 /// What only the first of a process can show.
 struct Alone {

@@ -94,19 +94,4 @@ Comparison countryFileGrowth() {
   return compare(large.loadingOneRow(), small.loadingOneRow(), 31);
 }
 
-Comparison rowSearch() {
-  World world;
-  const auto form = std::make_shared<frmRandomInfo>(world.component, forms::Border::dialog);
-  const std::string text = countries(100'000);
-  forms::DropDownList& list = form->ran_payee_country;
-  list.setRows(countryRows(std::wstring(text.begin(), text.end()), [](std::wstring_view) { return true; }));
-  return compare(repeated([&] { opaque(list.find(L"Q").has_value()); }), repeated([&] {
-                   std::size_t found = 0;
-                   for (std::size_t row = 0; row < list.rows().size(); ++row) {
-                     found += list.rows().cell(row, 0).starts_with(L'Q') ? 1 : 0;
-                   }
-                   opaque(found);
-                 }));
-}
-
 }  // namespace nv::bench

@@ -83,7 +83,8 @@ std::string countries(std::size_t rows) {
   std::string text = "Countries\r\n";
   for (std::size_t row = 0; row < rows; ++row) {
     const char code[] = {static_cast<char>('A' + row / 26 % 26), static_cast<char>('A' + row % 26), '\0'};
-    text += "Country number " + std::to_string(row) + ',' + code + ',' + std::to_string(row % 1000) + "\r\n";
+    text += static_cast<char>('A' + row * 26 / rows);
+    text += "land number " + std::to_string(row) + ',' + code + ',' + std::to_string(row % 1000) + "\r\n";
   }
   return text;
 }

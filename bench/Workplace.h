@@ -31,7 +31,7 @@ class Workplace {
   host::Installation installation_;
 };
 
-/// The text of a country file of so many rows.
+/// The text of a country file of so many rows, their names from A to Z.
 std::string countries(std::size_t rows);
 
 /// The lines of a text file, each of them found, none of them copied.
@@ -39,6 +39,7 @@ class Lines {
  public:
   explicit Lines(const wchar_t* path);
   std::size_t count() const { return lines_.size(); }
+  std::string_view operator[](std::size_t line) const { return lines_[line]; }
 
  private:
   std::string text_;

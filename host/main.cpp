@@ -81,8 +81,21 @@ int run(std::vector<std::wstring> arguments) {
 
 }  // namespace nv::host
 
+namespace {
+
+/// The console takes UTF-8 for as long as this lives.
+struct Utf8Console {
+  Utf8Console() { SetConsoleOutputCP(CP_UTF8); }
+  ~Utf8Console() { SetConsoleOutputCP(before); }
+  Utf8Console(const Utf8Console&) = delete;
+  Utf8Console& operator=(const Utf8Console&) = delete;
+  const UINT before = GetConsoleOutputCP();
+};
+
+}  // namespace
+
 int wmain(int count, wchar_t** arguments) {
-  SetConsoleOutputCP(CP_UTF8);
+  const Utf8Console console;
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
   nv::host::reportCrashes([] { return L"nvhost: "; });
   try {

@@ -96,6 +96,21 @@ Var Log      ; the file that /LOG= names
   Quit
 !macroend
 
+; For the machine without the rights: MultiUser would say so in a box, to a silent installation, too.
+!macro Check_Rights
+  ${GetParameters} $R0
+  ClearErrors
+  ${GetOptions} $R0 "/AllUsers" $R1
+  ${IfNot} ${Errors}
+    UserInfo::GetAccountType
+    Pop $R1
+    ${If} $R1 != "Admin"
+    ${AndIf} $R1 != "Power"
+      !insertmacro Give_Up "For the machine, the rights of an administrator are needed." ${FAILED}
+    ${EndIf}
+  ${EndIf}
+!macroend
+
 ; Removes a folder with nothing left in it, and the maker's folder that it stands in.
 !macro Remove_Folder Folder
   RMDir "${Folder}"
@@ -335,6 +350,7 @@ Function .onInit
   ${IfNot} ${Errors}
     !insertmacro SelectSection ${SectionDeveloper}
   ${EndIf}
+  !insertmacro Check_Rights
   !insertmacro MULTIUSER_INIT
   Call Keep_Folder
   ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
@@ -347,6 +363,7 @@ Function .onInit
 FunctionEnd
 
 Function un.onInit
+  !insertmacro Check_Rights
   !insertmacro MULTIUSER_UNINIT
 FunctionEnd
 

@@ -7,7 +7,12 @@
 namespace nv::host {
 
 Clipboard::Clipboard(HWND owner) {
-  if (!OpenClipboard(owner)) throw Failure(L"another program keeps the clipboard open");
+  constexpr int attempts = 100;
+  constexpr DWORD pause = 20;                                // ms; nobody tells when a clipboard is closed
+  for (int attempt = 1; !OpenClipboard(owner); ++attempt) {  // a history, or a remote desktop, looks at each change
+    if (attempt == attempts) throw Failure(L"another program keeps the clipboard open");
+    Sleep(pause);
+  }
 }
 
 std::wstring Clipboard::text() const {

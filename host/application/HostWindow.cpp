@@ -46,6 +46,11 @@ HostWindow::HostWindow(const wchar_t* title, POINT place, SIZE size) {
   window_ = CreateWindowExW(0, className, title, style, place.x, place.y, outside.right - outside.left,
                             outside.bottom - outside.top, nullptr, nullptr, windowClass.hInstance, nullptr);
   ShowWindow(window_, SW_SHOW);
+  // Windows lets a program come to the front that has had the last input, and nothing else brings a background one
+  // there.
+  INPUT nothing{};
+  nothing.type = INPUT_MOUSE;
+  SendInput(1, &nothing, sizeof(nothing));
   SetForegroundWindow(window_);
 }
 

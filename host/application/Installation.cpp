@@ -26,7 +26,7 @@ constexpr const wchar_t* binaries = L"NORVIK\\Bin";
 }  // namespace
 
 Installation::Installation(fs::path root, fs::path standIns) : root_(std::move(root)), standIns_(std::move(standIns)) {
-  clear();
+  removeFolder(root_);  // of an earlier run, which may have ended in the middle
   makeFolder(binaries);
   makeFolder(L"Resources");
   for (const wchar_t* library : {L"Acctvfy.dll", L"kvd8rq3x.dll"}) {
@@ -36,17 +36,6 @@ Installation::Installation(fs::path root, fs::path standIns) : root_(std::move(r
   setSampleCountries();
   SetEnvironmentVariableW(installationVariable, this->root().c_str());
   SetCurrentDirectoryW(root_.c_str());
-}
-
-/// An earlier run that ended in the middle may have left anything, read-only or not.
-void Installation::clear() const {
-  std::error_code none;
-  allowEverything(root_);
-  for (auto entry = fs::recursive_directory_iterator(root_, none); entry != fs::recursive_directory_iterator();
-       entry.increment(none)) {
-    allowEverything(entry->path());
-  }
-  fs::remove_all(root_, none);
 }
 
 fs::path Installation::path(const std::wstring& file) const {

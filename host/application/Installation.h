@@ -64,7 +64,6 @@ class Installation {
 
  private:
   std::filesystem::path path(const std::wstring& file) const;
-  void clear() const;
 
   std::filesystem::path root_;
   std::filesystem::path standIns_;

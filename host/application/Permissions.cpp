@@ -10,6 +10,8 @@
 
 namespace nv::host {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 struct LocalDeleter {
@@ -20,7 +22,7 @@ using Local = std::unique_ptr<Kind, LocalDeleter>;
 
 /// Puts one entry for everybody in front of the access list `list` (null: an empty one) and makes the result the list
 /// of `path`.
-DWORD setAccess(const std::filesystem::path& path, ACL* list, ACCESS_MODE mode, DWORD rights) {
+DWORD setAccess(const fs::path& path, ACL* list, ACCESS_MODE mode, DWORD rights) {
   DWORD sid[SECURITY_MAX_SID_SIZE / sizeof(DWORD)];
   DWORD size = sizeof(sid);
   if (!CreateWellKnownSid(WinWorldSid, nullptr, sid, &size)) return GetLastError();
@@ -40,7 +42,7 @@ DWORD setAccess(const std::filesystem::path& path, ACL* list, ACCESS_MODE mode, 
 
 }  // namespace
 
-void denyWriting(const std::filesystem::path& path) {
+void denyWriting(const fs::path& path) {
   constexpr DWORD writing = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_WRITE_EA | FILE_WRITE_ATTRIBUTES;
   std::wstring name = path.wstring();
   ACL* list = nullptr;
@@ -54,10 +56,25 @@ void denyWriting(const std::filesystem::path& path) {
   }
 }
 
-void allowEverything(const std::filesystem::path& path) noexcept {
+void allowEverything(const fs::path& path) noexcept {
   try {
     setAccess(path, nullptr, GRANT_ACCESS, GENERIC_ALL);
   } catch (...) {  // NOLINT(bugprone-empty-catch): as promised
+  }
+}
+
+void removeFolder(const fs::path& folder) noexcept {
+  constexpr int attempts = 60;
+  constexpr DWORD pause = 50;  // ms; nobody tells when a file is let go of
+  std::error_code none;
+  for (int attempt = 0; attempt < attempts && fs::exists(folder, none); ++attempt) {
+    if (attempt > 0) Sleep(pause);
+    allowEverything(folder);
+    for (auto entry = fs::recursive_directory_iterator(folder, none); entry != fs::recursive_directory_iterator();
+         entry.increment(none)) {
+      allowEverything(entry->path());
+    }
+    fs::remove_all(folder, none);
   }
 }
 

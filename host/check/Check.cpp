@@ -1,6 +1,8 @@
 #include "host/check/Check.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 
 #include "host/application/Clipboard.h"
 #include "host/application/Permissions.h"
@@ -35,12 +37,71 @@ void setClipboardText(const std::wstring& text) {
   }
 }
 
-/// Deletes a folder, what nobody may write in it, too.
-void removeFolder(const fs::path& folder) {
+/// Why nothing can be proven here; empty when it can.
+/// @param work is made: a folder in the kit.
+std::wstring objection(const fs::path& kit, const fs::path& work) {
+  constexpr std::size_t longest = 110;  // characters; the tests' own folders and files come to 150 more, of MAX_PATH
+  constexpr int least = 700;            // pixels at 96 dpi: the highest dialog, a title and the taskbar
+  const std::wstring path = kit.wstring();
   std::error_code none;
-  for (const auto& entry : fs::recursive_directory_iterator(folder, none)) allowEverything(entry.path());
-  fs::remove_all(folder, none);
+  if (!fs::exists(kit / L"host", none) || !fs::exists(kit / L"x64", none))
+    return L"Files are missing: unpack the whole archive.";
+  std::wstring disk(path.size() + 1, L'\0');
+  DWORD abilities = 0;
+  GetVolumePathNameW(path.c_str(), disk.data(), static_cast<DWORD>(disk.size()));
+  GetVolumeInformationW(disk.c_str(), nullptr, 0, nullptr, nullptr, &abilities, nullptr, 0);
+  if (GetDriveTypeW(disk.c_str()) == DRIVE_REMOTE || (abilities & FILE_PERSISTENT_ACLS) == 0)
+    return L"The tests take away rights to files: unpack the archive on a disk of this machine that has rights (NTFS).";
+  if (path.size() > longest) return L"Unpack the archive into a folder with a shorter path.";
+  if (wide(narrow(path, CP_ACP), CP_ACP) != path)
+    return L"The libraries of a host cannot name this folder: unpack the archive into one with plain letters.";
+  if (!fs::create_directories(work, none)) return L"Nothing can be written here: unpack the archive elsewhere.";
+  const HDC screen = GetDC(nullptr);
+  const int height = MulDiv(GetDeviceCaps(screen, VERTRES), 96, GetDeviceCaps(screen, LOGPIXELSY));
+  ReleaseDC(nullptr, screen);
+  if (height < least) return L"The dialogs do not fit on this screen: choose a smaller scale, or a higher resolution.";
+  if ((GetKeyState(VK_CAPITAL) & 1) != 0) return L"Caps Lock is on.";
+  return {};
 }
+
+/// What the tests change of the user's session for a moment, and leave changed when they are ended in that moment.
+class Session {
+ public:
+  Session() {
+    std::iota(elements_.begin(), elements_.end(), 0);
+    std::ranges::transform(elements_, colours_.begin(), GetSysColor);
+  }
+  void restore() const {
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\NVRandom.Test");  // the tests' registry
+    if (!std::ranges::equal(elements_, colours_, {}, GetSysColor))
+      SetSysColors(colourCount, elements_.data(), colours_.data());
+    setClipboardText(clipboard_);
+  }
+
+ private:
+  static constexpr int colourCount = COLOR_MENUBAR + 1;
+  std::array<int, colourCount> elements_{};
+  std::array<COLORREF, colourCount> colours_{};
+  const std::wstring clipboard_ = clipboardText();
+};
+
+/// A console in which a click does not stop what is written, for as long as it lives.
+class UnstoppedConsole {
+ public:
+  UnstoppedConsole() {
+    constexpr DWORD quickEdit = ENABLE_QUICK_EDIT_MODE;
+    if (GetConsoleMode(input_, &mode_)) SetConsoleMode(input_, (mode_ & ~quickEdit) | ENABLE_EXTENDED_FLAGS);
+  }
+  ~UnstoppedConsole() {
+    if (mode_ != 0) SetConsoleMode(input_, mode_ | ENABLE_EXTENDED_FLAGS);
+  }
+  UnstoppedConsole(const UnstoppedConsole&) = delete;
+  UnstoppedConsole& operator=(const UnstoppedConsole&) = delete;
+
+ private:
+  const HANDLE input_ = GetStdHandle(STD_INPUT_HANDLE);
+  DWORD mode_ = 0;
+};
 
 std::wstring quoted(const fs::path& path) {
   return L" \"" + path.wstring() + L"\"";
@@ -48,7 +109,8 @@ std::wstring quoted(const fs::path& path) {
 
 class Check {
  public:
-  explicit Check(fs::path kit) : kit_(std::move(kit)) {}
+  /// Fails with Failure when nothing can be proven here.
+  explicit Check(fs::path kit);
 
   int run();
   /// Ends the run; it is over when this returns. From any thread.
@@ -71,6 +133,16 @@ class Check {
   std::vector<Result> results_;
   Handle over_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
+
+Check::Check(fs::path kit) : kit_(std::move(kit)) {
+  removeFolder(work_);  // of a run that was ended by force
+  const std::wstring why = objection(kit_, work_);
+  if (!why.empty()) {
+    removeFolder(work_);
+    throw Failure(why);
+  }
+  removeFolder(pictures_);
+}
 
 void Check::add(const std::wstring& part, const std::wstring& test, Outcome outcome, const std::wstring& said) {
   if (job_.stopped()) return;  // what was ended in the middle is no result
@@ -142,12 +214,11 @@ void Check::play(const std::wstring& architecture) {
 
 int Check::run() {
   printLine(L"Playing everything; that takes some minutes. Leave mouse and keyboard alone meanwhile: they are used.");
-  removeFolder(work_);  // of a run that was ended by force
-  removeFolder(pictures_);
-  const std::wstring text = clipboardText();
+  const UnstoppedConsole console;
+  const Session session;
   play(L"x86");
   if (isSystem64()) play(L"x64");
-  setClipboardText(text);
+  session.restore();
   removeFolder(work_);
   for (const wchar_t* architecture : {L"x86", L"x64"}) removeFolder(kit_ / architecture / L"installations");
   const fs::path report = kit_ / L"report.html";
@@ -161,7 +232,8 @@ int Check::run() {
 
 Check* theCheck = nullptr;
 
-/// The console is closed, the user leaves, Ctrl+C: the system ends the process when this returns.
+/// Ctrl+C, or the console is closed: then the system ends the process when this returns. That a user leaves Windows is
+/// told to no program with windows in this way: the system ends it, and the next run tidies up.
 BOOL WINAPI stopCheck(DWORD) {
   theCheck->stop();
   return TRUE;
@@ -170,6 +242,8 @@ BOOL WINAPI stopCheck(DWORD) {
 }  // namespace
 
 int checkMachine(const fs::path& kit) {
+  const Handle turn(CreateMutexW(nullptr, FALSE, L"NVRandom.Check"));
+  if (GetLastError() == ERROR_ALREADY_EXISTS) throw Failure(L"A check is running already: both would use the mouse.");
   static Check check(kit);
   theCheck = &check;
   SetConsoleCtrlHandler(stopCheck, TRUE);

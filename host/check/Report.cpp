@@ -25,8 +25,10 @@ std::wstring systemVersion() {
   RTL_OSVERSIONINFOW version{};
   version.dwOSVersionInfoSize = sizeof(version);
   if (const auto get = ofSystem<LONG(WINAPI*)(RTL_OSVERSIONINFOW*)>(L"ntdll", "RtlGetVersion")) get(&version);
-  std::wstring text = L"Windows " + std::to_wstring(version.dwMajorVersion) + L"." +
-                      std::to_wstring(version.dwMinorVersion) + L", build " + std::to_wstring(version.dwBuildNumber);
+  constexpr DWORD first11 = 22000;
+  std::wstring text = version.dwBuildNumber >= first11 ? L"Windows 11, as " : L"";
+  text += L"Windows " + std::to_wstring(version.dwMajorVersion) + L"." + std::to_wstring(version.dwMinorVersion) +
+          L", build " + std::to_wstring(version.dwBuildNumber);
   if (const auto wine = ofSystem<const char*(CDECL*)()>(L"ntdll", "wine_get_version")) {
     text += L", as Wine " + wide(wine()) + L" makes it";
   }
@@ -40,6 +42,11 @@ std::wstring theme() {
   wchar_t file[MAX_PATH] = L"";
   if (IsThemeActive()) GetCurrentThemeName(file, MAX_PATH, nullptr, 0, nullptr, 0);
   std::wstring text = *file == L'\0' ? L"none" : fs::path(file).filename().wstring();
+  DWORD light = 1;  // what programs that have dark colours shall use
+  DWORD size = sizeof(light);
+  RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+               L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
+  if (light == 0) text += L", dark";
   return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0 ? text + L", contrast theme" : text;
 }
 

@@ -10,6 +10,16 @@ namespace {
 
 constexpr DWORD blockSize = 8;
 
+/// Kept while the process lives: with the last one the system unloads its service. 0 when it has none.
+HCRYPTPROV provider() {
+  static const HCRYPTPROV provider = [] {
+    HCRYPTPROV acquired = 0;
+    CryptAcquireContextW(&acquired, nullptr, nullptr, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT);
+    return acquired;
+  }();
+  return provider;
+}
+
 class Key {
  public:
   Key() {
@@ -19,13 +29,10 @@ class Key {
       DWORD size = blockSize;
       BYTE bytes[blockSize] = {0x4E, 0x56, 0x52, 0x61, 0x6E, 0x64, 0x6F, 0x6D};
     } blob;
-    if (CryptAcquireContextW(&provider_, nullptr, nullptr, PROV_RSA_FULL, CRYPT_VERIFYCONTEXT)) {
-      CryptImportKey(provider_, reinterpret_cast<const BYTE*>(&blob), sizeof(blob), 0, 0, &key_);
-    }
+    CryptImportKey(provider(), reinterpret_cast<const BYTE*>(&blob), sizeof(blob), 0, 0, &key_);
   }
   ~Key() {
     if (key_ != 0) CryptDestroyKey(key_);
-    if (provider_ != 0) CryptReleaseContext(provider_, 0);
   }
   Key(const Key&) = delete;
   Key& operator=(const Key&) = delete;
@@ -34,7 +41,6 @@ class Key {
   HCRYPTKEY get() const { return key_; }
 
  private:
-  HCRYPTPROV provider_ = 0;
   HCRYPTKEY key_ = 0;
 };
 

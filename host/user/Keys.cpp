@@ -46,8 +46,10 @@ std::vector<INPUT> strokesOf(wchar_t character) {
   const SHORT key = VkKeyScanW(character);
   const int state = HIBYTE(key);
   const auto code = static_cast<WORD>(LOBYTE(key));
-  if (key != -1 && state == plain) return strokesOf(scenario::Chord{code});
-  if (key != -1 && state == shifted) return strokesOf(scenario::Chord{VK_SHIFT, code});
+  constexpr UINT dead = 0x80000000;  // waits for the letter that its accent goes on
+  const bool typed = key != -1 && (MapVirtualKeyW(code, MAPVK_VK_TO_CHAR) & dead) == 0;
+  if (typed && state == plain) return strokesOf(scenario::Chord{code});
+  if (typed && state == shifted) return strokesOf(scenario::Chord{VK_SHIFT, code});
   return {characterEvent(character, false), characterEvent(character, true)};
 }
 

@@ -66,6 +66,7 @@ std::wstring twips(const Seen& seen, LONG pixels) {
 std::wstring backColour(HWND window) {
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   const COLORREF colour = Picture::ofInside(window).mostFrequentColour();
+  if (colour == GetSysColor(COLOR_BTNFACE)) return L"button face";
   wchar_t text[8];
   std::swprintf(text, std::size(text), L"#%02X%02X%02X", GetRValue(colour), GetGValue(colour), GetBValue(colour));
   return text;

@@ -1,5 +1,6 @@
 #include "host/user/Picture.h"
 
+#include <dwmapi.h>
 #include <wincodec.h>
 #include <wrl/client.h>
 
@@ -47,6 +48,9 @@ void check(HRESULT result, const std::filesystem::path& file) {
 }  // namespace
 
 Picture Picture::ofWindow(HWND window) {
+  BOOL composed = FALSE;  // a frame that the compositor draws is in no context of the window's
+  if (SUCCEEDED(DwmGetWindowAttribute(window, DWMWA_NCRENDERING_ENABLED, &composed, sizeof(composed))) && composed)
+    return ofInside(window);
   RECT place{};
   GetWindowRect(window, &place);
   return {Context(window, DCX_WINDOW), place.right - place.left, place.bottom - place.top};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cwchar>
 #include <map>
 
 #include "host/base/Text.h"
@@ -72,6 +73,21 @@ std::map<std::wstring, HWND> buttonsOf(HWND box) {
   return buttons;
 }
 
+/// Whether two icons are the same one of the system's: of any size, which depends on the dpi that asks.
+bool isSame(HICON icon, HICON other) {
+  struct Info : ICONINFOEXW {
+    explicit Info(HICON icon) : ICONINFOEXW{} {
+      cbSize = sizeof(ICONINFOEXW);
+      GetIconInfoExW(icon, this);
+      for (const HBITMAP bitmap : {hbmColor, hbmMask}) DeleteObject(bitmap);
+    }
+  };
+  if (icon == other) return true;  // as a rule the system shares one handle
+  const Info first(icon);
+  const Info second(other);
+  return first.wResID != 0 && first.wResID == second.wResID && std::wcscmp(first.szModName, second.szModName) == 0;
+}
+
 std::wstring iconName(HICON icon) {
   struct NamedIcon {
     LPCWSTR resource;
@@ -82,7 +98,7 @@ std::wstring iconName(HICON icon) {
                              {IDI_ASTERISK, L"information"},
                              {IDI_QUESTION, L"question"}};
   for (const auto& [resource, name] : icons) {
-    if (icon == LoadIconW(nullptr, resource)) return name;  // the system shares one handle for each
+    if (isSame(icon, LoadIconW(nullptr, resource))) return name;
   }
   return L"none";
 }
@@ -203,7 +219,7 @@ void User::clickAt(POINT place, Button button) {
   if (std::abs(place.x - lastClick_.x) <= apart && std::abs(place.y - lastClick_.y) <= apart) place.x -= apart + 1;
   lastClick_ = place;
   point(place);
-  const bool left = button == Button::left;
+  const bool left = (button == Button::left) == (GetSystemMetrics(SM_SWAPBUTTON) == FALSE);  // for left-handed users
   send({mouseEvent(place, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
         mouseEvent(place, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
   settle();

@@ -20,7 +20,7 @@ std::wstring truth(bool value) {
 namespace {
 
 std::wstring shownColour(forms::Colour colour) {
-  if (colour == forms::colours::buttonFace.back) return L"#F5F5F5";
+  if (colour == forms::colours::buttonFace.back) return L"button face";
   if (colour == forms::colours::window.back) return L"#FFFFFF";
   wchar_t text[8];
   std::swprintf(text, std::size(text), L"#%02X%02X%02X", colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);

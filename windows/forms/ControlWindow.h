@@ -94,6 +94,8 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   RECT textArea() const;
   /// From the top of a field's window, with its edge, to its text, in pixels at any dpi.
   static constexpr int textInset = 3;
+  /// Puts a window at its place, in pixels of its parent.
+  static void moveWindow(HWND window, const RECT& place);
   bool underlined() const { return control_.kind() == forms::Kind::hyperlink; }
 
   FormWindow& owner() const { return owner_; }
@@ -107,7 +109,6 @@ class ControlWindow : public forms::ControlPeer, public MessageHandler, public T
   std::optional<LRESULT> painted(UINT message, WPARAM wparam);
   LRESULT reflected(UINT message, WPARAM wparam, LPARAM lparam);
   bool focusForPress();
-  void place();
 
   FormWindow& owner_;
   forms::Control& control_;

@@ -12,14 +12,12 @@ namespace nv::windows {
 using forms::Attribute;
 
 ControlWindow::Native DropDownListWindow::native() const {
-  return {dropDownListClass, WS_CLIPCHILDREN, WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT};
+  return {dropDownListClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
 }
 
 void DropDownListWindow::created() {
-  const HWND edit = createWindow({L"EDIT", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP}, L"", {}, window());
-  text_.connect(edit);
-  EnableWindow(edit, enabled());
-  placeText();
+  const DWORD style = WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL | WS_TABSTOP | (enabled() ? 0 : WS_DISABLED);
+  text_.connect(createWindow({L"EDIT", style}, L"", parts().text, window()));
 }
 
 void DropDownListWindow::apply(Attribute attribute) {
@@ -40,45 +38,36 @@ void DropDownListWindow::apply(Attribute attribute) {
       if (!text_.apply(attribute)) ControlWindow::apply(attribute);
       if (attribute == Attribute::appearance)
         ControlWindow::apply(Attribute::place);  // the font decides about the height
-      if (attribute == Attribute::place || attribute == Attribute::appearance) placeText();
+      if (attribute == Attribute::place || attribute == Attribute::appearance) moveWindow(text_.window(), parts().text);
   }
 }
 
-RECT DropDownListWindow::buttonArea() const {
-  RECT area;
-  GetClientRect(window(), &area);
-  return arrowArea(area, owner().scale().dpi());
-}
-
-void DropDownListWindow::placeText() {
-  RECT area;
-  GetClientRect(window(), &area);
+DropDownListWindow::Parts DropDownListWindow::parts() const {
   // An edit window without an edge keeps its text in its corner; in one with an edge it stands this much further in.
   constexpr int inset = 1;
-  SetWindowPos(text_.window(), nullptr, inset, inset, std::max<int>(0, buttonArea().left - inset), area.bottom - inset,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  const int dpi = owner().scale().dpi();
+  Parts parts;
+  GetClientRect(window(), &parts.whole);
+  parts.inside = parts.whole;
+  InflateRect(&parts.inside, -systemMetric(SM_CXEDGE, dpi), -systemMetric(SM_CYEDGE, dpi));
+  parts.button = arrowArea(parts.inside, dpi);
+  const LONG left = parts.inside.left + inset;
+  parts.text = {left, parts.inside.top + inset, std::max(left, parts.button.left), parts.inside.bottom};
+  return parts;
 }
 
+/// The edge as the current visual style has it, else that of the system.
 void DropDownListWindow::paint(HDC context, const RECT& /*area*/) {
-  paintArrow(window(), context, buttonArea(), list_.look().alive, popup_.open());
-}
-
-/// The edge as the current visual style has it, over that of the system.
-void DropDownListWindow::paintEdge() {
-  const Theme theme(OpenThemeData(window(), comboBoxTheme));
-  if (!theme) return;
-  RECT whole;
-  RECT inside;
-  GetWindowRect(window(), &whole);
-  GetClientRect(window(), &inside);
-  MapWindowPoints(window(), nullptr, reinterpret_cast<POINT*>(&inside), 2);
-  OffsetRect(&inside, -whole.left, -whole.top);
-  OffsetRect(&whole, -whole.left, -whole.top);
-  const HDC context = GetWindowDC(window());
-  ExcludeClipRect(context, inside.left, inside.top, inside.right, inside.bottom);
-  const int state = themedState(list_.look().alive, popup_.open());
-  DrawThemeBackground(theme.get(), context, CP_BORDER, state, &whole, nullptr);
-  ReleaseDC(window(), context);
+  const Parts of = parts();
+  const bool alive = list_.look().alive;
+  if (const Theme theme(OpenThemeData(window(), comboBoxTheme)); theme) {
+    DrawThemeBackground(theme.get(), context, CP_BORDER, themedState(alive, popup_.open()), &of.whole, nullptr);
+  } else {
+    RECT edge = of.whole;
+    DrawEdge(context, &edge, EDGE_SUNKEN, BF_RECT);
+  }
+  FillRect(context, &of.inside, owner().brush(background()));
+  paintArrow(window(), context, of.button, alive, popup_.open());
 }
 
 LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -93,11 +82,6 @@ LRESULT DropDownListWindow::handle(HWND window, UINT message, WPARAM wparam, LPA
   LRESULT result = 0;
   if (answer(message, wparam, lparam, result)) return result;
   switch (message) {
-    case WM_NCPAINT: {
-      const LRESULT painted = ControlWindow::handle(window, message, wparam, lparam);
-      paintEdge();
-      return painted;
-    }
     case WM_COMMAND:
       if (HIWORD(wparam) == EN_CHANGE) text_.changed();
       return 0;
@@ -232,7 +216,7 @@ bool DropDownListWindow::answer(UINT message, WPARAM wparam, LPARAM lparam, LRES
     case CB_GETCOMBOBOXINFO: {
       auto& parts = *reinterpret_cast<COMBOBOXINFO*>(lparam);
       GetClientRect(text_.window(), &parts.rcItem);
-      parts.rcButton = buttonArea();
+      parts.rcButton = this->parts().button;
       parts.stateButton = popup_.open() ? STATE_SYSTEM_PRESSED : 0;
       parts.hwndCombo = window();
       parts.hwndItem = text_.window();

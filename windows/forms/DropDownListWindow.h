@@ -35,9 +35,14 @@ class DropDownListWindow final : public ControlWindow {
   bool usesCharacter(wchar_t character) const override { return EditText::uses(character); }
   std::optional<bool> dropped() const override { return popup_.open(); }
 
-  void placeText();
-  void paintEdge();
-  RECT buttonArea() const;
+  /// In pixels of the window.
+  struct Parts {
+    RECT whole;
+    RECT inside;  // within the edge
+    RECT button;
+    RECT text;
+  };
+  Parts parts() const;
   void moveTo(std::ptrdiff_t row);
   /// The messages of the system's combo boxes, for tools that know how to work those.
   bool answer(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);

@@ -126,18 +126,17 @@ void DropDownPopup::rowsChanged() {
 
 void DropDownPopup::rowChanged() {
   if (!open()) return;  // it shows the row once it is opened
-  if (const auto row = list_.selectedRow()) {
-    highlight(*row);
-    ListView_EnsureVisible(rows_, static_cast<int>(*row), FALSE);
-  } else {
-    // That one row, not all: a list of a hundred thousand asks about each.
-    const int marked = ListView_GetNextItem(rows_, -1, LVNI_SELECTED);
-    if (marked >= 0) ListView_SetItemState(rows_, marked, 0, LVIS_SELECTED | LVIS_FOCUSED);
-  }
+  const auto row = list_.selectedRow();
+  highlight(row ? static_cast<int>(*row) : none);
+  if (row) ListView_EnsureVisible(rows_, highlighted_, FALSE);
 }
 
-void DropDownPopup::highlight(std::size_t row) {
-  ListView_SetItemState(rows_, static_cast<int>(row), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+/// Not by the list's own rule of one selected row at a time: to clear the others, a list of a hundred thousand looks at
+/// each.
+void DropDownPopup::highlight(int row) {
+  if (highlighted_ != none) ListView_SetItemState(rows_, highlighted_, 0, LVIS_SELECTED);
+  if (row != none) ListView_SetItemState(rows_, row, LVIS_SELECTED, LVIS_SELECTED);
+  highlighted_ = row;
 }
 
 int DropDownPopup::page() const {
@@ -245,7 +244,7 @@ std::optional<LRESULT> DropDownPopup::listReceives(UINT message, LPARAM lparam) 
   const POINT place{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
   switch (message) {
     case WM_MOUSEMOVE:
-      if (const auto row = rowAt(place)) highlight(*row);
+      if (const auto row = rowAt(place)) highlight(static_cast<int>(*row));
       return 0;
     case WM_LBUTTONUP:
       if (const auto row = rowAt(place)) owner_.picked(*row);

@@ -55,12 +55,14 @@ class DropDownPopup final : public MessageHandler, private Teller, private RowTe
   void supplyText(NMLVDISPINFOW& info) const;
   LRESULT colourRow(NMLVCUSTOMDRAW& item) const;
   std::optional<std::size_t> rowAt(POINT place) const;
-  void highlight(std::size_t row);
+  void highlight(int row);
 
   DropDownListWindow& owner_;
   forms::DropDownList& list_;
   HWND popup_ = nullptr;
   HWND rows_ = nullptr;
+  static constexpr int none = -1;
+  int highlighted_ = none;  // the row that stands out
   Hook outsideClicks_;
   Accessibles accessibles_;
 };

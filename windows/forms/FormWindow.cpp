@@ -135,12 +135,12 @@ void FormWindow::show(bool modal) {
   if (modal) {
     focusRestorer_.emplace();
     disableOthers();
-    ShowWindow(window_, SW_SHOW);
-    SetForegroundWindow(window_);
   } else {
     adoptParent();
-    ShowWindow(window_, SW_SHOW);
   }
+  // Each window's background is erased when it is painted, not those of all before.
+  SetWindowPos(window_, nullptr, 0, 0, 0, 0, SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_DEFERERASE);
+  if (modal) SetForegroundWindow(window_);
 }
 
 void FormWindow::runModal() {
@@ -214,7 +214,7 @@ void FormWindow::arrange(Where where) {
   scroller_.setContent(content);
   if (embedded()) {
     SetWindowPos(window_, nullptr, scale_.pixels(form().place().left), scale_.pixels(form().place().top), content.cx,
-                 content.cy, SWP_NOZORDER | SWP_NOACTIVATE | (where == Where::here ? SWP_NOMOVE : 0U));
+                 content.cy, SWP_DEFERERASE | SWP_NOZORDER | SWP_NOACTIVATE | (where == Where::here ? SWP_NOMOVE : 0U));
     return;
   }
   RECT frame{0, 0, content.cx, content.cy};

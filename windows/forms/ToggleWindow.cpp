@@ -42,11 +42,15 @@ class ToggleWindow final : public ControlWindow {
 
   /// Visual styles write in a colour of their own. Where that cannot be read the control is drawn without them.
   void chooseTheme() {
-    SetWindowTheme(window(), nullptr, nullptr);
-    const Theme theme(OpenThemeData(window(), L"BUTTON"));
+    const Theme theme(OpenThemeData(nullptr, L"BUTTON"));
     COLORREF text = 0;
-    if (!theme || FAILED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text))) return;
-    if (!readable(text, rgb(background()))) SetWindowTheme(window(), L"", L"");
+    const bool coloured =
+        theme && SUCCEEDED(GetThemeColor(theme.get(), part, CBS_UNCHECKEDNORMAL, TMT_TEXTCOLOR, &text));
+    const bool themed = theme && (!coloured || readable(text, rgb(background())));
+    if (themed == themed_) return;
+    themed_ = themed;
+    const wchar_t* const classes = themed ? nullptr : L"";
+    SetWindowTheme(window(), classes, classes);
   }
 
   LRESULT handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override {
@@ -97,6 +101,7 @@ class ToggleWindow final : public ControlWindow {
   void showMark() const { SendMessageW(window(), BM_SETCHECK, marked() ? BST_CHECKED : BST_UNCHECKED, 0); }
 
   Toggle& toggle_;
+  bool themed_ = true;  // the system draws it by the visual style
   bool gettingFocus_ = false;
 };
 
