@@ -87,8 +87,7 @@ TEST_F(FocusTest, NoControlHasTheFocusWhenNoneCanHaveIt) {
   User user = shown();
   for (forms::Control* control : form->controls()) control->setEnabled(false);
   EXPECT_EQ(user.focus(), L"");
-  for (forms::Control* end : {static_cast<forms::Control*>(&form->first), static_cast<forms::Control*>(&form->leave)})
-    end->setEnabled(true);
+  form->first.setEnabled(true), form->leave.setEnabled(true);
   form->keyPressedDown(form->combo, {forms::keys::tab, forms::shiftKey});
   EXPECT_EQ(user.focus(), L"leave");
   form->leave.setEnabled(false);

@@ -3,11 +3,8 @@
 #include <array>
 #include <map>
 
-#include "component/core/Component.h"
 #include "dialogs/support/modFormController.h"
-#include "forms/Label.h"
-#include "tests/support/FakeInstallation.h"
-#include "tests/support/FakeServices.h"
+#include "tests/support/ComponentTest.h"
 #include "tests/support/FormTest.h"
 #include "tests/windows/Server.h"
 #include "windows/forms/Graphics.h"
@@ -17,22 +14,15 @@ namespace nv::windows::test {
 
 namespace {
 
-/// A component without an installation, that has all fonts.
-struct Styled {
-  Styled() {
-    files.makeFolder(L"C:\\WINDOWS\\fonts");
-    files.put(L"C:\\WINDOWS\\fonts\\segoeui.ttf", L"font");
-    files.put(L"C:\\WINDOWS\\fonts\\MS Sans Serif.ttf", L"font");
-    component.store.windowsDirectory = L"C:\\WINDOWS\\";
+/// A component with real windows, that has all fonts.
+struct Styles : nv::test::ComponentTest {
+  Styles() {
+    for (const wchar_t* font : {L"segoeui.ttf", L"MS Sans Serif.ttf"})
+      files.put(std::wstring(L"C:\\WINDOWS\\fonts\\") + font, L"font");
+    styled.store.windowsDirectory = L"C:\\WINDOWS\\";
   }
-  nv::test::FakeMessageBoxes messages;
-  nv::test::FakeFiles files;
-  nv::test::FakeMachine machine;
-  nv::test::FakeShell shell;
-  nv::test::FakeInstallation installation;
-  platform::Services services{messages, files, machine, shell, installation};
-  WindowsWidgetset widgetset;
-  Component component{services, widgetset};
+  WindowsWidgetset windows;
+  Component styled{services, windows};
 };
 
 /// A scheme of system colours for the length of a scope: light on dark.
@@ -70,14 +60,13 @@ double legibility(HWND window) {
   return greatest;
 }
 
-TEST(Styles, WhatIsWrittenCanBeReadInAnyTheme) {
+TEST_F(Styles, WhatIsWrittenCanBeReadInAnyTheme) {
   for (const bool contrastTheme : {false, true}) {
     std::optional<ContrastScheme> scheme;
     if (contrastTheme) scheme.emplace();
     for (std::int16_t style = 0; style <= 4; ++style) {
-      Styled styled;
-      styled.component.store.FormStyle = style;
-      const auto form = std::make_shared<nv::test::SampleForm>(styled.widgetset, styled.component.forms, L"sample");
+      styled.store.FormStyle = style;
+      const auto form = std::make_shared<nv::test::SampleForm>(windows, styled.forms, L"sample");
       form->setSize(4000, 6000);
       form->box.setPlace({0, 760, 3600, 1900});  // behind two others, around four
       form->box.setCaption(L"What is written, and can be read");
@@ -92,7 +81,7 @@ TEST(Styles, WhatIsWrittenCanBeReadInAnyTheme) {
       form->lblTick.setTag(modFormController::noStyleTag);
       form->second.setColours(forms::colours::buttonFace);
       form->show();
-      modFormController::reStyleForm(styled.component, *form);
+      modFormController::reStyleForm(styled, *form);
       const HWND window = reinterpret_cast<HWND>(form->handle());
       for (const bool alive : {true, false}) {
         for (forms::Control* control : form->controls()) control->setEnabled(alive);
