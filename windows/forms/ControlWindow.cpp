@@ -18,13 +18,18 @@ int shiftState() {
 namespace {
 
 /// A key is used up, and with it what it types: TranslateMessage has posted that before the key came here, with the
-/// same lParam. What comes without a key, from input methods and tools, is left alone.
+/// same lParam. What comes without a key, from input methods and tools, is left alone. Some tools give all messages one
+/// lParam, without a scan code; of theirs, Tab, Enter and Escape take no letters with them.
 void discardCharacters(HWND window, UINT keyMessage, WPARAM key, LPARAM lparam) {
-  if (MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR) == 0) return;
+  const UINT unshifted = MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR);
+  if (unshifted == 0) return;
+  const bool scanned = LOBYTE(HIWORD(lparam)) != 0;
+  const bool letters = scanned || unshifted >= L' ';
   const UINT typed = keyMessage == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
   constexpr UINT posted = PM_QS_POSTMESSAGE;  // and nothing else gets its turn meanwhile
   MSG next;
-  while (PeekMessageW(&next, window, typed, typed, PM_NOREMOVE | posted) && next.lParam == lparam)
+  while (PeekMessageW(&next, window, typed, typed, PM_NOREMOVE | posted) && next.lParam == lparam &&
+         (letters || next.wParam < L' '))
     PeekMessageW(&next, window, typed, typed, PM_REMOVE | posted);
 }
 
