@@ -36,8 +36,11 @@ void DropDownListWindow::apply(Attribute attribute) {
       break;
     default:
       if (!text_.apply(attribute)) ControlWindow::apply(attribute);
-      if (attribute == Attribute::appearance)
+      if (attribute == Attribute::appearance) {
+        drop(false);
+        popup_.destroy();  // a list that is given more room would keep the scroll bars of that which it had
         ControlWindow::apply(Attribute::place);  // the font decides about the height
+      }
       if (attribute == Attribute::place || attribute == Attribute::appearance) moveWindow(text_.window(), parts().text);
   }
 }

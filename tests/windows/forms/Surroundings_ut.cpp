@@ -33,8 +33,8 @@ class Surroundings : public testing::Test {
   std::shared_ptr<SampleForm> make(forms::Border border) {
     auto made = std::make_shared<SampleForm>(widgetset, forms, L"sample", border);
     made->setSize(6000, 3000);
-    made->list.setPlace({150, 150, 3000, 330});
-    made->list.addItem(L"Canada;CA");
+    made->list.setPlace({150, 150, 600, 330});
+    for (const wchar_t* row : {L"Canada;CA", L"United States;US"}) made->list.addItem(row);
     return made;
   }
   HWND window() const { return reinterpret_cast<HWND>(form->handle()); }
@@ -198,6 +198,7 @@ class TwoScreens : public Surroundings {
 TEST_F(TwoScreens, ADialogStaysWhereItIsDraggedTo) {
   form->show();
   expectWidth(96);
+  SendMessageW(list(), CB_SHOWDROPDOWN, TRUE, 0);
   RECT proposed{660, 40, 1270, 400};
   SendMessageW(window(), 0x02E0 /* WM_DPICHANGED */, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&proposed));
   RECT place;
@@ -205,6 +206,8 @@ TEST_F(TwoScreens, ADialogStaysWhereItIsDraggedTo) {
   EXPECT_EQ(place.left, proposed.left);
   EXPECT_EQ(place.top, proposed.top);
   expectWidth(144);
+  SendMessageW(list(), CB_SHOWDROPDOWN, TRUE, 0);
+  EXPECT_EQ(GetWindowLongW(GetWindow(openList(), GW_CHILD), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0);
   form->unload();
 }
 
