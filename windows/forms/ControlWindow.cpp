@@ -17,19 +17,19 @@ int shiftState() {
 
 namespace {
 
-/// A key is used up, and with it what it types: TranslateMessage has posted that before the key came here, with the
-/// same lParam. What comes without a key, from input methods and tools, is left alone. Some tools give all messages one
-/// lParam, without a scan code; of theirs, Tab, Enter and Escape take no letters with them.
+/// Takes what a used-up key types out of the queue: TranslateMessage has posted it before the key came here, with the
+/// key's lParam. The lParam of a tool's message may have no scan code and be that of every other: then a key that types
+/// no letter, such as Tab, takes no letters. What comes without a key, from input methods, has a lParam of its own.
 void discardCharacters(HWND window, UINT keyMessage, WPARAM key, LPARAM lparam) {
   const UINT unshifted = MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR);
   if (unshifted == 0) return;
-  const bool scanned = LOBYTE(HIWORD(lparam)) != 0;
-  const bool letters = scanned || unshifted >= L' ';
+  const bool hasScanCode = LOBYTE(HIWORD(lparam)) != 0;
+  const bool lettersToo = hasScanCode || unshifted >= L' ';
   const UINT typed = keyMessage == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
   constexpr UINT posted = PM_QS_POSTMESSAGE;  // and nothing else gets its turn meanwhile
   MSG next;
   while (PeekMessageW(&next, window, typed, typed, PM_NOREMOVE | posted) && next.lParam == lparam &&
-         (letters || next.wParam < L' '))
+         (lettersToo || next.wParam < L' '))
     PeekMessageW(&next, window, typed, typed, PM_REMOVE | posted);
 }
 
