@@ -5,17 +5,13 @@
 //                     goal, 2 when one fails or takes more than two minutes
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <condition_variable>
 #include <cstdio>
 #include <cstring>
-#include <mutex>
 #include <stdexcept>
-#include <stop_token>
 #include <string>
-#include <thread>
 
 #include "bench/Rows.h"
+#include "host/base/Deadline.h"
 #include "host/base/Text.h"
 #include "tests/windows/Server.h"
 
@@ -79,24 +75,16 @@ std::string quantity(const Quartiles& of) {
   return text;
 }
 
-/// Ends nvbench unless the row is done in time.
-void endIfItHangs(const Row& row, const std::stop_token& done) {
-  std::mutex mutex;
-  std::unique_lock lock(mutex);
-  std::condition_variable_any never;
-  never.wait_for(lock, done, std::chrono::minutes(2), [] { return false; });
-  if (done.stop_requested()) return;
-  std::fprintf(stderr, "nvbench: \"%s\" hangs\n", row.name);
-  TerminateProcess(GetCurrentProcess(), 2);
-}
-
 int run(const char* word) {
   int missed = 0;
   std::printf("| %-29s | %-32s | goal | %2d bit | bare | ratio |\n|---|---|--:|--:|--:|--:|\n", "", "beside",
               static_cast<int>(8 * sizeof(void*)));
   for (const Row& row : rows) {
     if (std::strstr(row.name, word) == nullptr) continue;
-    const std::jthread watch([&row](const std::stop_token& done) { endIfItHangs(row, done); });
+    const host::Deadline deadline(std::chrono::minutes(2), [&row] {
+      std::fprintf(stderr, "nvbench: \"%s\" hangs\n", row.name);
+      TerminateProcess(GetCurrentProcess(), 2);
+    });
     const Comparison took = row.measure();
     const double ratio = took.ours.median / took.bare.median;
     char goal[16] = "";

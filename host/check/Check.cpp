@@ -158,7 +158,11 @@ void Check::ended(const std::wstring& part, std::size_t before, DWORD exit) {
   const bool told = exit == 0 ? begin != results_.end() : std::any_of(begin, results_.end(), [](const Result& result) {
     return result.outcome == Outcome::failed;
   });
-  if (!told) add(part, L"its end", Outcome::failed, L"its process ended with exit code " + std::to_wstring(exit));
+  if (exit == ERROR_TIMEOUT) {
+    add(part, L"its end", Outcome::failed, L"it hung, and was ended");
+  } else if (!told) {
+    add(part, L"its end", Outcome::failed, L"its process ended with exit code " + std::to_wstring(exit));
+  }
 }
 
 void Check::scenarios(const std::wstring& architecture) {

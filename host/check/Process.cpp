@@ -1,5 +1,6 @@
 #include "host/check/Process.h"
 
+#include "host/base/Deadline.h"
 #include "host/base/Text.h"
 
 namespace nv::host {
@@ -42,6 +43,7 @@ DWORD Job::run(const std::filesystem::path& program, const std::wstring& argumen
   if (stopped_) stop();
   ResumeThread(thread.get());
   childs.reset();  // the last one to write closes the pipe
+  const Deadline deadline(longestRun, [this] { TerminateJobObject(job_.get(), ERROR_TIMEOUT); });
 
   std::string text;
   char bytes[4096];

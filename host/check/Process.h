@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -10,14 +11,17 @@
 
 namespace nv::host {
 
+/// A program that takes longer is ended, with all that it has started.
+inline constexpr std::chrono::minutes longestRun(30);
+
 /// Programs that end when it ends, whatever becomes of this process.
 class Job {
  public:
   /// Fails with Failure.
   Job();
 
-  /// Runs a program without a window of its own and returns its exit code. Fails with Failure when it cannot be
-  /// started.
+  /// Runs a program without a window of its own and returns its exit code; ERROR_TIMEOUT when it has hung. Fails with
+  /// Failure when it cannot be started.
   /// @param program its file; @param arguments a command line without it.
   /// @param said is handed each line that it writes, as it comes.
   DWORD run(const std::filesystem::path& program, const std::wstring& arguments,
