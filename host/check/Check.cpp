@@ -44,8 +44,6 @@ std::wstring objection(const fs::path& kit, const fs::path& work) {
   constexpr int least = 700;            // pixels at 96 dpi: the highest dialog, a title and the taskbar
   const std::wstring path = kit.wstring();
   std::error_code none;
-  if (!fs::exists(kit / L"host", none) || !fs::exists(kit / L"x64", none))
-    return L"Files are missing: unpack the whole archive.";
   std::wstring disk(path.size() + 1, L'\0');
   DWORD abilities = 0;
   GetVolumePathNameW(path.c_str(), disk.data(), static_cast<DWORD>(disk.size()));
@@ -135,6 +133,10 @@ class Check {
 };
 
 Check::Check(fs::path kit) : kit_(std::move(kit)) {
+  // Before anything is removed: this may be no folder of the kit's.
+  std::error_code none;
+  if (!fs::exists(kit_ / L"host", none) || !fs::exists(kit_ / L"x64", none))
+    throw Failure(L"Files are missing: unpack the whole archive.");
   removeFolder(work_);  // of a run that was ended by force
   const std::wstring why = objection(kit_, work_);
   if (!why.empty()) {
